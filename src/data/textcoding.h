@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// The storage form of text: UTF-8, but with unpaired surrogates written as three bytes each, so that every QString
+/// comes back as it went in. Two texts are equal exactly when their bytes are.
+namespace TextCoding {
+
+/// Text of `size` stored bytes.
+QString decode(const char *bytes, int size);
+/// Appends the stored form of `text` to `out`.
+void appendEncoded(QByteArray &out, const QChar *text, int size);
+/// Most bytes that `size` UTF-16 units can take.
+constexpr int maxEncodedSize(int size) { return size * 3; }
+/// Writes the stored form to `out`, which has room for maxEncodedSize(size); returns the bytes written.
+int encode(char *out, const QChar *text, int size);
+/// True when no byte is above 127.
+bool isAscii(const char *bytes, int size);
+/// True when the bytes are UTF-8 as the standard has it: no overlong forms, no surrogates, nothing above U+10FFFF.
+bool isValidUtf8(const char *bytes, int size);
+/// Number of UTF-16 units of the text.
+int unitCount(const char *bytes, int size);
+
+}

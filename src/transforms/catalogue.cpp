@@ -1,0 +1,118 @@
+#include "transforms/catalogue.h"
+
+#include "transforms/transform.h"
+
+#include <QHash>
+
+// Each class's source defines its own maker (TRANSFORM_FACTORY).
+Transform *makeTransformCase();
+Transform *makeTransformChop();
+Transform *makeTransformExtract();
+Transform *makeTransformInsert();
+Transform *makeTransformPad();
+Transform *makeTransformWhitespace();
+
+namespace Catalogue {
+
+const std::vector<CatalogueRow> &rows()
+{
+    constexpr int unlimited = Transform::unlimitedInputs;
+    // id, stored name, button, category, inputs at least and at most, advanced, can compare, drill-down, maker
+    static const std::vector<CatalogueRow> table{
+        {0, "Bin", "Bin", Transform::Analysis, 1, 1, true, false, true, nullptr},
+        {1, "Calculate", "Calculate", Transform::Column, 1, 1, false, false, false, nullptr},
+        {2, "Case", "Case", Transform::Format, 1, 1, false, true, false, makeTransformCase},
+        {3, "Chop", "Chop", Transform::Format, 1, 1, false, true, false, makeTransformChop},
+        {4, "Clone", "Clone", Transform::Other, 1, 1, true, false, false, nullptr},
+        {5, "Cluster", "Cluster", Transform::Analysis, 1, 1, true, false, false, nullptr},
+        {6, "Compare_Cols", "Compare Cols", Transform::Column, 1, 1, true, false, false, nullptr},
+        {7, "Concat", "Concat Cols", Transform::Column, 1, 1, false, false, false, nullptr},
+        {8, "Concat_Rows", "Concat Rows", Transform::Row, 1, 1, true, false, false, nullptr},
+        {9, "Copy", "Copy Cols", Transform::Column, 1, 1, false, false, false, nullptr},
+        {10, "Correlate", "Correlate", Transform::Analysis, 1, 1, true, false, false, nullptr},
+        {11, "Count", "Count", Transform::Analysis, 1, 1, false, false, true, nullptr},
+        {12, "Cross", "Cross", Transform::Merge, 2, unlimited, true, false, false, nullptr},
+        {13, "Date_Format", "DateTime Format", Transform::Format, 1, 1, false, true, false, nullptr},
+        {14, "Decode", "Decode", Transform::Format, 1, 1, true, true, false, nullptr},
+        {15, "Dedupe", "Dedupe", Transform::Row, 1, 1, false, false, true, nullptr},
+        {16, "Difference", "Difference", Transform::Analysis, 2, 2, true, false, false, nullptr},
+        {17, "Extract", "Extract", Transform::Format, 1, 1, false, true, false, makeTransformExtract},
+        {18, "Fill", "Fill", Transform::Format, 1, 1, false, true, false, nullptr},
+        {19, "Filter", "Filter", Transform::Row, 1, 1, false, false, false, nullptr},
+        {20, "Gather", "Gather", Transform::Column, 1, 1, true, false, false, nullptr},
+        {21, "Hash", "Hash", Transform::Other, 1, 1, true, true, false, nullptr},
+        {22, "Header", "Header", Transform::Row, 1, 1, true, false, false, nullptr},
+        {23, "If", "If", Transform::Column, 1, 1, true, false, false, nullptr},
+        {24, "Impute", "Impute", Transform::Other, 1, 1, true, true, false, nullptr},
+        {25, "Insert", "Insert", Transform::Format, 1, 1, false, true, false, makeTransformInsert},
+        {26, "Intersect", "Intersect", Transform::Merge, 2, 2, true, false, false, nullptr},
+        {27, "Interpolate", "Interpolate", Transform::Merge, 2, 2, true, false, false, nullptr},
+        {28, "Javascript", "Javascript", Transform::Other, 1, 1, true, false, false, nullptr},
+        {29, "Join", "Join", Transform::Merge, 2, 2, false, false, false, nullptr},
+        {30, "List", "List", Transform::Format, 1, 1, false, false, false, nullptr},
+        {31, "Lookup", "Lookup", Transform::Merge, 2, 2, false, false, false, nullptr},
+        {32, "Moving", "Moving", Transform::Column, 1, 1, true, false, false, nullptr},
+        {33, "New_Col", "New Col", Transform::Column, 1, 1, false, false, false, nullptr},
+        {34, "New_Rows", "New Rows", Transform::Row, 1, 1, true, false, false, nullptr},
+        {35, "Ngram", "Ngram", Transform::Analysis, 1, 1, true, false, true, nullptr},
+        {36, "Num_Base", "Num Base", Transform::Format, 1, 1, true, true, false, nullptr},
+        {37, "Num_Format", "Num Format", Transform::Format, 1, 1, false, true, false, nullptr},
+        {38, "Offset", "Offset", Transform::Column, 1, 1, true, true, false, nullptr},
+        {39, "Outliers", "Outliers", Transform::Other, 1, 1, true, true, false, nullptr},
+        {40, "Pad", "Pad", Transform::Format, 1, 1, false, true, false, makeTransformPad},
+        {41, "Pivot", "Pivot", Transform::Analysis, 1, 1, true, false, true, nullptr},
+        {42, "Pseudonym", "Pseudonym", Transform::Column, 1, 1, true, false, false, nullptr},
+        {43, "Random", "Random", Transform::Other, 1, 1, true, false, false, nullptr},
+        {44, "Remove", "Remove Cols", Transform::Column, 1, 1, false, false, false, nullptr},
+        {46, "Rename_Cols", "Rename Cols", Transform::Column, 1, 1, false, false, false, nullptr},
+        {47, "Reorder", "Reorder Cols", Transform::Column, 1, 1, false, false, false, nullptr},
+        {49, "Replace_Multi", "Replace", Transform::Format, 1, 1, false, true, false, nullptr},
+        {50, "Reshape", "Reshape", Transform::Column, 1, 1, true, false, false, nullptr},
+        {51, "Row_Num", "Row Num", Transform::Row, 1, 1, false, false, false, nullptr},
+        {52, "Sample", "Sample", Transform::Row, 1, 1, false, false, false, nullptr},
+        {53, "Scale", "Scale", Transform::Format, 1, 1, true, true, false, nullptr},
+        {54, "Sequence", "Sequence", Transform::Row, 1, 1, true, false, false, nullptr},
+        {55, "Slice", "Slice", Transform::Row, 1, 1, true, false, false, nullptr},
+        {56, "Slide", "Slide", Transform::Format, 1, 1, true, true, false, nullptr},
+        {57, "Sort", "Sort", Transform::Row, 1, 1, false, false, false, nullptr},
+        {58, "Split", "Split Col", Transform::Column, 1, 1, false, false, false, nullptr},
+        {59, "Split_Name", "Split Name", Transform::Column, 1, 1, true, false, false, nullptr},
+        {60, "Split_Rows", "Split Rows", Transform::Row, 1, 1, true, false, false, nullptr},
+        {61, "Spread", "Spread", Transform::Column, 1, 1, true, false, false, nullptr},
+        {62, "Stack", "Stack", Transform::Merge, 1, unlimited, false, false, false, nullptr},
+        {63, "Stamp", "Stamp", Transform::Other, 1, 1, true, false, false, nullptr},
+        {64, "Stats", "Stats", Transform::Analysis, 1, 1, true, false, false, nullptr},
+        {65, "Substitute", "Substitute", Transform::Other, 1, 1, true, false, false, nullptr},
+        {66, "Subtract", "Subtract", Transform::Merge, 2, 2, true, false, false, nullptr},
+        {67, "Summary", "Summary", Transform::Analysis, 1, 1, false, false, false, nullptr},
+        {68, "Total", "Total", Transform::Analysis, 1, 1, true, false, false, nullptr},
+        {69, "Transpose", "Transpose", Transform::Other, 1, 1, false, false, false, nullptr},
+        {71, "Unfill", "Unfill", Transform::Format, 1, 1, true, true, false, nullptr},
+        {72, "Unique", "Unique", Transform::Row, 1, 1, true, false, true, nullptr},
+        {73, "Units", "Units", Transform::Other, 1, 1, true, true, false, nullptr},
+        {74, "UUID", "UUID", Transform::Other, 1, 1, true, false, false, nullptr},
+        {75, "Verify", "Verify", Transform::Other, 1, 1, true, false, false, nullptr},
+        {76, "Whitespace", "Whitespace", Transform::Format, 1, 1, false, true, false, makeTransformWhitespace},
+    };
+    return table;
+}
+
+const CatalogueRow *find(const QString &typeName)
+{
+    static const QHash<QString, const CatalogueRow *> byName = [] {
+        QHash<QString, const CatalogueRow *> map;
+        for (const CatalogueRow &row : rows()) {
+            map.insert(QString::fromLatin1(row.typeName), &row);
+        }
+        return map;
+    }();
+    return byName.value(typeName);
+}
+
+Transform *create(const QString &typeName)
+{
+    const CatalogueRow *row = find(typeName);
+    return row && row->create ? row->create() : nullptr;
+}
+
+}

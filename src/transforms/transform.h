@@ -1,0 +1,112 @@
+#pragma once
+
+#include "data/dataset.h"
+
+#include <QObject>
+#include <QPair>
+#include <QSet>
+#include <QStringList>
+
+class DataSource;
+class Parameter;
+struct CatalogueRow;
+
+/// One operation on tables: it owns its options, reads the tables of its inputs and returns a new one. It knows
+/// nothing of the canvas.
+class Transform : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum Category { All = 0, Merge = 1, Column = 2, Row = 3, Format = 4, Analysis = 5, Other = 6 };
+    static constexpr int unlimitedInputs = 0x7fffffff;
+
+    ~Transform() override;
+    Q_DISABLE_COPY(Transform)
+
+    // Identity: what the catalogue says of this kind
+    int typeId() const;
+    QString typeName() const;
+    QString displayName() const;
+    int category() const;
+    bool isAdvanced() const;
+    bool canCompareChanges() const;
+    bool hasDrilldown() const;
+    bool isVerify() const;
+    int minInputs() const;
+    int maxInputs() const;
+    static QString categoryName(int category, bool withMnemonic);
+
+    virtual QString description() const = 0;
+    /// Lower-case search words: those of the name, of the category and the class's own.
+    QSet<QString> keywords() const;
+    virtual QString imageName() const { return QString(); }
+    QString imageHtml() const;
+    QString inputsHelpText() const;
+    virtual bool hasKeyColumns() const { return false; }
+    virtual bool hasDuplicateColumns() const { return false; }
+    virtual QString firstKeyParameterName() const { return QString(); }
+    virtual QString secondKeyParameterName() const { return QString(); }
+    virtual QString caseSensitiveParameterName() const { return QString(); }
+
+    // Options
+    /// Builds the options anew for these inputs.
+    virtual void createParameters(const QList<DataSource *> &inputs);
+    const QList<Parameter *> &parameters() const { return m_parameters; }
+    Parameter *parameter(const QString &name) const;
+    Parameter *parameterForNode(const DataSource *node) const;
+    QList<Parameter *> parametersForNode(const DataSource *node) const;
+    /// Takes ownership; the old options go.
+    void setParameters(const QList<Parameter *> &parameters);
+    /// Binds column options to their inputs; an empty list unbinds them.
+    void setInputs(const QList<DataSource *> &nodes);
+    virtual bool hasConditionalParameters() const { return false; }
+    /// Which options apply at present, for those that don't always.
+    virtual QList<QPair<QString, bool>> parameterStates() const { return {}; }
+    /// Warns of options that apply and are unset.
+    void checkOptions();
+    void saveUserDefault(const Parameter &parameter) const;
+    /// A new object of the same class with copies of all options.
+    Transform *clone() const;
+
+    // The operation
+    /// Returns the new table; sets `*hasIssues` when verification failed. Emits processed() every 1000 rows.
+    virtual Dataset run(const QList<DataSource *> &inputs, bool *hasIssues) = 0;
+    /// Rebinds "top" and "bottom" by the inputs' positions; true when that changed anything.
+    virtual bool updateInputOrder(const QList<DataSource *> &inputs);
+
+    void clearMessages();
+    const QStringList &warnings() const { return m_warnings; }
+    const QStringList &infos() const { return m_infos; }
+    const QString &resultText() const { return m_resultText; }
+
+signals:
+    /// Fraction done, 0 to 1.
+    void processed(qreal fraction);
+
+protected:
+    /// `typeName` is the stored name of a catalogue row.
+    explicit Transform(const char *typeName);
+
+    virtual QStringList ownKeywords() const = 0;
+    void addParameter(Parameter *parameter);
+    void applyUserDefault(bool useDefaults, Parameter *parameter) const;
+    void addWarning(const QString &text) { m_warnings.append(text); }
+    void addInfo(const QString &text) { m_infos.append(text); }
+    void setResultText(const QString &text) { m_resultText = text; }
+    QStringList &warningList() { return m_warnings; }
+    /// Reports progress at every 1000th row.
+    void reportRow(int row, int rowCount)
+    {
+        if (row % 1000 == 0) {
+            emit processed(static_cast<qreal>(row) / rowCount);
+        }
+    }
+
+private:
+    const CatalogueRow &m_row;
+    QList<Parameter *> m_parameters;
+    QStringList m_warnings;
+    QStringList m_infos;
+    QString m_resultText;
+};
