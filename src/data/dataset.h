@@ -69,9 +69,9 @@ public:
     void appendRow(const QStringList &values, bool adjust = true);
     /// As appendRow, but without `adjust` a row of another width is always dropped.
     void prependRow(const QStringList &values, bool adjust = true);
-    /// Appends a row of stored texts, padded with empty cells; wider rows widen the table first. `Text` has bytes()
+    /// Appends a row of stored texts, padded with empty cells; wider rows widen the table first. `Stored` has bytes()
     /// and size() of the UTF-8 storage form.
-    template <class Text> void appendTexts(const Text *texts, int count);
+    template <class Stored> void appendTexts(const Stored *texts, int count);
     void removeRow(RowIndex row);
     /// Returns the number removed.
     int removeEmptyRows();
@@ -215,7 +215,7 @@ private:
     static bool s_maximumSpeed;
 };
 
-template <class Text> void Dataset::appendTexts(const Text *texts, int count)
+template <class Stored> void Dataset::appendTexts(const Stored *texts, int count)
 {
     if (count > columnCount()) {
         setColumnCount(count);

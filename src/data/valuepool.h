@@ -18,9 +18,9 @@ public:
             return Cell();
         }
         if (!m_cells) {
-            m_cells = std::make_unique<Cell[]>(slots);
+            m_cells = std::make_unique<Cell[]>(slotCount);
         }
-        m_slot = &m_cells[hash(bytes, size) & (slots - 1)];
+        m_slot = &m_cells[hash(bytes, size) & (slotCount - 1)];
         if (++m_lookups == trialLookups) {
             m_givenUp = m_hits < trialLookups / 4;
             m_lookups = 0;
@@ -42,7 +42,7 @@ public:
     }
 
 private:
-    static constexpr uint slots = 2048;
+    static constexpr uint slotCount = 2048;
     static constexpr int trialLookups = 4096;
     static constexpr int largestSize = 200;
 
