@@ -1,0 +1,152 @@
+#pragma once
+
+#include "graph/graphenums.h"
+
+#include <QGraphicsScene>
+#include <QHash>
+#include <QStringList>
+
+class Colors;
+class Connection;
+class ConnectionGuide;
+class NoteNode;
+class IONode;
+class Node;
+class Transform;
+class TransformNode;
+
+/// The graph: nodes, the connections between them, and the runs over them. Adding, connecting and deleting are each
+/// one step of undo unless said.
+class GraphScene : public QGraphicsScene
+{
+    Q_OBJECT
+
+public:
+    explicit GraphScene(QObject *parent = nullptr);
+    ~GraphScene() override;
+
+    // What there is
+    QList<Node *> nodes(bool selectedOnly = false) const;
+    QList<IONode *> inputNodes(bool selectedOnly = false) const;
+    QList<TransformNode *> transformNodes(bool selectedOnly = false) const;
+    QList<IONode *> outputNodes(bool selectedOnly = false) const;
+    QList<Node *> chartNodes(bool selectedOnly = false) const;
+    QList<NoteNode *> noteNodes(bool selectedOnly = false) const;
+    QList<Connection *> connections(bool selectedOnly = false) const;
+    QList<Node *> nodesInState(NodeState state, bool selectedOnly = false) const;
+    /// Nodes with no upstream node.
+    QList<Node *> rootNodes() const;
+    Node *nodeById(int id) const;
+    Node *outputNodeById(int id) const;
+    /// Nodes that collide with an item.
+    QList<Node *> nodeAtPositionOf(const QGraphicsItem *item) const;
+    /// `path`'s name, shortened and numbered until no node has it.
+    QString uniqueAlias(const QString &path) const;
+
+    // Adding; each gives null or an empty list when nothing was added
+    bool canAddTransform(const Transform *transform, int inputs, int transforms, int outputs, int charts, int notes,
+        int connections) const;
+    TransformNode *addTransform(const Transform *prototype);
+    /// A null `scenePos` chooses a free place.
+    IONode *addInputFromPath(const QString &path, const QPointF &scenePos = QPointF());
+    QList<IONode *> addInputsFromPaths(const QStringList &paths, const QPointF &scenePos = QPointF());
+    IONode *addInputFromClipboard(const QString &text, const QPointF &scenePos = QPointF());
+    IONode *addOutput(const QString &path, int fileType);
+    Node *addChart();
+    /// `arrowType` is a NoteNode::Arrow.
+    NoteNode *addNote(const QPointF &pos, int arrowType);
+    /// Adds a node that a document brings, at its place; no step of undo, no signal but nodesAdded later.
+    void insertNode(Node *node, const QPointF &pos);
+    /// Joins two nodes without any check or step of undo, for documents and copies.
+    Connection *insertConnection(Node *from, Node *to);
+
+    // Connecting
+    QList<Node *> connectableTargets(const Node *from) const;
+    void startConnection(Node *node);
+    /// From the node of startConnection() to `to`.
+    void connectNodes(Node *to);
+    void endConnection();
+    void disconnectSelected(Direction direction);
+    /// How many column options a disconnection of the selected nodes would reset.
+    int columnDependentOptionsDownstream(Direction direction) const;
+
+    // Removing; the caller makes the step of undo
+    void deleteSelected();
+    void clearAll();
+
+    // Runs
+    void runTransforms(RunMode mode, bool quiet);
+    bool isProcessing() const { return m_processing; }
+    void runChangesIfAuto();
+    bool isAutoRunOn() const { return m_autoRunOn; }
+    void setAutoRunOn(bool on) { m_autoRunOn = on; }
+
+    // Places
+    bool snapToGrid() const { return m_snapToGrid; }
+    /// Turning it on snaps all nodes.
+    void setSnapToGrid(bool on);
+    void snapNodes(const QList<Node *> &nodes);
+    /// Centre of the next new node.
+    QPointF newNodePosition() const;
+    void placeAvoidingOverlap(Node *node, const QPointF &centre, bool horizontal);
+    bool overlapsAny(const Node *node) const;
+    void layOutConnections();
+    void layOutConnections(const QList<Node *> &nodes);
+    void updateSceneRect();
+
+    const QString &documentPath() const { return m_documentPath; }
+    void setDocumentPath(const QString &path) { m_documentPath = path; }
+    /// The colours in use: an override of the preview in the preferences, else those of the program.
+    const Colors &colors() const;
+    void setColorsOverride(const Colors *colors) { m_colorsOverride = colors; }
+
+public slots:
+    void onHighlightTransformNodes(bool on, int transformType);
+    void onPosChanged(QList<Node *> nodes);
+    void onSourceChanged(Node *node);
+    void onProcessingStart(Node *node);
+    void onProcessed(Node *node, qreal fractionProcessed);
+    void onProcessingEnd(Node *node);
+    void onConnectFromSelected();
+    void onAddedTransformFromRightClick();
+
+signals:
+    void nodesAdded();
+    void nodesDeleted();
+    void nodesPosChanged();
+    void nodeDataChanged(Node *node);
+    void nodeParametersChanged(TransformNode *node);
+    void completedTransforms();
+    void fileOpen(const QString &path);
+    void showStatusBarMessage(const QString &text);
+    void showWarningMessage(const QString &text);
+    void showCriticalMessage(const QString &text);
+    void showTempMessage(const QString &text);
+    void showLogMessage(const QString &text);
+    void nodeProcessed(Node *node);
+    void showProgress(int percent);
+    void showProgressBusyStart();
+    void showProgressBusyEnd();
+    void allowUserInteraction(bool allow);
+    void doubleClickNode();
+    void transformNodeAddedByUser(const QString &typeName);
+
+protected:
+    void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
+    void drawBackground(QPainter *painter, const QRectF &rect) override;
+
+private:
+    bool m_processing = false;
+    ConnectionGuide *m_connectionGuide = nullptr;
+    Node *m_connectFromNode = nullptr;
+    int m_itemsToProcess = 0;
+    int m_itemsProcessed = 0;
+    bool m_snapToGrid = true;
+    bool m_autoRunOn = true;
+    QString m_documentPath;
+    const Colors *m_colorsOverride = nullptr;
+    bool m_doubleClicked = false;
+};
