@@ -1,0 +1,25 @@
+#pragma once
+
+#include "data/numericpattern.h"
+#include "data/textbuffer.h"
+
+#include <QDate>
+#include <QLocale>
+
+/// Writes many dates in one format, exactly as QLocale::toString does.
+class DateWriter
+{
+public:
+    explicit DateWriter(const QString &format, const QLocale &locale = QLocale());
+
+    QString text(const QDate &date) const;
+    /// Replaces what `out` holds by the text in storage form.
+    void write(const QDate &date, TextBuffer &out) const;
+
+private:
+    bool writePlainly(const QDate &date, TextBuffer &out) const;
+
+    QString m_format;
+    QLocale m_locale;
+    NumericPattern m_pattern;
+};

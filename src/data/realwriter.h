@@ -1,0 +1,27 @@
+#pragma once
+
+#include "data/textbuffer.h"
+
+#include <QLocale>
+
+/// Writes many numbers as text, exactly as formatReal does for the default locale at the time of construction.
+class RealWriter
+{
+public:
+    explicit RealWriter(bool withGrouping = false, int decimals = -1, bool trimZeros = true);
+
+    QString text(double value) const;
+    /// Replaces what `out` holds by the text in storage form.
+    void write(double value, TextBuffer &out) const;
+
+private:
+    bool writePlainly(double value, char *out, int *size) const;
+    QString textByLocale(double value) const;
+
+    QLocale m_locale;
+    int m_decimals;
+    bool m_withGrouping;
+    bool m_trimZeros;
+    bool m_plainDigits;
+    char m_decimalPoint = 0;
+};
