@@ -2,6 +2,7 @@
 
 #include "data/indexes.h"
 #include "transforms/records.h"
+#include "transforms/verifyrules.h"
 
 #include <QDate>
 #include <QHash>
@@ -19,9 +20,30 @@ class Parameter
 {
 public:
     enum Kind {
-        SingleColumn, MultipleColumns, SortColumns, FilterColumns, ReorderColumns, Bool, Selection, Text, Int, Char, If,
-        RemoveColumns, Script, RenameColumns, SplitRows, UniqueColumns, ReplaceTerms, Real, LongText, VerifyRules, Label,
-        Date, PivotColumns, Locale
+        SingleColumn,
+        MultipleColumns,
+        SortColumns,
+        FilterColumns,
+        ReorderColumns,
+        Bool,
+        Selection,
+        Text,
+        Int,
+        Char,
+        If,
+        RemoveColumns,
+        Script,
+        RenameColumns,
+        SplitRows,
+        UniqueColumns,
+        ReplaceTerms,
+        Real,
+        LongText,
+        VerifyRules,
+        Label,
+        Date,
+        PivotColumns,
+        Locale
     };
 
     Parameter(Kind kind, const QString &name, const QString &label, const QVariant &value = QVariant(),
@@ -63,6 +85,8 @@ public:
     QHash<ColumnId, QString> toRenames() const;
     QList<ReplaceTerm> toReplaceTerms() const;
     QHash<ColumnId, int> toUniqueColumns() const;
+    SplitRowsRecord toSplitRows() const;
+    VerifyRuleSet toVerifyRules() const;
 
     // Setters
     void setValue(const QVariant &value) { m_value = value; }

@@ -75,7 +75,31 @@ struct ReplaceTerm
     }
 };
 
+/// Value of a SplitRows option: where a row is cut.
+struct SplitRowsRecord
+{
+    enum Mode { ByMatchingNames = 0, Automatic = 1, EveryColumns = 2 };
+
+    int mode = ByMatchingNames;
+    int times = 1;
+    int every = 1;
+    ColumnId startColumn;
+    int op = 0;   ///< a MatchOperator, for ByMatchingNames
+    QString text; ///< what `op` compares names with
+    friend bool operator==(const SplitRowsRecord &a, const SplitRowsRecord &b)
+    {
+        return a.mode == b.mode && a.times == b.times && a.every == b.every && a.startColumn == b.startColumn
+               && a.op == b.op && a.text == b.text;
+    }
+};
+
+/// What becomes of a column when rows are grouped; the values of a UniqueColumns option.
+namespace UniqueCode {
+enum { KeepUnique = 0, KeepFirst = 1, SetEmpty = 16 };
+}
+
 Q_DECLARE_METATYPE(SortColumn)
 Q_DECLARE_METATYPE(FilterRecord)
 Q_DECLARE_METATYPE(IfRecord)
 Q_DECLARE_METATYPE(ReplaceTerm)
+Q_DECLARE_METATYPE(SplitRowsRecord)

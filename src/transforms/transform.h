@@ -6,13 +6,24 @@
 #include <QPair>
 #include <QSet>
 #include <QStringList>
+#include <QVector>
+#include <memory>
 
 class DataSource;
+class OptionTable;
+class OptionValues;
 class Parameter;
 struct CatalogueRow;
 
+/// Defines the maker that the catalogue names for a class.
+#define TRANSFORM_FACTORY(Class)                                                                                       \
+    Transform *make##Class()                                                                                           \
+    {                                                                                                                  \
+        return new Class;                                                                                              \
+    }
+
 /// One operation on tables: it owns its options, reads the tables of its inputs and returns a new one. It knows
-/// nothing of the canvas.
+/// nothing of the canvas. A class declares its options and computes; the rest is here. See docs/transforms.md.
 class Transform : public QObject
 {
     Q_OBJECT
@@ -37,7 +48,7 @@ public:
     int maxInputs() const;
     static QString categoryName(int category, bool withMnemonic);
 
-    virtual QString description() const = 0;
+    virtual QString description() const { return m_description; }
     /// Lower-case search words: those of the name, of the category and the class's own.
     QSet<QString> keywords() const;
     virtual QString imageName() const { return QString(); }
@@ -50,8 +61,9 @@ public:
     virtual QString caseSensitiveParameterName() const { return QString(); }
 
     // Options
-    /// Builds the options anew for these inputs.
-    virtual void createParameters(const QList<DataSource *> &inputs);
+    /// Builds the options anew for these inputs; `useDefaults` is true for a new item, which takes the user's defaults
+    /// and suggestions, and false for one read from a document.
+    virtual void createParameters(const QList<DataSource *> &inputs, bool useDefaults);
     const QList<Parameter *> &parameters() const { return m_parameters; }
     Parameter *parameter(const QString &name) const;
     Parameter *parameterForNode(const DataSource *node) const;
@@ -60,18 +72,19 @@ public:
     void setParameters(const QList<Parameter *> &parameters);
     /// Binds column options to their inputs; an empty list unbinds them.
     void setInputs(const QList<DataSource *> &nodes);
-    virtual bool hasConditionalParameters() const { return false; }
+    virtual bool hasConditionalParameters() const;
     /// Which options apply at present, for those that don't always.
-    virtual QList<QPair<QString, bool>> parameterStates() const { return {}; }
+    virtual QList<QPair<QString, bool>> parameterStates() const;
     /// Warns of options that apply and are unset.
     void checkOptions();
     void saveUserDefault(const Parameter &parameter) const;
-    /// A new object of the same class with copies of all options.
+    /// A new object of the same class with copies of all options; the caller owns it.
     Transform *clone() const;
 
     // The operation
-    /// Returns the new table; sets `*hasIssues` when verification failed. Emits processed() every 1000 rows.
-    virtual Dataset run(const QList<DataSource *> &inputs, bool *hasIssues) = 0;
+    /// Returns the new table, empty for a wrong number of inputs; sets `*hasIssues` when verification failed. Emits
+    /// processed() every 1000 rows.
+    virtual Dataset run(const QList<DataSource *> &inputs, bool *hasIssues);
     /// Rebinds "top" and "bottom" by the inputs' positions; true when that changed anything.
     virtual bool updateInputOrder(const QList<DataSource *> &inputs);
 
@@ -85,28 +98,50 @@ signals:
     void processed(qreal fraction);
 
 protected:
-    /// `typeName` is the stored name of a catalogue row.
-    explicit Transform(const char *typeName);
+    /// The tables to work on, from top to bottom.
+    using Inputs = QVector<const Dataset *>;
 
-    virtual QStringList ownKeywords() const = 0;
+    /// `typeName` is the stored name of a catalogue row, `keywords` the class's own search words, parted by blanks.
+    explicit Transform(const char *typeName, const char *description = "", const char *keywords = "");
+
+    /// The options, in their order.
+    virtual OptionTable options() const;
+    /// Sets defaults that depend on the inputs, before the user's defaults are applied.
+    virtual void adjustNewParameters(const QList<DataSource *> &inputs, bool useDefaults);
+    /// The operation: the number of inputs fits and every option is there.
+    virtual Dataset compute(const OptionValues &values, const Inputs &inputs);
+    /// The table for a wrong number of inputs.
+    virtual Dataset computeIncomplete(const Inputs &inputs);
+
     void addParameter(Parameter *parameter);
     void applyUserDefault(bool useDefaults, Parameter *parameter) const;
     void addWarning(const QString &text) { m_warnings.append(text); }
     void addInfo(const QString &text) { m_infos.append(text); }
     void setResultText(const QString &text) { m_resultText = text; }
     QStringList &warningList() { return m_warnings; }
+    QStringList &infoList() { return m_infos; }
+    /// Verification found errors.
+    void setHasIssues() { m_hasIssues = true; }
     /// Reports progress at every 1000th row.
     void reportRow(int row, int rowCount)
     {
-        if (row % 1000 == 0) {
+        if (row % progressStep == 0) {
             emit processed(static_cast<qreal>(row) / rowCount);
         }
     }
+    static constexpr int progressStep = 1000;
 
 private:
+    const OptionTable &table() const;
+    bool hasAllOptions() const;
+
     const CatalogueRow &m_row;
+    QString m_description;
+    QStringList m_ownKeywords;
+    mutable std::unique_ptr<OptionTable> m_table;
     QList<Parameter *> m_parameters;
     QStringList m_warnings;
     QStringList m_infos;
     QString m_resultText;
+    bool m_hasIssues = false;
 };

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// Texts that many transforms say: each stands here once. Counts are grouped as the locale has it.
+namespace Messages {
+
+/// A count for a person to read.
+QString count(qint64 number);
+/// `one` for exactly 1, otherwise `many`.
+inline QString word(qint64 number, const char *one, const char *many)
+{
+    return QString::fromLatin1(number == 1 ? one : many);
+}
+inline QString rows(qint64 number)
+{
+    return word(number, "row", "rows");
+}
+inline QString cols(qint64 number)
+{
+    return word(number, "col", "cols");
+}
+
+/// "No changes"
+QString noChanges();
+/// "3 changed, 9 unchanged", or "No changes" when nothing changed.
+QString changed(qint64 changed, qint64 unchanged);
+/// "3 changed", or "No changes".
+QString changed(qint64 changed);
+/// "1 row removed", or "No changes" for none.
+QString rowsRemoved(qint64 number);
+/// "2 cols added", or "No changes" for none.
+QString colsAdded(qint64 number);
+
+/// Gathers the first five of many examples, for a list that ends with "+ 7 others".
+class Examples
+{
+public:
+    static constexpr int shown = 5;
+
+    /// True while a further example would be shown, so that its text needn't be made otherwise.
+    bool wantsText() const { return m_texts.size() < shown; }
+    void add(const QString &text)
+    {
+        ++m_count;
+        if (wantsText()) {
+            m_texts.append(text);
+        }
+    }
+    /// Counts one that isn't shown.
+    void addHidden() { ++m_count; }
+    qint64 count() const { return m_count; }
+    const QStringList &texts() const { return m_texts; }
+    /// How many aren't shown.
+    qint64 others() const { return m_count - m_texts.size(); }
+    /// The shown ones and, behind them, "+ %1 %2" with the plain number of the others and `one` or `many`.
+    QStringList lines(const char *one, const char *many) const;
+
+private:
+    qint64 m_count = 0;
+    QStringList m_texts;
+};
+
+} // namespace Messages
