@@ -8,4 +8,4 @@ constexpr const char *documentSuffix = "transform";
 constexpr const char *iniFileName = "quillmere.ini";
 constexpr const char *recoveryFileName = "QuillmereAutoRecovery.transform";
 constexpr const char *supportAddress = "support@quillmere.example";
-}
+} // namespace Product

@@ -1,0 +1,87 @@
+#include "settings/settingsdefaults.h"
+
+#include "settings/filetypes.h"
+
+#include <QStandardPaths>
+
+namespace {
+
+QStringList blockedList()
+{
+    return QStringLiteral("exe,bat,bsh,csh,zsh,cmd,py,js,com,doc,docx,scr,arx,bpl,vcl,mui,ocx,sys,drv,zip,arj,7z,png,"
+                          "jpeg,jpg,chm,hlp")
+        .split(QLatin1Char(','));
+}
+
+// The repeated entry is harmless: the second try finds nothing that the first didn't.
+const char *const americanFormats = "M/d/yyyy\nd/M/yyyy\nyyyy/M/d\nM/d/yy\nd/M/yy\nyy/M/d\n"
+                                    "M-d-yyyy\nd-M-yyyy\nyyyy-M-d\nM-d-yy\nd-M-yy\nyy-M-d";
+const char *const otherFormats = "d/M/yyyy\nM/d/yyyy\nyyyy/M/d\nd/M/yyyy\nM/d/yy\nyy/M/d\n"
+                                 "d-M-yyyy\nM-d-yyyy\nyyyy-M-d\nd-M-yy\nM-d-yy\nyy-M-d";
+
+SettingsExtensions builtInInputs()
+{
+    SettingsExtensions types;
+    for (const int type : FileType::inputTypes()) {
+        types.insert(FileType::defaultExtension(type), type);
+    }
+    // A .txt is far more often delimited than of fixed width.
+    types.insert(QStringLiteral("txt"), FileType::Delimited);
+    types.insert(QStringLiteral("tsv"), FileType::Delimited);
+    return types;
+}
+
+SettingsExtensions builtInOutputs()
+{
+    SettingsExtensions types;
+    for (const int type : FileType::outputTypes()) {
+        types.insert(FileType::defaultExtension(type), type);
+    }
+    types.insert(QStringLiteral("tsv"), FileType::Delimited);
+    types.insert(QStringLiteral("txt"), FileType::PlainText);
+    return types;
+}
+
+} // namespace
+
+QString SettingsDefaults::blockedExtensions()
+{
+    return blockedList().join(QLatin1Char(','));
+}
+
+QString SettingsDefaults::sortedBlockedExtensions()
+{
+    QStringList list = blockedList();
+    list.sort();
+    return list.join(QLatin1Char(','));
+}
+
+QString SettingsDefaults::dateFormats(const QLocale &locale)
+{
+    const bool american = locale.country() == QLocale::UnitedStates;
+    const QString formats = QString::fromLatin1(american ? americanFormats : otherFormats);
+    const QString own = locale.dateFormat(QLocale::ShortFormat);
+    return formats.split(QLatin1Char('\n')).contains(own) ? formats : own + QLatin1Char('\n') + formats;
+}
+
+QLocale SettingsDefaults::systemLocale()
+{
+    return QLocale(QLocale::system().name());
+}
+
+QString SettingsDefaults::documentsFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
+const SettingsExtensions &SettingsDefaults::inputExtensions()
+{
+    static const SettingsExtensions types = builtInInputs();
+    return types;
+}
+
+const SettingsExtensions &SettingsDefaults::outputExtensions()
+{
+    static const SettingsExtensions types = builtInOutputs();
+    return types;
+}
