@@ -1,39 +1,22 @@
 #pragma once
 
-#include <QList>
-#include <QString>
+#include "settings/filetypes.h"
 
-/// The file types of inputs and outputs. The numbers stand in documents and settings.
 namespace FileType {
-enum {
-    DelimitedText = 0,
-    ExcelXlsx = 1,
-    ExcelXls = 2,
-    FixedWidth = 3,
-    Json = 4,
-    Xml = 5,
-    VCard = 6,
-    Yaml = 7,
-    Html = 8,
-    Markdown = 9,
-    PlainText = 10,
-    None = 11
-};
 
-/// "Delimited text" and so on; empty for None and numbers outside the table.
-QString label(int type);
-QString defaultExtension(int type);
-QString description(int type);
-bool isExcel(int type);
-/// The types that can be written, in the order that lists show.
-const QList<int> &outputTypes();
-/// The types that can be read, in the order of their numbers.
-const QList<int> &inputTypes();
+inline bool isExcel(int type)
+{
+    return type == ExcelXlsx || type == ExcelXls;
+}
 
 } // namespace FileType
 
-/// Where a table comes from or goes to.
+/// Where a table comes from or goes to. The numbers stand in documents.
 namespace Medium {
+
 enum { File = 0, Clipboard = 1, Folder = 2 };
+
+/// "File", "Clipboard" or "Folder"; empty for another number.
 QString label(int medium);
+
 } // namespace Medium

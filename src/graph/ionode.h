@@ -44,7 +44,7 @@ protected:
     void warnOfDuplicateHeaderNames();
 
     int m_medium = Medium::File;
-    int m_fileType = FileType::DelimitedText;
+    int m_fileType = FileType::Delimited;
     QString m_path;
     QString m_sheetName;
     int m_delimiterKind = 0;
