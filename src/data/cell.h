@@ -31,6 +31,14 @@ public:
         return cell;
     }
 
+    /// `bits` as a cell of at most inlineCapacity bytes has them.
+    static Cell fromInlineBits(quint64 bits)
+    {
+        Cell cell;
+        cell.m_bits = bits;
+        return cell;
+    }
+
     /// `bytes` must outlive the cell; for a size of longSize or more the size stands in the eight bytes before.
     static Cell pointing(const char *bytes, int size)
     {

@@ -5,7 +5,10 @@
 #include <cstdlib>
 #include <new>
 
-CellVector::Buffer::Buffer(const Buffer &other) : QSharedData(other), size(other.size), capacity(other.size)
+CellVector::Buffer::Buffer(const Buffer &other)
+    : QSharedData(other)
+    , size(other.size)
+    , capacity(other.size)
 {
     if (size == 0) {
         return;
@@ -64,6 +67,17 @@ void CellVector::reserve(int capacity)
     }
 }
 
+Cell *CellVector::extend(int count)
+{
+    const int before = size();
+    if (!d || before + count > d->capacity) {
+        reserve(static_cast<int>(qMax<qint64>(before + count, qMin<qint64>(before * 2LL, INT_MAX - 8))));
+    }
+    d.detach();
+    d->size = before + count;
+    return d->cells + before;
+}
+
 void CellVector::resize(int size)
 {
     if (size == this->size()) {
@@ -79,13 +93,15 @@ void CellVector::resize(int size)
 void CellVector::insert(int at, Cell cell)
 {
     append(Cell());
-    std::memmove(static_cast<void *>(d->cells + at + 1), d->cells + at, static_cast<size_t>(d->size - 1 - at) * sizeof(Cell));
+    std::memmove(
+        static_cast<void *>(d->cells + at + 1), d->cells + at, static_cast<size_t>(d->size - 1 - at) * sizeof(Cell));
     d->cells[at] = cell;
 }
 
 void CellVector::remove(int at)
 {
     d.detach();
-    std::memmove(static_cast<void *>(d->cells + at), d->cells + at + 1, static_cast<size_t>(d->size - 1 - at) * sizeof(Cell));
+    std::memmove(
+        static_cast<void *>(d->cells + at), d->cells + at + 1, static_cast<size_t>(d->size - 1 - at) * sizeof(Cell));
     --d->size;
 }

@@ -25,6 +25,8 @@ public:
         }
         d->cells[d->size++] = cell;
     }
+    /// Room for `count` more cells at the end, which the caller fills; the pointer holds until the next change of size.
+    Cell *extend(int count);
     /// New cells are empty.
     void resize(int size);
     void reserve(int capacity);

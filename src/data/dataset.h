@@ -35,8 +35,8 @@ public:
     void clearDrilldown() { m_drilldown.clear(); }
     void clearIssues() { m_issues = DatasetIssues(); }
     /// Reads delimited text pasted by a person: quotes as in CSV, rows before `skipRows` dropped.
-    static Dataset fromDelimitedText(QTextStream &stream, QChar delimiter, int skipRows, bool trim, bool simplify,
-        bool skipEmptyRows);
+    static Dataset fromDelimitedText(
+        QTextStream &stream, QChar delimiter, int skipRows, bool trim, bool simplify, bool skipEmptyRows);
 
     // Size
     int rowCount() const { return m_rowCount; }
@@ -59,7 +59,10 @@ public:
     const Cell &cell(RowIndex row, ColumnIndex column) const { return m_columns.at(column.toInt()).at(row.toInt()); }
     void setValue(RowIndex row, ColumnIndex column, const QString &text);
     /// Stores a cell whose text lies in the cell or in an arena that this column keeps already.
-    void setCell(RowIndex row, ColumnIndex column, Cell cell) { m_columns[column.toInt()].cells.data()[row.toInt()] = cell; }
+    void setCell(RowIndex row, ColumnIndex column, Cell cell)
+    {
+        m_columns[column.toInt()].cells.data()[row.toInt()] = cell;
+    }
     /// `values` has an entry for each row.
     void setColumnValues(ColumnIndex column, const QStringList &values);
     QStringList row(RowIndex row) const;
@@ -71,7 +74,8 @@ public:
     void prependRow(const QStringList &values, bool adjust = true);
     /// Appends a row of stored texts, padded with empty cells; wider rows widen the table first. `Stored` has bytes()
     /// and size() of the UTF-8 storage form.
-    template <class Stored> void appendTexts(const Stored *texts, int count);
+    template<class Stored>
+    void appendTexts(const Stored *texts, int count);
     void removeRow(RowIndex row);
     /// Returns the number removed.
     int removeEmptyRows();
@@ -185,7 +189,8 @@ public:
     /// first format that fits most of them.
     bool isColumnDate(ColumnIndex column, const QStringList &formats, QString *matchedFormat, int sampleSize) const;
     enum ColumnType { Text = 0, Numeric = 1, Boolean = 2, Date = 3, Time = 4 };
-    ColumnType columnType(ColumnIndex column, const QStringList &formats, QString *matchedFormat, bool ignoreCurrency) const;
+    ColumnType columnType(
+        ColumnIndex column, const QStringList &formats, QString *matchedFormat, bool ignoreCurrency) const;
 
     /// Drops what only serves while the table is being built.
     void releaseValuePools() { m_valuePools.clear(); }
@@ -194,6 +199,7 @@ public:
     static bool maximumSpeed() { return s_maximumSpeed; }
 
 private:
+    friend class DatasetAppender;
     const TextArenaPointer &arenaFor(CellColumn &column);
     Cell poolValue(int column, const char *bytes, int size);
     Cell poolValue(int column, const QString &text);
@@ -210,12 +216,14 @@ private:
     std::vector<ValuePool> m_valuePools;
     QMultiHash<CellKey, RowIndex> m_drilldown;
     DatasetIssues m_issues;
-    TextArenaPointer m_arena; // texts written through this object; never shared with a copy, which would keep them alive
+    TextArenaPointer
+        m_arena; // texts written through this object; never shared with a copy, which would keep them alive
 
     static bool s_maximumSpeed;
 };
 
-template <class Stored> void Dataset::appendTexts(const Stored *texts, int count)
+template<class Stored>
+void Dataset::appendTexts(const Stored *texts, int count)
 {
     if (count > columnCount()) {
         setColumnCount(count);

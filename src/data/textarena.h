@@ -27,7 +27,7 @@ public:
     TextArena(const TextArena &) = delete;
     TextArena &operator=(const TextArena &) = delete;
 
-private:
+    /// As store, for a size above Cell::inlineCapacity.
     Cell storeLong(const char *bytes, int size)
     {
         if (Q_LIKELY(size <= m_end - m_next && static_cast<quint64>(size) < Cell::longSize)) {
@@ -38,6 +38,8 @@ private:
         }
         return storeInNewBlock(bytes, size);
     }
+
+private:
     Cell storeInNewBlock(const char *bytes, int size);
 
     std::vector<std::unique_ptr<char[]>> m_blocks;

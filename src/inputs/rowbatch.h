@@ -1,0 +1,77 @@
+#pragma once
+
+#include "data/datasetappender.h"
+#include "inputs/rowwidths.h"
+#include "inputs/textcleanup.h"
+
+#include <vector>
+
+/// What happens to the rows of delimited text once they are parsed.
+struct RowRules
+{
+    bool trim = true;
+    bool simplify = true;
+    bool ignoreEmptyRows = true;
+    int ignoredRows = 0;
+};
+
+/// Gathers the rows that lie in a buffer, cleans their texts there and hands them to the table, many rows at a time.
+class RowBatch
+{
+public:
+    RowBatch(const RowRules &rules, Dataset *dataset);
+
+    /// The buffer in which texts lie from now on. The batch must be empty.
+    void setBuffer(char *bytes) { m_bytes = bytes; }
+    /// Adds a text to the row being gathered.
+    void addText(const char *begin, const char *end)
+    {
+        if (m_count == m_texts.size()) {
+            m_texts.resize(m_count * 2);
+        }
+        if (m_rules.trim && begin < end) {
+            // Other whitespace makes the row unusual, which finishRow() looks after.
+            while (begin < end && *begin == ' ') {
+                ++begin;
+            }
+            while (begin < end && end[-1] == ' ') {
+                --end;
+            }
+        }
+        m_texts[m_count++] = {static_cast<quint32>(begin - m_bytes), static_cast<quint32>(end - begin)};
+        m_rowSize += static_cast<size_t>(end - begin);
+    }
+    /// As addText, for what was inside quotes and holds quotes itself.
+    void addQuotedText(const char *begin, const char *end);
+    bool isRowEmpty() const { return m_count == m_rowBegin; }
+    /// Ends the row; `unusual` when it may hold whitespace other than blanks.
+    void finishRow(bool unusual);
+    /// Forgets the texts added since the last row ended.
+    void dropUnfinishedRow();
+    /// Hands all finished rows to the table; nothing unfinished may be there.
+    void flush();
+
+    qint64 emptyRowsDropped() const { return m_emptyRowsDropped; }
+    const RowWidths &widths() const { return m_widths; }
+
+private:
+    void cleanQuotedTexts();
+    void cleanRow();
+    void cleanText(DatasetAppender::Text &text) const;
+
+    // Enough rows to make work by columns pay, few enough for their texts to stay in the cache.
+    static constexpr size_t textsAtOnce = 16384;
+
+    const RowRules m_rules;
+    DatasetAppender m_appender;
+    RowWidths m_widths;
+    char *m_bytes = nullptr;
+    std::vector<DatasetAppender::Text> m_texts;
+    std::vector<int> m_rowEnds;
+    std::vector<size_t> m_quotedTexts; // those of the row being gathered
+    size_t m_count = 0;
+    size_t m_rowBegin = 0;
+    size_t m_rowSize = 0; // bytes in the row's texts
+    int m_rowsSeen = 0;
+    qint64 m_emptyRowsDropped = 0;
+};

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QTextCodec>
+
+class QIODevice;
+
+/// Turns the bytes of a device into text in storage form (see TextCoding), with the meaning that a QTextStream with
+/// the same codec gives. UTF-8, the usual case, passes through without being decoded as long as it is valid.
+class TextSource
+{
+public:
+    /// Room that read() must be given at least.
+    static constexpr int leastRoom = 16;
+
+    /// Reads `device`, which is open, from where it stands. The encoding is "Automatic", UTF-8 unless a byte order
+    /// mark says otherwise, or the name of a codec; an unknown name stands for the codec of the locale.
+    TextSource(QIODevice *device, const QString &encoding);
+    /// A text that is in memory already.
+    explicit TextSource(const QString &text);
+    Q_DISABLE_COPY(TextSource)
+
+    /// Writes at most `room` bytes of text to `out` and returns their number; 0 at the end. A character may lie
+    /// across two reads.
+    int read(char *out, int room);
+    /// True when the device failed before its end; the text ends there.
+    bool failed() const { return m_failed; }
+    /// Bytes taken so far and in all, for progress; the total is 0 when the device can't tell.
+    qint64 position() const { return m_position; }
+    qint64 total() const { return m_total; }
+
+    static QString automatic() { return QStringLiteral("Automatic"); }
+
+private:
+    int fill(char *out, int room);
+    void detectEncoding();
+    int readUtf8(char *out, int room);
+    int readDecoded(char *out, int room);
+    int takePending(char *out, int room);
+    void decodeBrokenUtf8(const char *bytes, int size);
+    void appendDecoded(const QString &text);
+
+    QIODevice *m_device = nullptr;
+    QTextCodec *m_codec = nullptr;
+    bool m_detect = false;
+    bool m_started = false;
+    bool m_failed = false;
+    qint64 m_position = 0;
+    qint64 m_total = 0;
+    QByteArray m_carried; // bytes read that wait for the rest of their character
+    QByteArray m_pending; // text decoded that didn't fit
+    int m_pendingTaken = 0;
+    QChar m_highSurrogate; // the first half of a character whose second half comes with the next piece
+    QTextCodec::ConverterState m_state;
+};
