@@ -14,8 +14,6 @@ public:
     bool foundIn(const Cell &cell) const;
 
 private:
-    bool foundIgnoringCase(const char *bytes, int size) const;
-
     QString m_text;
     QByteArray m_bytes; ///< stored form, in lower case when that counts
     Qt::CaseSensitivity m_cs;

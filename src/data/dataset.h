@@ -24,9 +24,10 @@ class Dataset
 public:
     Dataset() = default;
     Dataset(const Dataset &other);
-    Dataset(Dataset &&other) noexcept = default;
+    /// The moved-from table is empty.
+    Dataset(Dataset &&other) noexcept;
     Dataset &operator=(const Dataset &other);
-    Dataset &operator=(Dataset &&other) noexcept = default;
+    Dataset &operator=(Dataset &&other) noexcept;
     ~Dataset() = default;
 
     // The whole table

@@ -7,9 +7,9 @@
 #include <QHash>
 #include <QLocale>
 
-/// Reads many texts as dates of one format; gives what QDate::fromString gives for the trimmed text under the default
-/// locale at the time of construction. Formats of day, month and year in digits are read without it; what others give
-/// is remembered.
+/// Reads many texts as dates of one format; gives what QDate::fromString gives for the trimmed text. Formats of day,
+/// month and year in digits are read without it; what it gives for others is remembered, so the default locale, whose
+/// digits it reads too, must stay while the parser is in use.
 class DateParser
 {
 public:

@@ -17,7 +17,7 @@ public:
     void write(const QDate &date, TextBuffer &out) const;
 
 private:
-    bool writePlainly(const QDate &date, TextBuffer &out) const;
+    int writePlainly(const QDate &date, char *out) const;
 
     QString m_format;
     QLocale m_locale;

@@ -9,7 +9,10 @@ class RowIndex
 {
 public:
     constexpr RowIndex() = default;
-    constexpr explicit RowIndex(int row) : m_row(row) {}
+    constexpr explicit RowIndex(int row)
+        : m_row(row)
+    {
+    }
     constexpr int toInt() const { return m_row; }
     constexpr bool isValid() const { return m_row >= 0; }
     friend constexpr bool operator==(RowIndex a, RowIndex b) { return a.m_row == b.m_row; }
@@ -25,7 +28,10 @@ class ColumnIndex
 {
 public:
     constexpr ColumnIndex() = default;
-    constexpr explicit ColumnIndex(int column) : m_column(column) {}
+    constexpr explicit ColumnIndex(int column)
+        : m_column(column)
+    {
+    }
     constexpr int toInt() const { return m_column; }
     constexpr bool isValid() const { return m_column >= 0; }
     friend constexpr bool operator==(ColumnIndex a, ColumnIndex b) { return a.m_column == b.m_column; }
@@ -41,7 +47,10 @@ class ColumnNumber
 {
 public:
     constexpr ColumnNumber() = default;
-    constexpr explicit ColumnNumber(int number) : m_number(number) {}
+    constexpr explicit ColumnNumber(int number)
+        : m_number(number)
+    {
+    }
     constexpr int toInt() const { return m_number; }
     constexpr bool isValid() const { return m_number > 0; }
     friend constexpr bool operator==(ColumnNumber a, ColumnNumber b) { return a.m_number == b.m_number; }
@@ -52,15 +61,25 @@ private:
     int m_number = 0;
 };
 
-constexpr ColumnNumber toNumber(ColumnIndex column) { return ColumnNumber(column.toInt() + 1); }
-constexpr ColumnIndex toIndex(ColumnNumber number) { return ColumnIndex(number.toInt() - 1); }
+constexpr ColumnNumber toNumber(ColumnIndex column)
+{
+    return ColumnNumber(column.toInt() + 1);
+}
+constexpr ColumnIndex toIndex(ColumnNumber number)
+{
+    return ColumnIndex(number.toInt() - 1);
+}
 
 /// Identity of a column that survives runs, moves and renames: the node that made it and that node's serial.
 class ColumnId
 {
 public:
     constexpr ColumnId() = default;
-    constexpr ColumnId(int node, int number) : m_nodeId(node), m_serial(number) {}
+    constexpr ColumnId(int node, int number)
+        : m_nodeId(node)
+        , m_serial(number)
+    {
+    }
     constexpr int nodeId() const { return m_nodeId; }
     constexpr int serial() const { return m_serial; }
     /// True only for (-1, 0), the id of no column.
@@ -80,9 +99,18 @@ private:
     int m_serial = 0;
 };
 
-inline uint qHash(RowIndex row, uint seed = 0) { return ::qHash(row.toInt(), seed); }
-inline uint qHash(ColumnIndex column, uint seed = 0) { return ::qHash(column.toInt(), seed); }
-inline uint qHash(ColumnId id, uint seed = 0) { return ::qHash(id.nodeId(), seed) * 31u + ::qHash(id.serial(), seed); }
+inline uint qHash(RowIndex row, uint seed = 0)
+{
+    return ::qHash(row.toInt(), seed);
+}
+inline uint qHash(ColumnIndex column, uint seed = 0)
+{
+    return ::qHash(column.toInt(), seed);
+}
+inline uint qHash(ColumnId id, uint seed = 0)
+{
+    return ::qHash(id.nodeId(), seed) * 31u + ::qHash(id.serial(), seed);
+}
 
 /// Position of one cell; an invalid part stands for a whole row or a whole column.
 struct CellKey
@@ -91,7 +119,10 @@ struct CellKey
     ColumnIndex column;
     friend bool operator==(const CellKey &a, const CellKey &b) { return a.row == b.row && a.column == b.column; }
 };
-inline uint qHash(const CellKey &key, uint seed = 0) { return qHash(key.row, seed) * 1000003u + qHash(key.column, seed); }
+inline uint qHash(const CellKey &key, uint seed = 0)
+{
+    return qHash(key.row, seed) * 1000003u + qHash(key.column, seed);
+}
 
 Q_DECLARE_TYPEINFO(RowIndex, Q_PRIMITIVE_TYPE);
 Q_DECLARE_TYPEINFO(ColumnIndex, Q_PRIMITIVE_TYPE);

@@ -4,7 +4,7 @@
 
 #include <QLocale>
 
-/// Writes many numbers as text, exactly as formatReal does for the default locale at the time of construction.
+/// Writes many numbers as text, exactly as formatReal does under the default locale at the time of construction.
 class RealWriter
 {
 public:
@@ -15,13 +15,13 @@ public:
     void write(double value, TextBuffer &out) const;
 
 private:
-    bool writePlainly(double value, char *out, int *size) const;
+    int writePlainly(double value, char *out) const;
+    int decimalsFor(double value) const;
     QString textByLocale(double value) const;
 
     QLocale m_locale;
     int m_decimals;
     bool m_withGrouping;
     bool m_trimZeros;
-    bool m_plainDigits;
-    char m_decimalPoint = 0;
+    char m_plainDecimalPoint; ///< 0 when the locale writes other digits or signs than ASCII's
 };

@@ -15,7 +15,8 @@ Cell TextArena::store(const QString &text)
 Cell TextArena::storeInNewBlock(const char *bytes, int size)
 {
     // A text that would waste much of a block gets one of its own, and the block in use stays in use.
-    if (size > m_blockSize / 4) {
+    if (size > m_blockSize / 4 || static_cast<quint64>(size) >= Cell::longSize) {
+        m_blockSize = qMin(m_blockSize * 2, largestBlock); // so that a column of such texts doesn't ask for each
         constexpr int prefix = sizeof(quint64);
         m_blocks.emplace_back(new char[static_cast<size_t>(size) + prefix]);
         char *block = m_blocks.back().get();

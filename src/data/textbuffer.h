@@ -1,6 +1,15 @@
 #pragma once
 
+#include "data/textcoding.h"
+
 #include <QVarLengthArray>
 
 /// Room for one text in its storage form; texts of usual length take no memory of their own.
 using TextBuffer = QVarLengthArray<char, 256>;
+
+/// Replaces what `buffer` holds by the stored form of `text`.
+inline void setText(TextBuffer &buffer, const QString &text)
+{
+    buffer.resize(TextCoding::maxEncodedSize(text.size()));
+    buffer.resize(TextCoding::encode(buffer.data(), text.constData(), text.size()));
+}

@@ -24,7 +24,7 @@ int asciiPrefix(const char *bytes, int size)
     return i;
 }
 
-}
+} // namespace
 
 bool isAscii(const char *bytes, int size)
 {
@@ -46,7 +46,8 @@ bool isValidUtf8(const char *bytes, int size)
             }
             i += 2;
         } else if (c >= 0xE0 && c <= 0xEF) {
-            if (!follows(i + 1) || !follows(i + 2) || (c == 0xE0 && p[i + 1] < 0xA0) || (c == 0xED && p[i + 1] > 0x9F)) {
+            if (!follows(i + 1) || !follows(i + 2) || (c == 0xE0 && p[i + 1] < 0xA0)
+                || (c == 0xED && p[i + 1] > 0x9F)) {
                 return false;
             }
             i += 3;
@@ -138,4 +139,4 @@ void appendEncoded(QByteArray &out, const QChar *text, int size)
     out.resize(before + encode(out.data() + before, text, size));
 }
 
-}
+} // namespace TextCoding

@@ -12,7 +12,10 @@ QString decode(const char *bytes, int size);
 /// Appends the stored form of `text` to `out`.
 void appendEncoded(QByteArray &out, const QChar *text, int size);
 /// Most bytes that `size` UTF-16 units can take.
-constexpr int maxEncodedSize(int size) { return size * 3; }
+constexpr int maxEncodedSize(int size)
+{
+    return size * 3;
+}
 /// Writes the stored form to `out`, which has room for maxEncodedSize(size); returns the bytes written.
 int encode(char *out, const QChar *text, int size);
 /// True when no byte is above 127.
@@ -22,4 +25,4 @@ bool isValidUtf8(const char *bytes, int size);
 /// Number of UTF-16 units of the text.
 int unitCount(const char *bytes, int size);
 
-}
+} // namespace TextCoding

@@ -53,7 +53,8 @@ private:
         quint64 last;
         std::memcpy(&first, bytes, 8);
         std::memcpy(&last, bytes + size - 8, 8);
-        const quint64 mixed = (first ^ (last * 0x9E3779B97F4A7C15ULL) ^ static_cast<quint64>(size)) * 0xD6E8FEB86659FD93ULL;
+        const quint64 mixed = (first ^ (last * 0x9E3779B97F4A7C15ULL) ^ static_cast<quint64>(size))
+                              * 0xD6E8FEB86659FD93ULL;
         return static_cast<uint>(mixed >> 40);
     }
 

@@ -19,7 +19,7 @@ public:
     VariableTemplate(const QHash<QString, ColumnIndex> &variables, int columnCount, const QString &text);
 
     /// True when every row gives the same text.
-    bool isConstant() const { return m_pieces.isEmpty() && !m_sequential; }
+    bool isConstant() const { return m_pieces.isEmpty(); }
     QString text(const Dataset &dataset, RowIndex row) const;
     /// Replaces what `out` holds by the text in storage form.
     void write(const Dataset &dataset, RowIndex row, TextBuffer &out) const;
@@ -28,6 +28,13 @@ private:
     struct Variable
     {
         QString token;
+        ColumnIndex column;
+        int nameSize;
+    };
+    /// A text that stands as it is, or the value of a column.
+    struct Part
+    {
+        QString text;
         ColumnIndex column;
     };
     struct Piece

@@ -1,0 +1,33 @@
+#include "data/numberlocale.h"
+
+namespace {
+
+bool isPlain(const QLocale &locale)
+{
+    const QLocale::NumberOptions strict = QLocale::RejectLeadingZeroInExponent | QLocale::RejectTrailingZeroesAfterDot;
+    return !(locale.numberOptions() & strict) && locale.exponential().toLower() == QLatin1Char('e');
+}
+
+char asAscii(QChar c)
+{
+    return c.unicode() < 0x80 ? c.toLatin1() : '\0';
+}
+
+} // namespace
+
+NumberLocale::NumberLocale(const QLocale &numberLocale)
+    : locale(numberLocale)
+    , decimalPoint(numberLocale.decimalPoint())
+    , readsPlainly(isPlain(numberLocale))
+    , asciiDecimalPoint(asAscii(decimalPoint))
+{
+}
+
+std::shared_ptr<const NumberLocale> NumberLocale::of(const QLocale &locale)
+{
+    static std::shared_ptr<const NumberLocale> last;
+    if (!last || last->locale != locale) {
+        last = std::make_shared<const NumberLocale>(locale);
+    }
+    return last;
+}

@@ -1,0 +1,161 @@
+#include "data/dateparser.h"
+#include "data/numberreader.h"
+#include "data/values.h"
+
+#include <QMap>
+#include <algorithm>
+
+namespace {
+
+/// A text with all that the order of values asks of it.
+struct SortValue
+{
+    QString text;
+    double number = 0;
+    bool isNumber = false;
+    QDate date;
+};
+
+bool sortsBefore(const SortValue &a, const SortValue &b)
+{
+    if (a.isNumber && b.isNumber && a.number != b.number) {
+        return a.number < b.number;
+    }
+    if (a.date.isValid() && b.date.isValid() && a.date != b.date) {
+        return a.date < b.date;
+    }
+    return a.text < b.text;
+}
+
+using DateKey = QPair<QString, QString>;
+
+QMap<DateKey, QDate> &dateCache()
+{
+    static QMap<DateKey, QDate> cache;
+    return cache;
+}
+
+QHash<QString, double> &numberCache()
+{
+    static QHash<QString, double> cache;
+    return cache;
+}
+
+QDate cachedDate(const QString &text, const QString &format)
+{
+    const DateKey key(text, format);
+    const auto known = dateCache().constFind(key);
+    if (known != dateCache().constEnd()) {
+        return *known;
+    }
+    const QDate date = parseDate(text, format);
+    dateCache().insert(key, date);
+    return date;
+}
+
+double cachedNumber(const QString &text, bool *ok)
+{
+    const auto known = numberCache().constFind(text);
+    if (known != numberCache().constEnd()) {
+        *ok = true;
+        return *known;
+    }
+    const double number = parseNumber(text, false, true, ok);
+    if (*ok) {
+        numberCache().insert(text, number);
+    }
+    return number;
+}
+
+template<class ReadDate>
+bool bothDates(const QString &a, const QString &b, const QString &formatA, const QString &formatB, QDate &dateA,
+    QDate &dateB, ReadDate readDate)
+{
+    if (formatA.isEmpty() || formatB.isEmpty()) {
+        return false;
+    }
+    dateA = readDate(a, formatA);
+    if (!dateA.isValid()) {
+        return false;
+    }
+    dateB = readDate(b, formatB);
+    return dateB.isValid();
+}
+
+template<class ReadNumber>
+bool bothNumbers(const QString &a, const QString &b, double &numberA, double &numberB, ReadNumber readNumber)
+{
+    bool read = false;
+    numberA = readNumber(a, &read);
+    if (read) {
+        numberB = readNumber(b, &read);
+    }
+    return read;
+}
+
+} // namespace
+
+bool valueLess(const QString &a, const QString &b, const QString &dateFormat)
+{
+    bool isNumber = false;
+    const double numberA = parseNumber(a, false, false, &isNumber);
+    if (isNumber) {
+        const double numberB = parseNumber(b, false, false, &isNumber);
+        if (isNumber && numberA != numberB) {
+            return numberA < numberB;
+        }
+    }
+    if (!dateFormat.isEmpty()) {
+        const QDate dateA = parseDate(a, dateFormat);
+        const QDate dateB = dateA.isValid() ? parseDate(b, dateFormat) : QDate();
+        if (dateB.isValid() && dateA != dateB) {
+            return dateA < dateB;
+        }
+    }
+    return a < b;
+}
+
+void sortValues(QStringList &values, const QString &dateFormat)
+{
+    const NumberReader reader(false, false);
+    const DateParser parser(dateFormat);
+    std::vector<SortValue> keyed;
+    keyed.reserve(static_cast<size_t>(values.size()));
+    for (const QString &value : qAsConst(values)) {
+        SortValue entry;
+        entry.text = value;
+        entry.number = reader.read(value, &entry.isNumber);
+        if (!dateFormat.isEmpty()) {
+            entry.date = parser.parse(value);
+        }
+        keyed.push_back(std::move(entry));
+    }
+    // The order of a mixed list can run in a circle, which a merge sort survives and a quick sort needn't.
+    std::stable_sort(keyed.begin(), keyed.end(), sortsBefore);
+    int position = 0;
+    for (SortValue &entry : keyed) {
+        values[position++] = std::move(entry.text);
+    }
+}
+
+void classifyPair(const QString &a, const QString &b, const QString &formatA, const QString &formatB, bool &isDate,
+    QDate &dateA, QDate &dateB, bool &isNumber, double &numberA, double &numberB)
+{
+    const auto readDate = [](const QString &text, const QString &format) { return parseDate(text, format); };
+    const auto readNumber = [](const QString &text, bool *ok) { return parseNumber(text, false, true, ok); };
+    isDate = bothDates(a, b, formatA, formatB, dateA, dateB, readDate);
+    isNumber = !isDate && bothNumbers(a, b, numberA, numberB, readNumber);
+}
+
+void classifyPairCached(const QString &a, const QString &b, const QString &formatA, const QString &formatB,
+    bool &isDate, QDate &dateA, QDate &dateB, bool allowNumbers, bool &isNumber, double &numberA, double &numberB)
+{
+    isDate = bothDates(a, b, formatA, formatB, dateA, dateB, cachedDate);
+    isNumber = !isDate && allowNumbers && bothNumbers(a, b, numberA, numberB, cachedNumber);
+}
+
+void clearValueCaches()
+{
+    dateCache().clear();
+    numberCache().clear();
+}
