@@ -7,8 +7,9 @@
 
 PreparedMatch::PreparedMatch(
     int op, const QString &text, const QString &cellDateFormat, const QString &textDateFormat, bool caseSensitive)
-    : m_op(op >= 0 && op < MatchOperators::count ? MatchOperators::positive(static_cast<MatchOperator>(op)) : never)
-    , m_negated(m_op != never && m_op != static_cast<MatchOperator>(op))
+    : m_isKnown(op >= 0 && op < MatchOperators::count)
+    , m_op(MatchOperators::positive(static_cast<MatchOperator>(m_isKnown ? op : 0)))
+    , m_negated(m_op != static_cast<MatchOperator>(op))
     , m_cs(caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive)
     , m_cellDates(cellDateFormat)
     , m_textDates(textDateFormat)
@@ -37,7 +38,6 @@ void PreparedMatch::setText(const QString &text)
         m_regex.optimize();
         break;
     case MatchOperator::IsEmpty:
-    case never:
         break;
     default:
         if (MatchOperators::closeness(m_op) > 0) {
@@ -73,8 +73,6 @@ bool PreparedMatch::holds(const Cell &cell) const
         return m_regex.isValid() && m_regex.match(cell.text()).hasMatch();
     case MatchOperator::IsEmpty:
         return cell.isEmpty();
-    case never:
-        return false;
     default:
         break;
     }

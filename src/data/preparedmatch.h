@@ -18,19 +18,18 @@ public:
     /// Another text for the same test.
     void setText(const QString &text);
 
-    bool matches(const Cell &cell) const { return holds(cell) != m_negated; }
+    bool matches(const Cell &cell) const { return m_isKnown && holds(cell) != m_negated; }
     /// True when a test takes so long that remembering its outcome for a cell pays.
     bool isSlow() const { return m_op >= MatchOperator::MatchesRegex && m_op != MatchOperator::IsEmpty; }
 
 private:
-    static constexpr auto never = static_cast<MatchOperator>(MatchOperators::count);
-
     bool holds(const Cell &cell) const;
     bool isSameText(const Cell &cell) const;
     bool startsWith(const Cell &cell) const;
     bool endsWith(const Cell &cell) const;
     int compare(const Cell &cell) const;
 
+    bool m_isKnown;
     MatchOperator m_op; ///< without its "not"
     bool m_negated;
     Qt::CaseSensitivity m_cs;
