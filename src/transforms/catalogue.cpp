@@ -7,9 +7,17 @@
 // Each class's source defines its own maker (TRANSFORM_FACTORY).
 Transform *makeTransformCase();
 Transform *makeTransformChop();
+Transform *makeTransformCompare();
+Transform *makeTransformCross();
+Transform *makeTransformDiff();
 Transform *makeTransformExtract();
 Transform *makeTransformInsert();
+Transform *makeTransformIntersect();
+Transform *makeTransformJoin();
+Transform *makeTransformLookup();
 Transform *makeTransformPad();
+Transform *makeTransformStack();
+Transform *makeTransformSubtract();
 Transform *makeTransformWhitespace();
 
 namespace Catalogue {
@@ -25,17 +33,17 @@ const std::vector<CatalogueRow> &rows()
         {3, "Chop", "Chop", Transform::Format, 1, 1, false, true, false, makeTransformChop},
         {4, "Clone", "Clone", Transform::Other, 1, 1, true, false, false, nullptr},
         {5, "Cluster", "Cluster", Transform::Analysis, 1, 1, true, false, false, nullptr},
-        {6, "Compare_Cols", "Compare Cols", Transform::Column, 1, 1, true, false, false, nullptr},
+        {6, "Compare_Cols", "Compare Cols", Transform::Column, 1, 1, true, false, false, makeTransformCompare},
         {7, "Concat", "Concat Cols", Transform::Column, 1, 1, false, false, false, nullptr},
         {8, "Concat_Rows", "Concat Rows", Transform::Row, 1, 1, true, false, false, nullptr},
         {9, "Copy", "Copy Cols", Transform::Column, 1, 1, false, false, false, nullptr},
         {10, "Correlate", "Correlate", Transform::Analysis, 1, 1, true, false, false, nullptr},
         {11, "Count", "Count", Transform::Analysis, 1, 1, false, false, true, nullptr},
-        {12, "Cross", "Cross", Transform::Merge, 2, unlimited, true, false, false, nullptr},
+        {12, "Cross", "Cross", Transform::Merge, 2, unlimited, true, false, false, makeTransformCross},
         {13, "Date_Format", "DateTime Format", Transform::Format, 1, 1, false, true, false, nullptr},
         {14, "Decode", "Decode", Transform::Format, 1, 1, true, true, false, nullptr},
         {15, "Dedupe", "Dedupe", Transform::Row, 1, 1, false, false, true, nullptr},
-        {16, "Difference", "Difference", Transform::Analysis, 2, 2, true, false, false, nullptr},
+        {16, "Difference", "Difference", Transform::Analysis, 2, 2, true, false, false, makeTransformDiff},
         {17, "Extract", "Extract", Transform::Format, 1, 1, false, true, false, makeTransformExtract},
         {18, "Fill", "Fill", Transform::Format, 1, 1, false, true, false, nullptr},
         {19, "Filter", "Filter", Transform::Row, 1, 1, false, false, false, nullptr},
@@ -45,12 +53,12 @@ const std::vector<CatalogueRow> &rows()
         {23, "If", "If", Transform::Column, 1, 1, true, false, false, nullptr},
         {24, "Impute", "Impute", Transform::Other, 1, 1, true, true, false, nullptr},
         {25, "Insert", "Insert", Transform::Format, 1, 1, false, true, false, makeTransformInsert},
-        {26, "Intersect", "Intersect", Transform::Merge, 2, 2, true, false, false, nullptr},
+        {26, "Intersect", "Intersect", Transform::Merge, 2, 2, true, false, false, makeTransformIntersect},
         {27, "Interpolate", "Interpolate", Transform::Merge, 2, 2, true, false, false, nullptr},
         {28, "Javascript", "Javascript", Transform::Other, 1, 1, true, false, false, nullptr},
-        {29, "Join", "Join", Transform::Merge, 2, 2, false, false, false, nullptr},
+        {29, "Join", "Join", Transform::Merge, 2, 2, false, false, false, makeTransformJoin},
         {30, "List", "List", Transform::Format, 1, 1, false, false, false, nullptr},
-        {31, "Lookup", "Lookup", Transform::Merge, 2, 2, false, false, false, nullptr},
+        {31, "Lookup", "Lookup", Transform::Merge, 2, 2, false, false, false, makeTransformLookup},
         {32, "Moving", "Moving", Transform::Column, 1, 1, true, false, false, nullptr},
         {33, "New_Col", "New Col", Transform::Column, 1, 1, false, false, false, nullptr},
         {34, "New_Rows", "New Rows", Transform::Row, 1, 1, true, false, false, nullptr},
@@ -79,11 +87,11 @@ const std::vector<CatalogueRow> &rows()
         {59, "Split_Name", "Split Name", Transform::Column, 1, 1, true, false, false, nullptr},
         {60, "Split_Rows", "Split Rows", Transform::Row, 1, 1, true, false, false, nullptr},
         {61, "Spread", "Spread", Transform::Column, 1, 1, true, false, false, nullptr},
-        {62, "Stack", "Stack", Transform::Merge, 1, unlimited, false, false, false, nullptr},
+        {62, "Stack", "Stack", Transform::Merge, 1, unlimited, false, false, false, makeTransformStack},
         {63, "Stamp", "Stamp", Transform::Other, 1, 1, true, false, false, nullptr},
         {64, "Stats", "Stats", Transform::Analysis, 1, 1, true, false, false, nullptr},
         {65, "Substitute", "Substitute", Transform::Other, 1, 1, true, false, false, nullptr},
-        {66, "Subtract", "Subtract", Transform::Merge, 2, 2, true, false, false, nullptr},
+        {66, "Subtract", "Subtract", Transform::Merge, 2, 2, true, false, false, makeTransformSubtract},
         {67, "Summary", "Summary", Transform::Analysis, 1, 1, false, false, false, nullptr},
         {68, "Total", "Total", Transform::Analysis, 1, 1, true, false, false, nullptr},
         {69, "Transpose", "Transpose", Transform::Other, 1, 1, false, false, false, nullptr},
@@ -115,4 +123,4 @@ Transform *create(const QString &typeName)
     return row && row->create ? row->create() : nullptr;
 }
 
-}
+} // namespace Catalogue

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/textbuffer.h"
 #include "transforms/transform.h"
 
 #include <functional>
@@ -14,7 +15,7 @@ struct CellRule
     using Ascii = std::function<int(char *text, int size)>;
     /// For a result that depends on other cells of the row too: appends the new text, in storage form, to the empty
     /// `out`.
-    using Row = std::function<void(int row, const Cell &cell, QByteArray &out)>;
+    using Row = std::function<void(int row, const Cell &cell, TextBuffer &out)>;
 
     CellRule() = default;
     CellRule(Text textRule, Ascii asciiRule = Ascii())

@@ -11,6 +11,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <functional>
 
 class DataSource;
 
@@ -90,9 +91,13 @@ public:
 
     // Setters
     void setValue(const QVariant &value) { m_value = value; }
+    /// Takes a saved default if it makes sense for this option; says whether it did.
+    bool setUserDefault(const QVariant &value);
     void setNode(DataSource *node, bool reinitialise = false);
     /// The item upstream is gone or going.
     void clearNode() { m_node = nullptr; }
+    /// Two column options change places: each takes the other's item and columns.
+    void swapInput(Parameter &other);
     void setMinInt(int value) { m_minInt = value; }
     void setMaxInt(int value) { m_maxInt = value; }
     void setMinReal(double value) { m_minReal = value; }
@@ -145,6 +150,24 @@ public:
 
 private:
     void initialiseFromNode();
+    /// Calls `change` for each column that `value` names, in order; it may set another id and then returns true. True
+    /// when one did.
+    bool changeColumns(QVariant &value, const std::function<bool(ColumnId &)> &change) const;
+    /// `value` in this kind's form, or nothing.
+    QVariant acceptable(const QVariant &value) const;
+    bool areSomeGone() const;
+    QString sortSummary() const;
+    QString singleColumnSummary() const;
+
+    bool hasSeveralParts() const;
+    QStringList splitParts(const QString &text, int version) const;
+    QString singleText() const;
+    QStringList columnParts() const;
+    QStringList recordParts() const;
+    QString deferredDocumentText() const;
+    void readSingle(const QString &text);
+    void readParts(const QStringList &parts);
+    void readRecord(const QStringList &parts);
 
     Kind m_kind;
     QString m_name;

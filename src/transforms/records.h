@@ -82,7 +82,7 @@ struct SplitRowsRecord
 
     int mode = ByMatchingNames;
     int times = 1;
-    int every = 1;
+    int every = 2;
     ColumnId startColumn;
     int op = 0;   ///< a MatchOperator, for ByMatchingNames
     QString text; ///< what `op` compares names with
@@ -97,6 +97,9 @@ struct SplitRowsRecord
 namespace UniqueCode {
 enum { KeepUnique = 0, KeepFirst = 1, SetEmpty = 16 };
 }
+
+/// Lets QVariant compare the values of options and store those that users save as defaults. Cheap when done before.
+void registerRecordTypes();
 
 Q_DECLARE_METATYPE(SortColumn)
 Q_DECLARE_METATYPE(FilterRecord)

@@ -1,0 +1,65 @@
+#include "transforms/casing.h"
+
+#include <QStringList>
+
+namespace Casing {
+
+static bool hasCategory(QChar c, QChar::Category category)
+{
+    return c.unicode() > 127 && c.category() == category;
+}
+
+bool isLowerLetter(QChar c)
+{
+    return (c >= QLatin1Char('a') && c <= QLatin1Char('z')) || hasCategory(c, QChar::Letter_Lowercase);
+}
+
+bool isUpperLetter(QChar c)
+{
+    return (c >= QLatin1Char('A') && c <= QLatin1Char('Z')) || hasCategory(c, QChar::Letter_Uppercase);
+}
+
+bool isWordApart(QChar before)
+{
+    return !before.isLetter() && before != QLatin1Char('\'') && before.category() != QChar::Mark_NonSpacing;
+}
+
+QString titleCase(const QString &text, bool keepUpper)
+{
+    QString result = text;
+    title(result.data(), result.size(), keepUpper);
+    return result;
+}
+
+QString sentenceCase(const QString &text, bool keepUpper)
+{
+    QString result = text;
+    sentence(result.data(), result.size(), keepUpper);
+    return result;
+}
+
+static QStringList words(const QString &text)
+{
+    QStringList result;
+    int start = 0;
+    for (int i = 0; i <= text.size(); ++i) {
+        if (i == text.size() || text.at(i).isSpace()) {
+            if (i > start) {
+                result.append(text.mid(start, i - start));
+            }
+            start = i + 1;
+        }
+    }
+    return result;
+}
+
+QString camelCase(const QString &text, bool upper)
+{
+    QString result;
+    for (const QString &word : words(text)) {
+        result += result.isEmpty() && !upper ? word.toLower() : titleCase(word, false);
+    }
+    return result;
+}
+
+} // namespace Casing

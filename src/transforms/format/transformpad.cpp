@@ -1,0 +1,42 @@
+#include "transforms/celltransform.h"
+#include "transforms/option.h"
+#include "transforms/optionvalues.h"
+
+/// Pads the selected cells to a minimum length; longer cells stay as they are.
+class TransformPad final : public CellTransform
+{
+    enum Side { Left, Right }; // the choices of Left_Right, in their order
+
+public:
+    TransformPad()
+        : CellTransform(
+            "Pad", "Pad the selected column(s) to a fixed length.", "pads left right text minimum lengths with")
+    {
+    }
+
+private:
+    OptionTable options() const override
+    {
+        return {
+            Option::columns("Columns"),
+            Option::integer("Length", "Minimum length", 10)
+                .nonZero()
+                .tip("Pad values shorter than this length. NB/ Use the 'Extract' transform to shorten long values."),
+            Option::selection("Left_Right", "Pad", {"Left", "Right"}).tip("Which end to add padding."),
+            Option::character("Pad_With", "Pad with", '0').tip("The character to use for padding."),
+        };
+    }
+
+    CellRule rule(const OptionValues &values, const Dataset &) const override
+    {
+        const int length = values.integer("Length");
+        const QChar fill = values.character("Pad_With");
+        if (fill.isNull()) {
+            return {};
+        }
+        const auto pad = values.choice("Left_Right") == Left ? &QString::rightJustified : &QString::leftJustified;
+        return CellRule([=](const QString &text) { return (text.*pad)(length, fill, false); });
+    }
+};
+
+TRANSFORM_FACTORY(TransformPad)
