@@ -1,0 +1,34 @@
+#pragma once
+
+#include "data/cellcolumn.h"
+
+#include <vector>
+
+/// Texts of a column as keys: the cells themselves, or their lower-case forms. Held by column, so that keys are folded
+/// once and compared by their bytes.
+CellColumn keyColumn(const CellColumn &column, bool caseSensitive);
+
+/// Hash of a cell's text; equal texts have equal hashes.
+quint32 cellHash(const Cell &cell);
+
+/// Finds the rows of a column of keys that hold a text. Keeps the column's cells alive.
+class KeyIndex
+{
+public:
+    explicit KeyIndex(const CellColumn &keys);
+
+    /// The first row with the text of `key`, or -1.
+    int firstRow(const Cell &key) const;
+    /// The next row with the same text as `row`, in ascending order, or -1.
+    int nextRow(int row) const { return m_next.at(static_cast<size_t>(row)); }
+    /// How many different keys there are.
+    int keyCount() const { return m_keyCount; }
+    const CellColumn &keys() const { return m_keys; }
+
+private:
+    CellColumn m_keys;
+    std::vector<int> m_slots; // first row of a key, or -1
+    std::vector<int> m_next;
+    quint32 m_mask = 0;
+    int m_keyCount = 0;
+};

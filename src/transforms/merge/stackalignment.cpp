@@ -1,0 +1,217 @@
+#include "transforms/merge/stackalignment.h"
+
+#include "data/dataset.h"
+#include "transforms/messages.h"
+
+namespace {
+
+constexpr int mostInfos = 1000;
+
+/// Adds a few warnings of one kind; what more there are is said in two words behind the last.
+class FewWarnings
+{
+public:
+    explicit FewWarnings(QStringList &warnings)
+        : m_warnings(warnings)
+    {
+    }
+    void add(const QString &text)
+    {
+        ++m_count;
+        if (m_count <= Messages::Examples::shown) {
+            m_warnings.append(text);
+        } else if (m_count == Messages::Examples::shown + 1) {
+            m_warnings.last().append(QStringLiteral("\n...etc"));
+        }
+    }
+
+private:
+    QStringList &m_warnings;
+    int m_count = 0;
+};
+
+/// A name as the search for it goes from exact to loose.
+QString form(const QString &name, int looseness)
+{
+    switch (looseness) {
+    case 0:
+        return name;
+    case 1:
+        return name.toLower();
+    case 2:
+        return name.trimmed();
+    default:
+        return name.trimmed().toLower();
+    }
+}
+
+} // namespace
+
+StackAlignment::StackAlignment(By by, bool onlyFirstColumns, const QVector<const Dataset *> &inputs)
+    : m_by(by)
+    , m_onlyFirst(onlyFirstColumns)
+    , m_inputs(inputs)
+{
+    for (int input = 0; input < inputs.size(); ++input) {
+        m_names.append(inputs.at(input)->columnNames());
+        m_sources.append(QVector<int>(m_columns.size(), -1));
+        addInfo(inputText(input) + QLatin1Char(':'));
+        if (input == 0) {
+            for (int column = 0; column < inputs.first()->columnCount(); ++column) {
+                addColumn(0, column);
+                addInfo(QStringLiteral("Added '%1' (column %2)").arg(nameOf(column), QString::number(column + 1)));
+            }
+        } else if (by == ColumnNumber) {
+            alignByNumber(input);
+        } else {
+            alignByName(input);
+        }
+    }
+    reportEqualNames();
+    reportMissingColumns();
+}
+
+void StackAlignment::addInfo(const QString &text)
+{
+    if (m_infos.size() < mostInfos) {
+        m_infos.append(text);
+    }
+}
+
+QString StackAlignment::nameOf(int column) const
+{
+    const Origin &origin = m_columns.at(column);
+    return m_names.at(origin.input).at(origin.column);
+}
+
+QString StackAlignment::inputText(int input) const
+{
+    const Dataset &dataset = *m_inputs.at(input);
+    return QStringLiteral("Input %1 (%2 %3, %4 %5)")
+        .arg(QString::number(input + 1), Messages::count(dataset.rowCount()), Messages::rows(dataset.rowCount()),
+            Messages::count(dataset.columnCount()), Messages::cols(dataset.columnCount()));
+}
+
+void StackAlignment::addColumn(int input, int column)
+{
+    m_columns.append({input, column});
+    QVector<int> &sources = m_sources[input];
+    while (sources.size() < m_columns.size()) {
+        sources.append(-1);
+    }
+    sources.last() = column;
+}
+
+void StackAlignment::alignByNumber(int input)
+{
+    const QStringList &names = m_names.at(input);
+    const QString dataset = QString::number(input + 1);
+    const int before = m_columns.size();
+    for (int column = 0; column < qMin(before, names.size()); ++column) {
+        m_sources[input][column] = column;
+        const QString under = nameOf(column);
+        if (names.at(column) != under) {
+            const QString number = QString::number(column + 1);
+            addInfo(QStringLiteral("Aligned '%1' under '%2' (column %3)").arg(names.at(column), under, number));
+            m_warnings.append(QStringLiteral("%1 aligned '%2' under '%3' (column %4)")
+                                  .arg(inputText(input), names.at(column), under, number));
+        }
+    }
+    for (int column = names.size(); column < before; ++column) {
+        addInfo(
+            QStringLiteral("Not enough columns for '%1' (column %2)").arg(nameOf(column), QString::number(column + 1)));
+    }
+    for (int column = before; column < names.size(); ++column) {
+        const QString what = m_onlyFirst ? QStringLiteral("Ignored") : QStringLiteral("Added");
+        addInfo(QStringLiteral("%1 '%2' (column %3) from dataset %4")
+                    .arg(what, names.at(column), QString::number(column + 1), dataset));
+        if (!m_onlyFirst) {
+            addColumn(input, column);
+        }
+    }
+    if (m_onlyFirst && names.size() > before) {
+        addInfo(QStringLiteral("Ignore last %1 columns in dataset %2")
+                    .arg(QString::number(names.size() - before), dataset));
+    }
+}
+
+int StackAlignment::columnNamed(const QString &name, const QVector<char> &taken) const
+{
+    for (int looseness = 0; looseness < 4; ++looseness) {
+        const QString wanted = form(name, looseness);
+        for (int column = 0; column < taken.size(); ++column) {
+            if (!taken.at(column) && form(nameOf(column), looseness) == wanted) {
+                return column;
+            }
+        }
+    }
+    return -1;
+}
+
+void StackAlignment::alignByName(int input)
+{
+    const QStringList &names = m_names.at(input);
+    const QString dataset = QString::number(input + 1);
+    // Columns that this input adds aren't among those that its later columns can go under.
+    QVector<char> taken(m_columns.size(), 0);
+    for (int column = 0; column < names.size(); ++column) {
+        const QString number = QString::number(column + 1);
+        const int target = columnNamed(names.at(column), taken);
+        if (target >= 0) {
+            taken[target] = 1;
+            m_sources[input][target] = column;
+            addInfo(QStringLiteral("Aligned '%1' (column %2) under '%3' (column %4)")
+                        .arg(names.at(column), number, nameOf(target), QString::number(target + 1)));
+            continue;
+        }
+        const QString what = m_onlyFirst ? QStringLiteral("Ignored") : QStringLiteral("Added");
+        addInfo(QStringLiteral("%1 '%2' (column %3) from dataset %4").arg(what, names.at(column), number, dataset));
+        if (!m_onlyFirst) {
+            addColumn(input, column);
+        }
+    }
+    for (int column = 0; column < taken.size(); ++column) {
+        if (!taken.at(column)) {
+            addInfo(QStringLiteral("No match for '%1' (column %2)").arg(nameOf(column), QString::number(column + 1)));
+        }
+    }
+}
+
+void StackAlignment::reportEqualNames()
+{
+    FewWarnings few(m_warnings);
+    for (int input = 0; input < m_inputs.size(); ++input) {
+        QStringList distinct = m_names.at(input);
+        distinct.removeDuplicates();
+        for (const QString &name : qAsConst(distinct)) {
+            const int count = m_names.at(input).count(name);
+            if (count > 1) {
+                few.add(QStringLiteral("%1 column(s) named '%2' in input datatset %3")
+                            .arg(QString::number(count), name, QString::number(input + 1)));
+            }
+        }
+    }
+}
+
+void StackAlignment::reportMissingColumns()
+{
+    FewWarnings few(m_warnings);
+    for (int input = 0; input < m_inputs.size(); ++input) {
+        QStringList missing;
+        for (int column = 0; column < m_columns.size(); ++column) {
+            if (source(input, column) < 0) {
+                missing.append(nameOf(column));
+            }
+        }
+        if (missing.isEmpty()) {
+            continue;
+        }
+        if (m_by == ColumnNumber) {
+            few.add(QStringLiteral("%1 has %2 column(s) less than the final dataset")
+                        .arg(inputText(input), QString::number(missing.size())));
+        } else {
+            few.add(QStringLiteral("%1 missing %2 column(s) in the final dataset:\n%3")
+                        .arg(inputText(input), QString::number(missing.size()), missing.join(QLatin1Char('\n'))));
+        }
+    }
+}
