@@ -25,6 +25,8 @@ public:
     Node *otherEnd(Direction which) const { return which == Direction::Outgoing ? m_from : m_to; }
     /// Takes itself from both nodes and deletes itself.
     virtual void deleteConnection();
+    /// `node` is going; the end that it was has none any more.
+    void forget(const Node *node);
 
     /// How far down each node's edge the ends sit, from 0 at the top to 1 at the bottom.
     double fromOffset() const { return m_fromOffset; }

@@ -12,6 +12,7 @@ struct GraphHooks
     /// A hint that shows once in the program's life, at the canvas, for `milliseconds`.
     std::function<void(const QString &key, const QString &title, const QString &text, int milliseconds)> showTip;
 
+    /// The one of the process.
     static GraphHooks &instance();
     bool confirm(const QString &text) const { return !ask || ask(text); }
     void tip(const QString &key, const QString &title, const QString &text, int milliseconds) const

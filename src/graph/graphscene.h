@@ -62,7 +62,9 @@ public:
 
     // Connecting
     QList<Node *> connectableTargets(const Node *from) const;
+    /// Shows a rubber band from `node` and handles on everything that it may be connected to.
     void startConnection(Node *node);
+    bool isConnecting() const { return m_connectionGuide; }
     /// From the node of startConnection() to `to`.
     void connectNodes(Node *to);
     void endConnection();
@@ -83,13 +85,18 @@ public:
 
     // Places
     bool snapToGrid() const { return m_snapToGrid; }
-    /// Turning it on snaps all nodes.
+    /// Moves nothing.
     void setSnapToGrid(bool on);
-    void snapNodes(const QList<Node *> &nodes);
+    /// Puts the nodes on free points of the grid; returns those that moved.
+    QList<Node *> snapNodes(const QList<Node *> &nodes);
+    /// For a person who turns the grid on: snaps every node and tells of the moves.
+    void snapAllNodes();
     /// Centre of the next new node.
     QPointF newNodePosition() const;
     void placeAvoidingOverlap(Node *node, const QPointF &centre, bool horizontal);
     bool overlapsAny(const Node *node) const;
+    /// The arrow of a note that stands beside `node` where nothing else is: above, right, below, left in turn.
+    int autoNoteArrow(const Node *node) const;
     void layOutConnections();
     void layOutConnections(const QList<Node *> &nodes);
     void updateSceneRect();
@@ -98,7 +105,9 @@ public:
     void setDocumentPath(const QString &path) { m_documentPath = path; }
     /// The colours in use: an override of the preview in the preferences, else those of the program.
     const Colors &colors() const;
-    void setColorsOverride(const Colors *colors) { m_colorsOverride = colors; }
+    void setColorsOverride(const Colors *colors);
+    /// Draws everything anew, after a change of colours or of what is shown.
+    void refresh();
 
 public slots:
     void onHighlightTransformNodes(bool on, int transformType);
@@ -139,6 +148,7 @@ protected:
     void drawBackground(QPainter *painter, const QRectF &rect) override;
 
 private:
+    friend class Engine;
     bool m_processing = false;
     ConnectionGuide *m_connectionGuide = nullptr;
     Node *m_connectFromNode = nullptr;

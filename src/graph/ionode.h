@@ -9,10 +9,7 @@ class IONode : public Node
     Q_OBJECT
 
 public:
-    explicit IONode(int id = -1)
-        : Node(id)
-    {
-    }
+    explicit IONode(int id = -1);
 
     /// A value of Medium.
     int medium() const { return m_medium; }

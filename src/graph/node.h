@@ -7,16 +7,18 @@
 #include <QDateTime>
 #include <QElapsedTimer>
 #include <QGraphicsObject>
-#include <QPointer>
 #include <QSet>
 #include <QStringList>
 #include <QVariant>
+#include <memory>
 
+class Colors;
 class Connection;
 class GraphScene;
 class NodeOverlayItem;
-class NoteNode;
+class QTimer;
 class TimingBar;
+class UndoStep;
 
 /// A box on the canvas and the table that it last produced: the base of inputs, transforms, outputs, charts and notes.
 /// The scene's items are the graph; there is no other model. Positions are those of the top left corner.
@@ -170,10 +172,10 @@ public:
     /// Lets column options look for lost columns by name, here and downstream.
     virtual void refreshColumnOptions();
     virtual void remapColumnIds(const QHash<ColumnId, ColumnId> &) {}
-    /// A connection to this node has come.
-    virtual void afterConnect() {}
-    /// Warns of what can't be written, after a connection.
+    /// Called after a connection to this node; for kinds that have to look at their new input.
     virtual void validateForOutput() {}
+    /// How many options name columns; with `source`, only those that name columns of that node.
+    virtual int columnOptionsInUse(const Node *source) const;
     virtual void connectToScene(GraphScene *scene);
     GraphScene *graphScene() const;
 
@@ -188,12 +190,16 @@ public:
     virtual QColor boxColor() const = 0;
     virtual QColor textColor() const = 0;
     int gradientEffect() const;
+    /// The colours of the scene, or of the program while in none.
+    const Colors &colors() const;
     /// Name of the picture on the box, empty for none.
     virtual QString imageName() const { return QString(); }
     /// Where a connection touches the box; `offset` runs from 0 at the top to 1 at the bottom.
     QPointF connectionPoint(Direction side, double offset) const;
     bool isConnectionHighlighted() const { return m_connectionHighlighted; }
     void setConnectionHighlighted(bool on);
+    /// Takes the shadow's colour from colors().
+    void updateShadow();
     void showConnectFromOverlay();
     void showConnectToOverlay();
     void hideConnectFromOverlay();
@@ -225,11 +231,18 @@ protected:
 
     QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
     void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
     void hoverEnterEvent(QGraphicsSceneHoverEvent *event) override;
     void hoverLeaveEvent(QGraphicsSceneHoverEvent *event) override;
     /// Clears the old result, goes to Processing and says so.
     void startProcessing();
+    /// Lets direct downstream nodes look at the new result.
+    void prepareDownstream();
+    /// Calls process() on direct downstream nodes, from top to bottom.
+    void processDownstream(bool releaseInputs);
+    /// False when this run has come through this node before, so that it needn't walk on again.
+    bool enterWalk();
     /// Drops the datasets of direct upstream nodes that no stale node waits for.
     void releaseUpstreamDatasets();
 
@@ -247,5 +260,9 @@ private:
     NodeOverlayItem *m_connectToOverlay = nullptr;
     TimingBar *m_timingBar = nullptr;
     QSet<Node *> m_attachedNotes;
+    QTimer *m_connectionGuideTimer = nullptr;
+    std::unique_ptr<UndoStep> m_moveStep;
+    quint64 m_walkedRun = 0;
+    friend class Connection;
     static int s_nextId;
 };

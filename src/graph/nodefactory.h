@@ -19,5 +19,6 @@ struct NodeFactory
     std::function<IONode *(const QString &path, int fileType)> createOutput;
     std::function<Node *()> createChart;
 
+    /// The one of the process.
     static NodeFactory &instance();
 };

@@ -35,7 +35,6 @@ public:
     bool canProcess() const override { return false; }
     void process(bool, bool) override {}
     bool acceptsDrops() const override { return false; }
-    void setComment(const QString &text) override;
     QString toolTipHtml(bool detail) const override;
     InfoRows kindRows() const override { return {}; }
     InfoRows optionRows() const override { return {}; }

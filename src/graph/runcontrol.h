@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtGlobal>
 #include <exception>
 #include <functional>
 
@@ -32,6 +33,19 @@ void setMemoryCeilingHook(MemoryCeilingHook hook);
 
 /// Compares the memory in use with the ceiling of the settings; throws MaxMemoryException when the program shall end.
 void checkMemory();
+
+/// Number of the run under way, 0 between runs. A node that was walked through once needn't be again in the same run.
+quint64 currentRun();
+
+/// A run is under way while this lives.
+class RunScope
+{
+public:
+    RunScope();
+    ~RunScope();
+    RunScope(const RunScope &) = delete;
+    RunScope &operator=(const RunScope &) = delete;
+};
 
 /// Puts the defaults back, for tests.
 void reset();

@@ -42,6 +42,7 @@ public:
     void beforeProcess() override;
     void refreshColumnOptions() override;
     void remapColumnIds(const QHash<ColumnId, ColumnId> &map) override;
+    int columnOptionsInUse(const Node *source) const override;
     void removeConnection(Connection *connection) override;
     InfoRows kindRows() const override;
     InfoRows optionRows() const override;
@@ -56,7 +57,7 @@ private:
     void reconnectColumns();
     void runTransform();
     void warnOfMissingInputs(int count);
-    void finishProcessing();
+    void paintChanges(QPainter *painter) const;
 
     std::unique_ptr<Transform> m_transform;
 };

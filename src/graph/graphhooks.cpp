@@ -1,0 +1,7 @@
+#include "graph/graphhooks.h"
+
+GraphHooks &GraphHooks::instance()
+{
+    static GraphHooks hooks;
+    return hooks;
+}

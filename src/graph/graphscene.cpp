@@ -1,0 +1,586 @@
+#include "graph/graphscene.h"
+
+#include "graph/colors.h"
+#include "graph/connection.h"
+#include "graph/connectionguide.h"
+#include "graph/connectionlayout.h"
+#include "graph/engine.h"
+#include "graph/graphedit.h"
+#include "graph/ionode.h"
+#include "graph/nodeadder.h"
+#include "graph/nodeorder.h"
+#include "graph/nodeoverlayitem.h"
+#include "graph/nodeplacement.h"
+#include "graph/notenode.h"
+#include "graph/runcontrol.h"
+#include "graph/transformnode.h"
+#include "graph/undostep.h"
+#include "graph/waitcursor.h"
+#include "transforms/catalogue.h"
+#include "transforms/transform.h"
+
+#include <QAction>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QGraphicsSceneMouseEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
+#include <optional>
+
+namespace {
+
+constexpr int longestAlias = 30;
+constexpr qint64 pumpIntervalMs = 500;
+constexpr double gridDot = 3.0;
+
+bool isNode(const QGraphicsItem *item)
+{
+    return item->type() >= ItemType::Input && item->type() <= ItemType::Chart;
+}
+
+/// The items of one kind, in the order of their ids.
+template<class Kind>
+QList<Kind *> nodesOfType(const GraphScene &scene, int type, bool selectedOnly)
+{
+    QList<Kind *> found;
+    for (Node *node : scene.nodes(selectedOnly)) {
+        if (node->type() == type) {
+            found.append(static_cast<Kind *>(node));
+        }
+    }
+    return found;
+}
+
+QElapsedTimer &lastPump()
+{
+    static QElapsedTimer timer;
+    return timer;
+}
+
+} // namespace
+
+GraphScene::GraphScene(QObject *parent)
+    : QGraphicsScene(parent)
+{
+}
+
+GraphScene::~GraphScene()
+{
+    clearAll();
+}
+
+// What there is
+
+QList<Node *> GraphScene::nodes(bool selectedOnly) const
+{
+    QList<Node *> found;
+    for (QGraphicsItem *item : items()) {
+        if (isNode(item) && (!selectedOnly || item->isSelected())) {
+            found.append(static_cast<Node *>(item));
+        }
+    }
+    NodeOrder::sortById(found);
+    return found;
+}
+
+QList<IONode *> GraphScene::inputNodes(bool selectedOnly) const
+{
+    return nodesOfType<IONode>(*this, ItemType::Input, selectedOnly);
+}
+
+QList<TransformNode *> GraphScene::transformNodes(bool selectedOnly) const
+{
+    return nodesOfType<TransformNode>(*this, ItemType::Transform, selectedOnly);
+}
+
+QList<IONode *> GraphScene::outputNodes(bool selectedOnly) const
+{
+    return nodesOfType<IONode>(*this, ItemType::Output, selectedOnly);
+}
+
+QList<Node *> GraphScene::chartNodes(bool selectedOnly) const
+{
+    return nodesOfType<Node>(*this, ItemType::Chart, selectedOnly);
+}
+
+QList<NoteNode *> GraphScene::noteNodes(bool selectedOnly) const
+{
+    return nodesOfType<NoteNode>(*this, ItemType::Note, selectedOnly);
+}
+
+QList<Connection *> GraphScene::connections(bool selectedOnly) const
+{
+    QList<Connection *> found;
+    for (const Node *node : nodes()) {
+        for (Connection *connection : node->connections(Direction::Outgoing)) {
+            if (!selectedOnly || connection->isSelected()) {
+                found.append(connection);
+            }
+        }
+    }
+    return found;
+}
+
+QList<Node *> GraphScene::nodesInState(NodeState state, bool selectedOnly) const
+{
+    QList<Node *> found;
+    for (Node *node : nodes(selectedOnly)) {
+        if (node->state() == state) {
+            found.append(node);
+        }
+    }
+    return found;
+}
+
+QList<Node *> GraphScene::rootNodes() const
+{
+    QList<Node *> found;
+    for (Node *node : nodes()) {
+        if (node->upstreamNodes(false).isEmpty()) {
+            found.append(node);
+        }
+    }
+    return found;
+}
+
+Node *GraphScene::nodeById(int id) const
+{
+    for (Node *node : nodes()) {
+        if (node->id() == id) {
+            return node;
+        }
+    }
+    return nullptr;
+}
+
+Node *GraphScene::outputNodeById(int id) const
+{
+    Node *node = nodeById(id);
+    return node && node->type() == ItemType::Output ? node : nullptr;
+}
+
+QList<Node *> GraphScene::nodeAtPositionOf(const QGraphicsItem *item) const
+{
+    QList<Node *> found;
+    for (QGraphicsItem *other : collidingItems(item)) {
+        if (isNode(other)) {
+            found.append(static_cast<Node *>(other));
+        }
+    }
+    NodeOrder::sortById(found);
+    return found;
+}
+
+QString GraphScene::uniqueAlias(const QString &path) const
+{
+    const QFileInfo info(path);
+    const QString name = info.isDir() ? QDir(path).dirName() : info.baseName();
+    const QString base = name.left(longestAlias).trimmed();
+    QSet<QString> taken;
+    for (const Node *node : nodes()) {
+        taken.insert(node->alias());
+    }
+    QString alias = base;
+    for (int number = 1; taken.contains(alias); ++number) {
+        alias = QStringLiteral("%1%2").arg(base, QString::number(number));
+    }
+    return alias;
+}
+
+// Adding
+
+bool GraphScene::canAddTransform(const Transform *transform, int inputs, int transforms, int outputs, int charts,
+    int notes, int connectionCount) const
+{
+    return NodeAdder::canAddTransform(*transform, inputs, transforms, outputs, charts, notes, connectionCount);
+}
+
+TransformNode *GraphScene::addTransform(const Transform *prototype)
+{
+    return NodeAdder(*this).addTransform(*prototype);
+}
+
+IONode *GraphScene::addInputFromPath(const QString &path, const QPointF &scenePos)
+{
+    return addInputsFromPaths({path}, scenePos).value(0);
+}
+
+QList<IONode *> GraphScene::addInputsFromPaths(const QStringList &paths, const QPointF &scenePos)
+{
+    return NodeAdder(*this).addInputs(paths, scenePos);
+}
+
+IONode *GraphScene::addInputFromClipboard(const QString &text, const QPointF &scenePos)
+{
+    return NodeAdder(*this).addClipboardInput(text, scenePos);
+}
+
+IONode *GraphScene::addOutput(const QString &path, int fileType)
+{
+    return NodeAdder(*this).addOutput(path, fileType);
+}
+
+Node *GraphScene::addChart()
+{
+    return NodeAdder(*this).addChart();
+}
+
+NoteNode *GraphScene::addNote(const QPointF &pos, int arrowType)
+{
+    return NodeAdder(*this).addNote(pos, arrowType);
+}
+
+void GraphScene::insertNode(Node *node, const QPointF &pos)
+{
+    node->setPos(pos);
+    addItem(node);
+    node->connectToScene(this);
+}
+
+Connection *GraphScene::insertConnection(Node *from, Node *to)
+{
+    auto *connection = new Connection(from, to);
+    addItem(connection);
+    return connection;
+}
+
+void GraphScene::onAddedTransformFromRightClick()
+{
+    const auto *action = qobject_cast<const QAction *>(sender());
+    const std::unique_ptr<Transform> prototype(action ? Catalogue::create(action->data().toString()) : nullptr);
+    if (prototype) {
+        addTransform(prototype.get());
+    }
+}
+
+// Connecting
+
+QList<Node *> GraphScene::connectableTargets(const Node *from) const
+{
+    return GraphEdit(*const_cast<GraphScene *>(this)).connectableTargets(from);
+}
+
+void GraphScene::startConnection(Node *node)
+{
+    endConnection();
+    if (!node->canAcceptConnection()) {
+        return;
+    }
+    m_connectFromNode = node;
+    m_connectionGuide = new ConnectionGuide(node->connectionPoint(Direction::Outgoing, 0.5));
+    addItem(m_connectionGuide);
+    node->setFlag(QGraphicsItem::ItemIsMovable, false);
+    node->hideConnectFromOverlay();
+    clearSelection();
+    for (Node *target : connectableTargets(node)) {
+        target->showConnectToOverlay();
+    }
+    update();
+}
+
+void GraphScene::connectNodes(Node *to)
+{
+    Node *from = m_connectFromNode;
+    if (!from || !connectableTargets(from).contains(to)) {
+        endConnection();
+        return;
+    }
+    const UndoStep step(QStringLiteral("add connection"));
+    endConnection();
+    GraphEdit(*this).connectNodes(from, to);
+}
+
+void GraphScene::endConnection()
+{
+    delete m_connectionGuide;
+    m_connectionGuide = nullptr;
+    if (!m_connectFromNode) {
+        return;
+    }
+    m_connectFromNode->setFlag(QGraphicsItem::ItemIsMovable);
+    m_connectFromNode = nullptr;
+    for (Node *node : nodes()) {
+        node->hideConnectToOverlay();
+    }
+    update();
+}
+
+void GraphScene::onConnectFromSelected()
+{
+    const QList<Node *> selected = nodes(true);
+    if (selected.size() == 1) {
+        startConnection(selected.first());
+    }
+}
+
+void GraphScene::disconnectSelected(Direction direction)
+{
+    GraphEdit(*this).disconnectSelected(direction);
+}
+
+int GraphScene::columnDependentOptionsDownstream(Direction direction) const
+{
+    return GraphEdit(*const_cast<GraphScene *>(this)).columnOptionsAtRisk(direction);
+}
+
+// Removing
+
+void GraphScene::deleteSelected()
+{
+    GraphEdit(*this).deleteSelected();
+}
+
+void GraphScene::clearAll()
+{
+    const QSignalBlocker blocker(this);
+    m_connectionGuide = nullptr;
+    m_connectFromNode = nullptr;
+    clear();
+    update();
+}
+
+// Runs
+
+void GraphScene::runTransforms(RunMode mode, bool quiet)
+{
+    if (m_processing) {
+        return;
+    }
+    std::optional<WaitCursor> cursor;
+    const QScopedValueRollback<bool> processing(m_processing, true);
+    emit allowUserInteraction(false);
+    cursor.emplace();
+    Engine(*this).run(mode, quiet);
+    emit allowUserInteraction(true);
+}
+
+void GraphScene::runChangesIfAuto()
+{
+    // A run under way must keep the stop that the user asked of it.
+    if (!m_autoRunOn || m_processing) {
+        return;
+    }
+    stopRequested = false;
+    runTransforms(RunMode::Changes, false);
+    stopRequested = false;
+}
+
+void GraphScene::onSourceChanged(Node *node)
+{
+    if (!m_processing) {
+        node->setState(NodeState::NeedsProcessing, true);
+        runChangesIfAuto();
+    }
+}
+
+void GraphScene::onProcessingStart(Node *node)
+{
+    emit nodeDataChanged(node);
+    emit showStatusBarMessage(QStringLiteral("Processing '%1'").arg(node->name()));
+}
+
+void GraphScene::onProcessed(Node *, qreal fractionProcessed)
+{
+    QElapsedTimer &last = lastPump();
+    if (last.isValid() && last.elapsed() < pumpIntervalMs && fractionProcessed < 1.0 && fractionProcessed > 0.0) {
+        return;
+    }
+    last.start();
+    RunControl::keepAlive();
+}
+
+void GraphScene::onProcessingEnd(Node *node)
+{
+    node->onProcessed(1.0);
+    emit nodeDataChanged(node);
+    ++m_itemsProcessed;
+    const bool inRange = m_itemsToProcess >= 1 && m_itemsProcessed <= m_itemsToProcess;
+    emit showProgress(inRange ? m_itemsProcessed * 100 / m_itemsToProcess : 100);
+    emit nodeProcessed(node);
+}
+
+// Places
+
+void GraphScene::setSnapToGrid(bool on)
+{
+    m_snapToGrid = on;
+    update();
+}
+
+QList<Node *> GraphScene::snapNodes(const QList<Node *> &moving)
+{
+    return NodePlacement::snap(moving, nodes());
+}
+
+void GraphScene::snapAllNodes()
+{
+    const QList<Node *> moved = snapNodes(nodes());
+    if (!moved.isEmpty()) {
+        onPosChanged(moved);
+    }
+}
+
+QPointF GraphScene::newNodePosition() const
+{
+    return NodePlacement::newNodeCentre(nodes(true), nodes());
+}
+
+void GraphScene::placeAvoidingOverlap(Node *node, const QPointF &centre, bool horizontal)
+{
+    NodePlacement::placeAvoidingOverlap(node, centre, horizontal, *this);
+}
+
+bool GraphScene::overlapsAny(const Node *node) const
+{
+    return NodePlacement::overlapsAny(node, nodes());
+}
+
+int GraphScene::autoNoteArrow(const Node *node) const
+{
+    return NodePlacement::autoNoteArrow(node, nodes());
+}
+
+void GraphScene::layOutConnections()
+{
+    ConnectionLayout::layOut(nodes());
+}
+
+void GraphScene::layOutConnections(const QList<Node *> &some)
+{
+    ConnectionLayout::layOut(some);
+}
+
+void GraphScene::updateSceneRect()
+{
+    QRectF area;
+    for (const Node *node : nodes()) {
+        area = area.united(node->mapRectToScene(node->boundingRect()));
+    }
+    setSceneRect(area);
+}
+
+void GraphScene::onPosChanged(QList<Node *> moved)
+{
+    if (m_snapToGrid) {
+        snapNodes(moved);
+    }
+    QList<Node *> fed;
+    for (const Node *node : qAsConst(moved)) {
+        for (Node *target : node->downstreamNodes(true)) {
+            if (!fed.contains(target)) {
+                fed.append(target);
+            }
+        }
+    }
+    bool changed = false;
+    for (Node *node : qAsConst(fed)) {
+        auto *target = qgraphicsitem_cast<TransformNode *>(node);
+        if (target && target->upstreamNodes(false).size() >= 2 && target->updateInputOrder()) {
+            emit nodeParametersChanged(target);
+            target->setState(NodeState::NeedsProcessing, true);
+            changed = true;
+        }
+    }
+    updateSceneRect();
+    layOutConnections(moved);
+    if (changed) {
+        runChangesIfAuto();
+    }
+    emit nodesPosChanged();
+}
+
+// Look
+
+const Colors &GraphScene::colors() const
+{
+    return m_colorsOverride ? *m_colorsOverride : Colors::current();
+}
+
+void GraphScene::setColorsOverride(const Colors *colorsOverride)
+{
+    m_colorsOverride = colorsOverride;
+    refresh();
+}
+
+void GraphScene::refresh()
+{
+    for (Node *node : nodes()) {
+        node->updateShadow();
+        node->update();
+    }
+    update();
+}
+
+void GraphScene::onHighlightTransformNodes(bool on, int transformType)
+{
+    for (TransformNode *node : transformNodes()) {
+        if (node->transform()->typeId() == transformType) {
+            node->setConnectionHighlighted(on);
+        }
+    }
+}
+
+void GraphScene::drawBackground(QPainter *painter, const QRectF &rect)
+{
+    painter->fillRect(rect, colors().color(Colors::Background));
+    if (!m_snapToGrid) {
+        return;
+    }
+    QColor dot = colors().color(Colors::Arrow);
+    dot.setAlphaF(0.4);
+    const QPointF first = NodePlacement::snapped(rect.topLeft());
+    for (double x = first.x(); x <= rect.right() + gridDot; x += NodePlacement::gridWidth) {
+        for (double y = first.y(); y <= rect.bottom() + gridDot; y += NodePlacement::gridHeight) {
+            painter->fillRect(QRectF(x - gridDot / 2, y - gridDot / 2, gridDot, gridDot), dot);
+        }
+    }
+}
+
+// Mouse
+
+void GraphScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
+{
+    QGraphicsScene::mousePressEvent(event);
+    const bool connecting = isConnecting();
+    const int wanted = connecting ? ItemType::ConnectToOverlay : ItemType::ConnectFromOverlay;
+    NodeOverlayItem *pressed = nullptr;
+    for (QGraphicsItem *item : items(event->scenePos())) {
+        if (item->type() == wanted) {
+            pressed = static_cast<NodeOverlayItem *>(item);
+            break;
+        }
+    }
+    if (pressed) {
+        pressed->click();
+    }
+    if (connecting) {
+        endConnection();
+    }
+}
+
+void GraphScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
+{
+    QGraphicsScene::mouseMoveEvent(event);
+    if (m_connectionGuide) {
+        m_connectionGuide->setEnd(event->scenePos());
+    }
+}
+
+void GraphScene::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)
+{
+    QGraphicsScene::mouseDoubleClickEvent(event);
+    m_doubleClicked = true;
+}
+
+void GraphScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
+{
+    QGraphicsScene::mouseReleaseEvent(event);
+    if (m_doubleClicked) {
+        m_doubleClicked = false;
+        if (nodes(true).size() == 1) {
+            emit doubleClickNode();
+        }
+    }
+}

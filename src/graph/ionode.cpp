@@ -1,0 +1,55 @@
+#include "graph/ionode.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QMap>
+
+IONode::IONode(int id)
+    : Node(id)
+{
+}
+
+void IONode::setPath(const QString &path, const QString &sheet)
+{
+    m_path = path;
+    m_sheetName = sheet;
+}
+
+QString IONode::absoluteNativePath(const QString &path)
+{
+    return path.isEmpty() ? QString() : QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
+}
+
+QString IONode::fileSheetText(const QString &path, const QString &sheet)
+{
+    const QString file = QDir::toNativeSeparators(path);
+    return sheet.isEmpty() ? file : QStringLiteral("%1[%2]").arg(file, sheet);
+}
+
+QVariantList IONode::summaryRow() const
+{
+    QVariantList row = Node::summaryRow();
+    row << m_medium << m_fileType << m_path << m_sheetName << m_delimiterKind << m_customDelimiter << m_encoding;
+    return row;
+}
+
+void IONode::warnOfDuplicateHeaderNames()
+{
+    if (!m_dataset.hasHeader()) {
+        return;
+    }
+    QMap<QString, int> counts;
+    for (const QString &name : m_dataset.header()) {
+        ++counts[name];
+    }
+    QStringList lines;
+    for (auto it = counts.constBegin(); it != counts.constEnd(); ++it) {
+        if (it.value() > 1) {
+            lines.append(QStringLiteral("'%1' occurs %2 times").arg(it.key(), QString::number(it.value())));
+        }
+    }
+    if (!lines.isEmpty()) {
+        m_warnings.append(QStringLiteral("Duplicate column header names:"));
+        m_warnings += lines;
+    }
+}

@@ -1,0 +1,241 @@
+#include "graph/node.h"
+
+#include "graph/colors.h"
+#include "graph/connection.h"
+#include "graph/graphscene.h"
+#include "graph/nodeoverlayitem.h"
+#include "graph/runcontrol.h"
+#include "graph/timingbar.h"
+#include "graph/undostep.h"
+#include "settings/settings.h"
+
+#include <QGraphicsDropShadowEffect>
+
+int Node::s_nextId = 0;
+
+namespace {
+
+constexpr double shadowBlurRadius = 40.0;
+constexpr qint64 progressIntervalMs = 250;
+constexpr double progressStep = 0.02;
+
+} // namespace
+
+Node::Node(int id)
+{
+    setId(id);
+    setFlags(ItemIsMovable | ItemIsSelectable | ItemSendsGeometryChanges);
+    setAcceptHoverEvents(true);
+    setZValue(0);
+    auto *shadow = new QGraphicsDropShadowEffect(this);
+    shadow->setBlurRadius(shadowBlurRadius);
+    setGraphicsEffect(shadow);
+}
+
+Node::~Node()
+{
+    for (Connection *connection : qAsConst(m_connections)) {
+        connection->forget(this);
+    }
+    hideConnectFromOverlay();
+    hideConnectToOverlay();
+    hideTimingBar();
+}
+
+void Node::setId(int id)
+{
+    m_id = id == -1 ? s_nextId++ : id;
+}
+
+QString Node::kindName() const
+{
+    switch (type()) {
+    case ItemType::Input:
+        return QStringLiteral("Input");
+    case ItemType::Transform:
+        return QStringLiteral("Transform");
+    case ItemType::Output:
+        return QStringLiteral("Output");
+    case ItemType::Note:
+        return QStringLiteral("Note");
+    case ItemType::Chart:
+        return QStringLiteral("Chart");
+    default:
+        return QString();
+    }
+}
+
+QString Node::labelWithId() const
+{
+    return QStringLiteral("%1 (%2)").arg(name(), QString::number(m_id));
+}
+
+void Node::setComment(const QString &text)
+{
+    if (text != m_comment) {
+        prepareGeometryChange();
+        m_comment = text;
+        update();
+    }
+}
+
+GraphScene *Node::graphScene() const
+{
+    return qobject_cast<GraphScene *>(scene());
+}
+
+const Colors &Node::colors() const
+{
+    const GraphScene *owner = graphScene();
+    return owner ? owner->colors() : Colors::current();
+}
+
+int Node::gradientEffect() const
+{
+    return colors().gradientEffect();
+}
+
+void Node::connectToScene(GraphScene *scene)
+{
+    connect(this, &Node::nodePosChanged, scene, &GraphScene::onPosChanged);
+    connect(this, &Node::processingStart, scene, &GraphScene::onProcessingStart);
+    connect(this, &Node::processed, scene, &GraphScene::onProcessed);
+    connect(this, &Node::processingEnd, scene, &GraphScene::onProcessingEnd);
+}
+
+// State
+
+void Node::setState(NodeState state, bool propagate)
+{
+    const bool changed = state != m_state;
+    if (changed) {
+        m_state = state;
+        update();
+    }
+    if (propagate) {
+        for (Node *node : downstreamNodes(true)) {
+            node->setState(state, true);
+        }
+    }
+    if (changed) {
+        for (Connection *connection : connections(Direction::Outgoing)) {
+            connection->update();
+        }
+    }
+}
+
+QString Node::stateText(NodeState state)
+{
+    switch (state) {
+    case NodeState::NeedsProcessing:
+        return QStringLiteral("Needs updating");
+    case NodeState::Processing:
+        return QStringLiteral("Updating");
+    case NodeState::Processed:
+        return QStringLiteral("Up to date");
+    case NodeState::Failed:
+        return QStringLiteral("Error");
+    }
+    return QString();
+}
+
+NodeStatusIcon Node::statusIcon() const
+{
+    if (m_isPreview) {
+        return NodeStatusIcon::UpToDate;
+    }
+    switch (state()) {
+    case NodeState::NeedsProcessing:
+        return NodeStatusIcon::NeedsUpdate;
+    case NodeState::Processing:
+        return NodeStatusIcon::Processing;
+    case NodeState::Failed:
+        return NodeStatusIcon::Error;
+    case NodeState::Processed:
+        break;
+    }
+    // A warning on an empty result tells more than its emptiness.
+    if (hasWarnings() && Settings::current().showWarnings()) {
+        return NodeStatusIcon::Warning;
+    }
+    return isEmpty() ? NodeStatusIcon::Empty : NodeStatusIcon::UpToDate;
+}
+
+// Running
+
+void Node::startProcessing()
+{
+    m_dataset.clear();
+    m_warnings.clear();
+    m_infos.clear();
+    setState(NodeState::Processing, false);
+    emit processingStart(this);
+}
+
+void Node::onProcessed(qreal fractionProcessed)
+{
+    RunControl::checkMemory();
+    if (fractionProcessed < 1.0 && m_lastFractionTime.isValid() && m_lastFractionTime.elapsed() < progressIntervalMs) {
+        return;
+    }
+    if (fractionProcessed <= 0.0 || fractionProcessed >= 1.0 || qAbs(fractionProcessed - m_fraction) >= progressStep) {
+        setFraction(fractionProcessed);
+        update();
+        emit processed(this, fractionProcessed);
+    }
+    m_lastFractionTime.start();
+}
+
+void Node::reportProgress(qint64 done, qint64 total, int step)
+{
+    if (total > 0 && step > 0 && done % step == 0) {
+        onProcessed(static_cast<qreal>(done) / static_cast<qreal>(total));
+    }
+}
+
+void Node::prepareDownstream()
+{
+    for (Node *node : downstreamNodes(true)) {
+        node->beforeProcess();
+    }
+}
+
+void Node::processDownstream(bool releaseInputs)
+{
+    for (Node *node : downstreamNodes(true)) {
+        node->process(true, releaseInputs);
+    }
+}
+
+bool Node::enterWalk()
+{
+    const quint64 run = RunControl::currentRun();
+    if (run != 0 && m_walkedRun == run) {
+        return false;
+    }
+    m_walkedRun = run;
+    return true;
+}
+
+void Node::releaseUpstreamDatasets()
+{
+    const auto waits = [](const Node *node) { return node->state() == NodeState::NeedsProcessing; };
+    for (Node *source : upstreamNodes(false)) {
+        const QList<Node *> consumers = source->downstreamNodes(false);
+        if (!source->datasetConst().isEmpty() && std::none_of(consumers.begin(), consumers.end(), waits)) {
+            source->clearDataset();
+        }
+    }
+}
+
+void Node::refreshColumnOptions()
+{
+    for (Node *node : downstreamNodes(true)) {
+        node->refreshColumnOptions();
+    }
+}
+
+int Node::columnOptionsInUse(const Node *) const
+{
+    return 0;
+}

@@ -1,0 +1,218 @@
+#include "graph/colors.h"
+#include "graph/connection.h"
+#include "graph/connectionlayout.h"
+#include "graph/graphscene.h"
+#include "graph/node.h"
+#include "graph/nodeoverlayitem.h"
+#include "graph/nodepainter.h"
+#include "graph/nodeplacement.h"
+#include "graph/timingbar.h"
+#include "graph/undostep.h"
+#include "settings/settings.h"
+
+#include <QGraphicsDropShadowEffect>
+#include <QGraphicsSceneMouseEvent>
+#include <QPainter>
+#include <QTimer>
+
+// How a node looks and feels on the canvas.
+
+namespace {
+
+constexpr double margin = NodeLayout::selectedBorderWidth;
+constexpr int hoverDelayMs = 150;
+
+bool showsComment(const Node &node)
+{
+    return !node.comment().isEmpty() && Settings::current().showComments();
+}
+
+} // namespace
+
+// Geometry
+
+QPointF Node::centre() const
+{
+    return mapToScene(boxRect().center());
+}
+
+void Node::setCentre(const QPointF &point)
+{
+    setPos(point - boxRect().center());
+}
+
+QRectF Node::boundingRect() const
+{
+    const QRectF box = boxRect().adjusted(-margin, -margin, margin, margin);
+    return comment().isEmpty() ? box : box.united(NodeLayout::comment());
+}
+
+QPainterPath Node::shape() const
+{
+    QPainterPath path;
+    path.addRect(boxRect());
+    return path;
+}
+
+QPointF Node::connectionPoint(Direction side, double offset) const
+{
+    return mapToScene(QPointF(side == Direction::Outgoing ? boxWidth : 0, boxHeight * offset));
+}
+
+// Painting
+
+void Node::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
+{
+    NodePainter::drawBox(*painter, *this);
+    NodePainter::drawTexts(*painter, *this);
+    NodePainter::drawStatusIcon(*painter, NodeLayout::statusIcon(), statusIcon());
+    if (state() == NodeState::Processing) {
+        NodePainter::drawProgress(*painter, *this);
+    }
+    if (showsComment(*this)) {
+        NodePainter::drawComment(*painter, *this);
+    }
+}
+
+void Node::setConnectionHighlighted(bool on)
+{
+    if (on != m_connectionHighlighted) {
+        m_connectionHighlighted = on;
+        update();
+    }
+}
+
+void Node::updateShadow()
+{
+    auto *shadow = static_cast<QGraphicsDropShadowEffect *>(graphicsEffect());
+    const QColor color = colors().color(Colors::Shadow);
+    shadow->setEnabled(color.isValid());
+    if (color.isValid()) {
+        shadow->setColor(color);
+    }
+}
+
+// Overlays and timing bar
+
+void Node::showConnectFromOverlay()
+{
+    GraphScene *owner = graphScene();
+    if (!m_connectFromOverlay && owner) {
+        m_connectFromOverlay = new ConnectFromNodeOverlayItem(this);
+        connect(m_connectFromOverlay, &NodeOverlayItem::clicked, owner, &GraphScene::startConnection);
+    }
+}
+
+void Node::showConnectToOverlay()
+{
+    GraphScene *owner = graphScene();
+    if (!m_connectToOverlay && owner) {
+        m_connectToOverlay = new ConnectToNodeOverlayItem(this);
+        connect(m_connectToOverlay, &NodeOverlayItem::clicked, owner, &GraphScene::connectNodes);
+    }
+}
+
+void Node::hideConnectFromOverlay()
+{
+    delete m_connectFromOverlay;
+    m_connectFromOverlay = nullptr;
+}
+
+void Node::hideConnectToOverlay()
+{
+    delete m_connectToOverlay;
+    m_connectToOverlay = nullptr;
+}
+
+void Node::showTimingBar(double share)
+{
+    if (m_timingBar) {
+        m_timingBar->setShare(share);
+    } else {
+        m_timingBar = new TimingBar(this, share);
+    }
+}
+
+void Node::hideTimingBar()
+{
+    delete m_timingBar;
+    m_timingBar = nullptr;
+}
+
+void Node::onUpdateConnectionGuide()
+{
+    const GraphScene *owner = graphScene();
+    if (owner && isUnderMouse() && !owner->isConnecting() && !owner->isProcessing() && canAcceptConnection()) {
+        showConnectFromOverlay();
+    } else {
+        hideConnectFromOverlay();
+    }
+}
+
+// Mouse
+
+QVariant Node::itemChange(GraphicsItemChange change, const QVariant &value)
+{
+    if (change == ItemPositionHasChanged && !m_connections.isEmpty()) {
+        ConnectionLayout::layOut({this});
+    } else if (change == ItemSceneHasChanged) {
+        updateShadow();
+    }
+    return QGraphicsObject::itemChange(change, value);
+}
+
+void Node::mousePressEvent(QGraphicsSceneMouseEvent *event)
+{
+    QGraphicsObject::mousePressEvent(event);
+    m_attachedNotes.clear();
+    const GraphScene *owner = graphScene();
+    if (owner && event->button() == Qt::LeftButton && Settings::current().autoMoveNotes()) {
+        m_attachedNotes = NodePlacement::attachedNotes(owner->nodes(true), owner->nodes());
+    }
+}
+
+void Node::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
+{
+    GraphScene *owner = graphScene();
+    const bool drags = event->buttons() & Qt::LeftButton && flags() & ItemIsMovable;
+    if (owner && drags && !m_moveStep) {
+        m_moveStep = std::make_unique<UndoStep>(QStringLiteral("move item(s)"));
+    }
+    const QPointF before = pos();
+    QGraphicsObject::mouseMoveEvent(event);
+    for (Node *note : qAsConst(m_attachedNotes)) {
+        note->setPos(note->pos() + pos() - before);
+    }
+}
+
+void Node::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
+{
+    QGraphicsObject::mouseReleaseEvent(event);
+    const GraphScene *owner = graphScene();
+    if (!m_moveStep || !owner) {
+        return;
+    }
+    const QList<Node *> moved = owner->nodes(true) + m_attachedNotes.values();
+    emit nodePosChanged(moved);
+    m_attachedNotes.clear();
+    m_moveStep.reset();
+}
+
+void Node::hoverEnterEvent(QGraphicsSceneHoverEvent *event)
+{
+    QGraphicsObject::hoverEnterEvent(event);
+    if (!m_connectionGuideTimer) {
+        m_connectionGuideTimer = new QTimer(this);
+        m_connectionGuideTimer->setSingleShot(true);
+        connect(m_connectionGuideTimer, &QTimer::timeout, this, &Node::onUpdateConnectionGuide);
+    }
+    m_connectionGuideTimer->start(hoverDelayMs);
+}
+
+void Node::hoverLeaveEvent(QGraphicsSceneHoverEvent *event)
+{
+    QGraphicsObject::hoverLeaveEvent(event);
+    if (m_connectionGuideTimer) {
+        m_connectionGuideTimer->start(hoverDelayMs);
+    }
+}

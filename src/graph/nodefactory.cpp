@@ -1,0 +1,7 @@
+#include "graph/nodefactory.h"
+
+NodeFactory &NodeFactory::instance()
+{
+    static NodeFactory factory;
+    return factory;
+}

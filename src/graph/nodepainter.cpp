@@ -1,0 +1,235 @@
+#include "graph/nodepainter.h"
+
+#include "graph/colors.h"
+#include "graph/node.h"
+
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QPalette>
+
+namespace {
+
+constexpr double lineHeight = 24.0;
+constexpr double iconSize = 18.0;
+constexpr double commentHeight = 26.0;
+constexpr int gradientStep = 10; // per cent of lightness a step of the scheme's gradient strength
+
+QPen penOf(const QColor &color, double width)
+{
+    return color.isValid() ? QPen(color, width) : QPen(Qt::NoPen);
+}
+
+QBrush boxBrush(const Node &node)
+{
+    const QColor color = node.boxColor();
+    const int strength = node.gradientEffect();
+    if (strength <= 0) {
+        return color;
+    }
+    QLinearGradient gradient(node.boxRect().topLeft(), node.boxRect().bottomLeft());
+    gradient.setColorAt(0, color.lighter(100 + strength * gradientStep));
+    gradient.setColorAt(1, color);
+    return gradient;
+}
+
+QColor selectionColor(const Node &node)
+{
+    const QColor ofScheme = node.colors().color(Colors::Selection);
+    return ofScheme.isValid() ? ofScheme : QGuiApplication::palette().color(QPalette::Highlight);
+}
+
+void drawLine(QPainter &painter, const QRectF &rect, const QString &text)
+{
+    const QString shown = QFontMetricsF(painter.font()).elidedText(text, Qt::ElideMiddle, rect.width());
+    painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter, shown);
+}
+
+QFont boxFont(bool bold)
+{
+    QFont font;
+    font.setPixelSize(14);
+    font.setBold(bold);
+    return font;
+}
+
+void drawTick(QPainter &painter, const QRectF &r)
+{
+    painter.drawPolyline(QVector<QPointF>{
+        {r.left() + 4, r.center().y()}, {r.center().x() - 1, r.bottom() - 5}, {r.right() - 4, r.top() + 6}});
+}
+
+void drawCross(QPainter &painter, const QRectF &r)
+{
+    const QRectF inner = r.adjusted(5, 5, -5, -5);
+    painter.drawLine(inner.topLeft(), inner.bottomRight());
+    painter.drawLine(inner.topRight(), inner.bottomLeft());
+}
+
+void drawHourglass(QPainter &painter, const QRectF &r)
+{
+    const QRectF inner = r.adjusted(5, 4, -5, -4);
+    painter.drawLine(inner.topLeft(), inner.topRight());
+    painter.drawLine(inner.bottomLeft(), inner.bottomRight());
+    painter.drawPolyline(QVector<QPointF>{inner.topLeft(), inner.bottomRight()});
+    painter.drawPolyline(QVector<QPointF>{inner.topRight(), inner.bottomLeft()});
+}
+
+void drawSign(QPainter &painter, const QRectF &rect, QChar sign)
+{
+    QFont font = boxFont(true);
+    font.setPixelSize(13);
+    painter.setFont(font);
+    painter.drawText(rect, Qt::AlignCenter, sign);
+}
+
+QColor discColor(NodeStatusIcon icon)
+{
+    switch (icon) {
+    case NodeStatusIcon::UpToDate:
+        return QColor(0x00, 0xAA, 0x00);
+    case NodeStatusIcon::Warning:
+        return QColor(0xFD, 0x9A, 0x00);
+    case NodeStatusIcon::Error:
+        return QColor(0xAA, 0x00, 0x00);
+    case NodeStatusIcon::Empty:
+        return Qt::gray;
+    default:
+        return Qt::lightGray;
+    }
+}
+
+void drawSymbol(QPainter &painter, const QRectF &disc, NodeStatusIcon icon)
+{
+    switch (icon) {
+    case NodeStatusIcon::Empty:
+        painter.drawEllipse(disc.adjusted(5, 5, -5, -5));
+        break;
+    case NodeStatusIcon::Processing:
+        drawHourglass(painter, disc);
+        break;
+    case NodeStatusIcon::UpToDate:
+        drawTick(painter, disc);
+        break;
+    case NodeStatusIcon::Warning:
+        drawSign(painter, disc, QLatin1Char('!'));
+        break;
+    case NodeStatusIcon::Error:
+        drawCross(painter, disc);
+        break;
+    case NodeStatusIcon::NeedsUpdate:
+        drawSign(painter, disc, QLatin1Char('?'));
+        break;
+    case NodeStatusIcon::None:
+        break;
+    }
+}
+
+void drawChevron(QPainter &painter, const QPointF &at, const QPointF &towards)
+{
+    constexpr double reach = 5.0;
+    const QPointF across(towards.y(), towards.x());
+    painter.drawPolyline(QVector<QPointF>{at - reach * across, at + reach * towards, at + reach * across});
+}
+
+} // namespace
+
+// Parts of the box
+
+QRectF NodeLayout::border()
+{
+    return QRectF(0, 0, Node::boxWidth, Node::boxHeight);
+}
+
+QRectF NodeLayout::textLine(int line)
+{
+    const double left = 3 * padding;
+    const double right = line == 1 ? statusIcon().left() - padding : Node::boxWidth - 2 * padding;
+    return QRectF(left, 2 * padding + (line - 1) * lineHeight, right - left, lineHeight);
+}
+
+QRectF NodeLayout::statusIcon()
+{
+    return QRectF(Node::boxWidth - iconSize - 2 * padding, 3 * padding, iconSize, iconSize);
+}
+
+QRectF NodeLayout::progressBar()
+{
+    return QRectF(2 * padding, Node::boxHeight - 3 * padding, Node::boxWidth - 4 * padding, 1.5 * padding);
+}
+
+QRectF NodeLayout::comment()
+{
+    return QRectF(0, Node::boxHeight + padding, Node::boxWidth, commentHeight);
+}
+
+// Drawing
+
+void NodePainter::drawBox(QPainter &painter, const Node &node)
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    const bool emphasised = node.isSelected() || node.isConnectionHighlighted();
+    painter.setPen(emphasised ? QPen(selectionColor(node), NodeLayout::selectedBorderWidth)
+                              : penOf(node.borderColor(), NodeLayout::borderWidth));
+    painter.setBrush(boxBrush(node));
+    painter.drawRoundedRect(NodeLayout::border(), NodeLayout::cornerRadius, NodeLayout::cornerRadius);
+}
+
+void NodePainter::drawTexts(QPainter &painter, const Node &node)
+{
+    painter.setPen(node.textColor());
+    painter.setFont(boxFont(true));
+    drawLine(painter, NodeLayout::textLine(1), node.name());
+    painter.setFont(boxFont(false));
+    drawLine(painter, NodeLayout::textLine(2), node.displaySizeText());
+    drawLine(painter, NodeLayout::textLine(3), node.statusMessage());
+}
+
+void NodePainter::drawComment(QPainter &painter, const Node &node)
+{
+    QFont font = boxFont(false);
+    font.setPixelSize(11);
+    font.setItalic(true);
+    painter.setFont(font);
+    painter.setPen(node.colors().color(Colors::Arrow));
+    const QString line = node.comment().simplified();
+    drawLine(painter, NodeLayout::comment(), line);
+}
+
+void NodePainter::drawProgress(QPainter &painter, const Node &node)
+{
+    QRectF bar = NodeLayout::progressBar();
+    bar.setWidth(bar.width() * qBound(0.0, node.fraction(), 1.0));
+    painter.fillRect(bar, selectionColor(node));
+}
+
+void NodePainter::drawStatusIcon(QPainter &painter, const QRectF &disc, NodeStatusIcon icon)
+{
+    if (icon == NodeStatusIcon::None) {
+        return;
+    }
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor color = discColor(icon);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    painter.drawEllipse(disc);
+    painter.setPen(QPen(qGray(color.rgb()) > 190 ? Qt::darkGray : Qt::white, 2));
+    painter.setBrush(Qt::NoBrush);
+    drawSymbol(painter, disc, icon);
+    painter.restore();
+}
+
+void NodePainter::drawChanges(QPainter &painter, const Node &node, int moreRows, int moreColumns)
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(node.textColor(), 2));
+    const QRectF box = NodeLayout::border();
+    if (moreRows != 0) {
+        drawChevron(painter, {box.right() - 12, box.bottom() - 14}, {0, moreRows > 0 ? 1.0 : -1.0});
+    }
+    if (moreColumns != 0) {
+        drawChevron(painter, {box.right() - 26, box.bottom() - 14}, {moreColumns > 0 ? 1.0 : -1.0, 0});
+    }
+}

@@ -1,0 +1,297 @@
+#include "graph/transformnode.h"
+
+#include "data/datasource.h"
+#include "graph/colors.h"
+#include "graph/connection.h"
+#include "graph/nodepainter.h"
+#include "graph/runcontrol.h"
+#include "settings/settings.h"
+#include "transforms/parameter.h"
+#include "transforms/transform.h"
+
+namespace {
+
+QList<DataSource *> asSources(const QList<Node *> &nodes)
+{
+    QList<DataSource *> sources;
+    for (Node *node : nodes) {
+        sources.append(node);
+    }
+    return sources;
+}
+
+} // namespace
+
+TransformNode::TransformNode(Transform *transform, int id)
+    : Node(id)
+    , m_transform(transform)
+{
+    connect(transform, &Transform::processed, this, &Node::onProcessed);
+}
+
+TransformNode::~TransformNode() = default;
+
+TransformNode *TransformNode::clone() const
+{
+    auto *copy = new TransformNode(m_transform->clone(), id());
+    copy->setPos(pos());
+    copy->setComment(comment());
+    return copy;
+}
+
+// What the transform says
+
+QString TransformNode::name() const
+{
+    return m_transform->displayName();
+}
+
+QString TransformNode::typeName() const
+{
+    return m_transform->typeName();
+}
+
+QString TransformNode::description() const
+{
+    return m_transform->description();
+}
+
+QString TransformNode::helpPage() const
+{
+    return m_transform->typeName();
+}
+
+QString TransformNode::imageName() const
+{
+    return m_transform->imageName();
+}
+
+QString TransformNode::resultText() const
+{
+    return m_transform->resultText();
+}
+
+QStringList TransformNode::warnings() const
+{
+    return m_warnings + m_transform->warnings();
+}
+
+QStringList TransformNode::infos() const
+{
+    return m_infos + m_transform->infos();
+}
+
+int TransformNode::minInputs() const
+{
+    return m_transform->minInputs();
+}
+
+int TransformNode::maxInputs() const
+{
+    return m_transform->maxInputs();
+}
+
+InfoRows TransformNode::kindRows() const
+{
+    return {{QStringLiteral("Connections in"), QString::number(connections(Direction::Incoming).size())},
+        {QStringLiteral("Connections out"), QString::number(connections(Direction::Outgoing).size())},
+        {QStringLiteral("Transform type"), Transform::categoryName(m_transform->category(), false)},
+        {QStringLiteral("Description"), description()}, {QStringLiteral("Result"), resultText()}};
+}
+
+InfoRows TransformNode::optionRows() const
+{
+    QSet<QString> inactive;
+    for (const auto &state : m_transform->parameterStates()) {
+        if (!state.second) {
+            inactive.insert(state.first);
+        }
+    }
+    InfoRows rows;
+    for (const Parameter *parameter : m_transform->parameters()) {
+        if (parameter->kind() != Parameter::Label && !inactive.contains(parameter->name())) {
+            rows.append({parameter->label(), parameter->summary()});
+        }
+    }
+    return rows;
+}
+
+QVariantList TransformNode::summaryRow() const
+{
+    QVariantList row = Node::summaryRow();
+    row.append(typeName());
+    for (const Parameter *parameter : m_transform->parameters()) {
+        row.append(parameter->hasDeferredText() ? QVariant(parameter->toDocumentText()) : parameter->value());
+    }
+    return row;
+}
+
+// Inputs and columns
+
+void TransformNode::setInputsChanged(bool connected)
+{
+    m_transform->setInputs(asSources(upstreamNodes(true)));
+    if (connected) {
+        refreshColumnOptions();
+    }
+}
+
+bool TransformNode::updateInputOrder()
+{
+    return m_transform->updateInputOrder(asSources(upstreamNodes(true)));
+}
+
+void TransformNode::beforeProcess()
+{
+    for (Parameter *parameter : m_transform->parameters()) {
+        parameter->resolveDeferred();
+    }
+}
+
+void TransformNode::reconnectColumns()
+{
+    for (Parameter *parameter : m_transform->parameters()) {
+        parameter->reconnectColumns(m_warnings, m_infos);
+    }
+}
+
+void TransformNode::refreshColumnOptions()
+{
+    for (Parameter *parameter : m_transform->parameters()) {
+        parameter->allowReconnect();
+    }
+    Node::refreshColumnOptions();
+}
+
+void TransformNode::remapColumnIds(const QHash<ColumnId, ColumnId> &map)
+{
+    for (Parameter *parameter : m_transform->parameters()) {
+        parameter->remapColumnIds(map);
+    }
+}
+
+int TransformNode::columnOptionsInUse(const Node *source) const
+{
+    int count = 0;
+    for (const Parameter *parameter : m_transform->parameters()) {
+        const bool concerned = !source || parameter->node() == static_cast<const DataSource *>(source);
+        if (concerned && parameter->dependsOnColumns() && !parameter->referencedColumns().isEmpty()) {
+            ++count;
+        }
+    }
+    return count;
+}
+
+void TransformNode::removeConnection(Connection *connection)
+{
+    // Another connection from the same node may still be there.
+    if (connection->to() == this && upstreamNodes(false).count(connection->from()) == 1) {
+        for (Parameter *parameter : m_transform->parametersForNode(connection->from())) {
+            parameter->clearNode();
+        }
+    }
+    Node::removeConnection(connection);
+}
+
+// Running
+
+void TransformNode::process(bool recurse, bool releaseInputs)
+{
+    if (stopRequested) {
+        return;
+    }
+    if (m_state == NodeState::Processed) {
+        if (!enterWalk()) {
+            return;
+        }
+    } else if (canProcess()) {
+        runTransform();
+        enterWalk();
+        if (releaseInputs) {
+            releaseUpstreamDatasets();
+        }
+    }
+    if (recurse && m_state == NodeState::Processed) {
+        processDownstream(releaseInputs);
+    }
+}
+
+void TransformNode::runTransform()
+{
+    startProcessing();
+    beforeProcess();
+    reconnectColumns();
+    const QList<Node *> inputs = upstreamNodes(true);
+    QElapsedTimer timer;
+    timer.start();
+    setFraction(0.0);
+    m_transform->clearMessages();
+    bool failed = false;
+    m_dataset = m_transform->run(asSources(inputs), &failed);
+    if (!m_transform->hasDrilldown()) {
+        m_dataset.clearDrilldown();
+    }
+    if (!m_transform->isVerify()) {
+        m_dataset.clearIssues();
+    }
+    m_dataset.assignColumnIds(id());
+    m_transform->checkOptions();
+    m_processingMs = timer.elapsed();
+    m_lastProcessed = QDateTime::currentDateTime();
+    setState(failed ? NodeState::Failed : NodeState::Processed, false);
+    warnOfMissingInputs(inputs.size());
+    emit processingEnd(this);
+    m_dataset.releaseValuePools();
+    Settings &settings = Settings::current();
+    settings.setTotalRowsProcessed(settings.totalRowsProcessed() + static_cast<quint64>(m_dataset.rowCount()));
+    prepareDownstream();
+    update();
+}
+
+void TransformNode::warnOfMissingInputs(int count)
+{
+    const int least = minInputs();
+    if (count >= least) {
+        return;
+    }
+    m_warnings.append(least != maxInputs()
+                          ? QStringLiteral("At least %1 upstream connections expected").arg(least)
+                          : QStringLiteral("%1 upstream %2 expected")
+                                .arg(QString::number(least),
+                                    least == 1 ? QStringLiteral("connection") : QStringLiteral("connections")));
+}
+
+// Look
+
+QColor TransformNode::borderColor() const
+{
+    return colors().color(Colors::TransformBorder);
+}
+
+QColor TransformNode::boxColor() const
+{
+    return colors().color(Colors::TransformBox);
+}
+
+QColor TransformNode::textColor() const
+{
+    return colors().color(Colors::TransformText);
+}
+
+void TransformNode::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget)
+{
+    Node::paint(painter, option, widget);
+    if (Settings::current().showChanges() && state() == NodeState::Processed) {
+        paintChanges(painter);
+    }
+}
+
+void TransformNode::paintChanges(QPainter *painter) const
+{
+    const QList<Node *> sources = upstreamNodes(true);
+    if (sources.isEmpty() || sources.size() > 2) {
+        return;
+    }
+    NodePainter::drawChanges(
+        *painter, *this, rowCount() - sources.first()->rowCount(), columnCount() - sources.first()->columnCount());
+}
