@@ -6,8 +6,6 @@ namespace platform {
 
 /// Writes a line to standard error at once, in UTF-8 whatever the locale says.
 void writeConsoleLine(const QString &line);
-/// True when standard error is a terminal that shows colours.
-bool consoleHasColors();
 /// Writes out what the C streams still hold.
 void flushConsole();
 

@@ -3,7 +3,6 @@
 #include <QByteArray>
 #include <QString>
 #include <cstdio>
-#include <unistd.h>
 
 void platform::writeConsoleLine(const QString &line)
 {
@@ -11,11 +10,6 @@ void platform::writeConsoleLine(const QString &line)
     const QByteArray bytes = line.toUtf8() + '\n';
     std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stderr);
     std::fflush(stderr);
-}
-
-bool platform::consoleHasColors()
-{
-    return ::isatty(STDERR_FILENO) && qgetenv("TERM") != "dumb";
 }
 
 void platform::flushConsole()

@@ -1,12 +1,11 @@
 #include "platform/filehold.h"
-#include "platform/privatefile.h"
+#include "platform/ownfile.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
-#include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -71,38 +70,25 @@ TEST_F(Files, HeldFileIsWrittenInPlace)
     EXPECT_TRUE(QFileInfo(path("link")).isSymLink());
 }
 
-TEST_F(Files, PrivateFileIsForItsUserOnly)
-{
-    QString error;
-    ASSERT_TRUE(platform::writePrivateFile(path("a"), "one", &error)) << error.toStdString();
-    ASSERT_TRUE(platform::writePrivateFile(path("a"), "two", &error)) << error.toStdString();
-    struct stat status;
-    ASSERT_EQ(::stat(path("a").toLocal8Bit().constData(), &status), 0);
-    EXPECT_EQ(status.st_mode & 0777u, 0600u);
-    EXPECT_EQ(contentOf(path("a")), "two");
-    EXPECT_TRUE(platform::isOwnFile(path("a")));
-    EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files).size(), 1) << "nothing else is left behind";
-}
-
-TEST_F(Files, PrivateFileNeverFollowsALink)
+TEST_F(Files, MovingOverNeverFollowsALink)
 {
     write(path("victim"), "precious");
+    write(path("new"), "new");
     ASSERT_TRUE(QFile::link(path("victim"), path("a")));
-    EXPECT_FALSE(platform::isOwnFile(path("a")));
-    QString error;
-    EXPECT_TRUE(platform::writePrivateFile(path("a"), "new", &error)) << error.toStdString();
+    EXPECT_FALSE(platform::isOwnFile(path("a"))) << "a link isn't a plain file";
+    EXPECT_TRUE(platform::moveOver(path("new"), path("a")));
     EXPECT_EQ(contentOf(path("victim")), "precious");
-    EXPECT_FALSE(QFileInfo(path("a")).isSymLink()) << "the link itself is replaced";
+    EXPECT_EQ(contentOf(path("a")), "new");
+    EXPECT_TRUE(platform::isOwnFile(path("a"))) << "the link itself is gone";
+    EXPECT_FALSE(QFile::exists(path("new")));
 }
 
-TEST_F(Files, PrivateFileTellsWhyItFails)
+TEST_F(Files, MovingOverAFolderLeavesBoth)
 {
-    QString error;
-    EXPECT_FALSE(platform::writePrivateFile(QStringLiteral("/proc/version/a"), "x", &error));
-    EXPECT_EQ(error, QStringLiteral("Not a directory"));
+    write(path("new"), "new");
     ASSERT_TRUE(QDir().mkpath(path("folder/inside")));
-    EXPECT_FALSE(platform::writePrivateFile(path("folder"), "x", &error));
-    EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files), QStringList()) << "the half-made file is gone";
+    EXPECT_FALSE(platform::moveOver(path("new"), path("folder")));
+    EXPECT_EQ(contentOf(path("new")), "new");
     EXPECT_FALSE(platform::isOwnFile(path("folder")));
     EXPECT_FALSE(platform::isOwnFile(path("nothing")));
 }
