@@ -181,6 +181,15 @@ public:
     bool nextCell(RowIndex &row, ColumnIndex &column) const;
     bool previousCell(RowIndex &row, ColumnIndex &column) const;
 
+    // Order of the rows
+    /// Sorts the rows by `columns`, the 1-based numbers of the key columns in order of importance, negative for
+    /// descending; rows that are equal by all keep their order. With `intelligent`, columns of dates under one of
+    /// `dateFormats` and of numbers go by value where both cells have one, all else by text. With `addRank` the last
+    /// column takes ranks of `rankType` (RowRanks::Type), for each text of column number `rankBy` on its own, 0 for
+    /// none. `info`, which may be null, is told what each column was sorted as.
+    void sortRows(const QList<int> &columns, const QStringList &dateFormats, bool addRank, int rankType, int rankBy,
+        bool localeAware, bool caseSensitive, bool intelligent, QString *info);
+
     // Column tests over a sample from the top (see values.h for how a text is read)
     bool isColumnNumeric(ColumnIndex column, bool ignoreCurrency, int maxRows) const;
     bool isColumnBoolean(ColumnIndex column) const;

@@ -1,0 +1,93 @@
+#include "data/dataset.h"
+#include "data/rowranks.h"
+#include "data/rowsorter.h"
+#include "data/values.h"
+
+#include <algorithm>
+
+namespace {
+
+/// A sort column with what it is sorted as.
+struct SortedColumn
+{
+    ColumnIndex column;
+    bool descending = false;
+    RowSortKey::Type type = RowSortKey::Text;
+    QString dateFormat;
+};
+
+QVector<SortedColumn> classified(
+    const Dataset &dataset, const QList<int> &columns, const QStringList &dateFormats, bool intelligent)
+{
+    constexpr int dateSample = 50;
+    constexpr int numberSample = 100;
+    QVector<SortedColumn> result;
+    for (const int number : columns) {
+        SortedColumn sorted;
+        sorted.column = toIndex(ColumnNumber(std::abs(number)));
+        sorted.descending = number < 0;
+        if (number == 0 || sorted.column.toInt() >= dataset.columnCount()) {
+            continue;
+        }
+        if (intelligent) {
+            if (dataset.isColumnDate(sorted.column, dateFormats, &sorted.dateFormat, dateSample)) {
+                sorted.type = RowSortKey::Date;
+            } else if (dataset.isColumnNumeric(sorted.column, true, numberSample)) {
+                sorted.type = RowSortKey::Number;
+            }
+        }
+        result.append(sorted);
+    }
+    return result;
+}
+
+QString report(const Dataset &dataset, const QVector<SortedColumn> &columns)
+{
+    QStringList lines;
+    for (const SortedColumn &sorted : columns) {
+        const QString as = sorted.type == RowSortKey::Date     ? QStringLiteral("Date (%1)").arg(sorted.dateFormat)
+                           : sorted.type == RowSortKey::Number ? QStringLiteral("Numeric")
+                                                               : QStringLiteral("Text");
+        lines.append(QStringLiteral("Column '%1' sorted %2 as %3")
+                         .arg(dataset.columnName(sorted.column),
+                             sorted.descending ? QStringLiteral("descending") : QStringLiteral("ascending"), as));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+} // namespace
+
+void Dataset::sortRows(const QList<int> &columns, const QStringList &dateFormats, bool addRank, int rankType,
+    int rankBy, bool localeAware, bool caseSensitive, bool intelligent, QString *info)
+{
+    const QVector<SortedColumn> sortedColumns = classified(*this, columns, dateFormats, intelligent);
+    if (!hasRows() || sortedColumns.isEmpty()) {
+        return;
+    }
+    std::vector<RowSortKey> keys;
+    for (const SortedColumn &sorted : sortedColumns) {
+        keys.emplace_back(column(sorted.column), sorted.type, sorted.dateFormat,
+            RowSortKey::TextRules{localeAware, caseSensitive}, sorted.descending);
+    }
+    const QVector<int> order = RowSorter(keys).sorted();
+    CellColumn ranks;
+    if (addRank) {
+        const auto type = rankType < 0 || rankType > RowRanks::Cumulative ? RowRanks::Minimum
+                                                                          : static_cast<RowRanks::Type>(rankType);
+        const bool isSplit = rankBy > 0 && rankBy <= columnCount();
+        ranks = RowRanks(keys, order).ranks(type, isSplit ? &m_columns.at(rankBy - 1) : nullptr);
+    }
+    keys.clear(); // lets the old cells go column by column
+    if (!std::is_sorted(order.cbegin(), order.cend())) {
+        for (CellColumn &cells : m_columns) {
+            cells = cells.gathered(order);
+        }
+    }
+    if (addRank) {
+        m_columns.last() = ranks;
+    }
+    clearValueCaches();
+    if (info) {
+        *info = report(*this, sortedColumns);
+    }
+}
