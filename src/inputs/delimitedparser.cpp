@@ -98,8 +98,8 @@ char *DelimitedParser::parseRows(char *begin, char *end, bool last, RowBatch &ba
             if (quotes && cursor.inside) {
                 if (kind != Quote) {
                     cursor.unusual |= kind == LineEnd || m_delimiterIsSpace;
-                } else if (!takeQuoteInside(cursor, at)) {
-                    return cursor.row;
+                } else {
+                    takeQuoteInside(cursor, at);
                 }
             } else if (kind == Delimiter) {
                 takeDelimiter<quotes>(cursor, at, m_delimiter.size(), batch);
@@ -121,14 +121,10 @@ char *DelimitedParser::parseRows(char *begin, char *end, bool last, RowBatch &ba
     return last ? takeEnd<quotes>(cursor, batch) : cursor.row;
 }
 
-/// False when it takes more text to tell what the quote is.
-bool DelimitedParser::takeQuoteInside(Cursor &cursor, char *at) const
+/// Where the bytes end before the text does, the answer may be wrong: then the row is parsed again with more of them.
+void DelimitedParser::takeQuoteInside(Cursor &cursor, char *at) const
 {
     char *const following = at + 1;
-    const bool enough = cursor.end - following >= m_delimiter.size();
-    if (!enough && !cursor.last) {
-        return false;
-    }
     if (following < cursor.end && *following == '"') {
         cursor.quoted = true;
         cursor.next = at + 2;
@@ -138,7 +134,6 @@ bool DelimitedParser::takeQuoteInside(Cursor &cursor, char *at) const
     } else {
         cursor.quoted = true;
     }
-    return true;
 }
 
 template<bool quotes>

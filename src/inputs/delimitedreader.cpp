@@ -83,8 +83,9 @@ private:
 void DelimitedReader::read(Dataset *dataset)
 {
     Buffer buffer;
-    // Enough for the guess, whatever the characters are.
-    buffer.refill(*m_source, buffer.begin(), qMax(m_blockSize, 4 * DelimiterGuess::sampleSize));
+    // For a guess, enough for its sample whatever the characters are.
+    const int least = m_options.delimiter == DelimiterKind::Automatic ? 4 * DelimiterGuess::sampleSize : 1;
+    buffer.refill(*m_source, buffer.begin(), qMax(m_blockSize, least));
     const DelimitedSyntax syntax = chooseSyntax(buffer);
     RowBatch batch(m_options.rows, dataset);
     parse(buffer, syntax, batch);

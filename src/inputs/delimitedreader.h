@@ -35,7 +35,7 @@ public:
 
     /// Called now and then with the share done, 0 to 1; may throw, which ends the reading.
     void setProgress(std::function<void(double)> progress) { m_progress = std::move(progress); }
-    /// Bytes read at a time; at least TextSource::leastRoom.
+    /// Bytes read at a time, about; at least 1.
     void setBlockSize(int size) { m_blockSize = size; }
 
     /// Appends what the source holds to `dataset`. Throws std::bad_alloc when there is too much of it.

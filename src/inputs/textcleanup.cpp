@@ -1,5 +1,7 @@
 #include "inputs/textcleanup.h"
 
+#include "data/controlspace.h"
+
 namespace {
 
 /// Size of the whitespace character that ends at `end`.
@@ -35,23 +37,12 @@ void TextCleanup::trim(const char *&begin, const char *&end)
 
 int TextCleanup::simplify(char *bytes, int size)
 {
-    int in = 0;
-    while (in < size && !mayBeginSpace(bytes[in])) {
-        ++in;
-    }
-    int out = in;
-    while (in < size) {
-        const int space = mayBeginSpace(bytes[in]) ? spaceSize(bytes + in, size - in) : 0;
-        if (space == 0) {
-            bytes[out++] = bytes[in++];
-            continue;
+    for (int i = 0; i < size; ++i) {
+        if (mayBeginSpace(bytes[i]) && spaceSize(bytes + i, size - i) > 0) {
+            return simplifyControlSpace(bytes, size);
         }
-        if (bytes[in] != '\r') {
-            bytes[out++] = ' ';
-        }
-        in += space;
     }
-    return out;
+    return size;
 }
 
 int TextCleanup::unquote(char *bytes, int size)

@@ -42,7 +42,7 @@ inline bool mayBeginSpace(char byte)
 
 /// Moves both ends past whitespace.
 void trim(const char *&begin, const char *&end);
-/// Takes carriage returns out and makes a blank of every other whitespace character, in place; returns the new size.
+/// simplifyControlSpace() that costs little where there is nothing to do; in place, returns the new size.
 int simplify(char *bytes, int size);
 /// What is inside quotes after the opening one: doubled quotes become one, single ones go; in place.
 int unquote(char *bytes, int size);
