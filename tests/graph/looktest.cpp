@@ -1,0 +1,149 @@
+#include "graphfixture.h"
+
+#include "graph/arrowhead.h"
+#include "graph/colors.h"
+#include "graph/delimiters.h"
+#include "graph/notenode.h"
+#include "graph/timingbar.h"
+
+#include <QImage>
+#include <QPainter>
+
+using LookTest = GraphTest;
+
+TEST_F(LookTest, ColoursOfSchemes)
+{
+    struct Case
+    {
+        const char *what;
+        int scheme;
+        Colors::Role role;
+        QColor color;
+    };
+    const Case cases[] = {
+        {"Modern, box of an input", Colors::Modern, Colors::InputBox, QColor(255, 224, 234)},
+        {"box text serves all kinds", Colors::Vivid, Colors::OutputText, QColor(220, 220, 220)},
+        {"Obsidian looks like Dark", Colors::Obsidian, Colors::TransformBorder, QColor(85, 170, 255)},
+        {"Quartzite has a colour for the selection", Colors::Quartzite, Colors::Selection, QColor(246, 161, 2)},
+        {"others haven't", Colors::TheBlues, Colors::Selection, QColor()},
+        {"Candy has no shadow", Colors::Candy, Colors::Shadow, QColor()},
+        {"black is a colour", Colors::Sapphire, Colors::Shadow, QColor(0, 0, 0)},
+        {"a number outside the table is the custom scheme", 99, Colors::Arrow, QColor(1, 2, 3)},
+    };
+    settings->setCustomColor(Colors::Arrow, QColor(1, 2, 3));
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        EXPECT_EQ(Colors(c.scheme).color(c.role), c.color);
+    }
+    EXPECT_EQ(Colors::schemeNames().at(Colors::Sapphire), "Sapphire");
+    EXPECT_EQ(Colors::schemeNames().size(), 11);
+    EXPECT_EQ(Colors::roleName(Colors::Shadow), "shadow");
+}
+
+TEST_F(LookTest, WidthAndGradientOfSchemes)
+{
+    settings->setCustomConnectionThickness(3.5);
+    settings->setCustomGradientEffect(7);
+    const QList<double> widths{3.5, 2, 2, 2, 4, 2, 2, 4, 2, 4, 4};
+    const QList<int> gradients{7, 0, 0, 0, 0, 0, 0, 0, 5, 9, 6};
+    for (int scheme = 0; scheme < Colors::SchemeCount; ++scheme) {
+        SCOPED_TRACE(scheme);
+        EXPECT_EQ(Colors(scheme).connectionThickness(), widths.at(scheme));
+        EXPECT_EQ(Colors(scheme).gradientEffect(), gradients.at(scheme));
+    }
+}
+
+TEST_F(LookTest, TimingBarsGoFromGreenToRed)
+{
+    EXPECT_EQ(TimingBar::color(0).hue(), 120);
+    EXPECT_EQ(TimingBar::color(1).hue(), 0);
+    EXPECT_EQ(TimingBar::color(0.5).hue(), 21);
+    Node *in = input("in", 0, 0);
+    in->showTimingBar(0.2);
+    in->showTimingBar(0.4);
+    ASSERT_EQ(in->childItems().size(), 1) << "one bar, however often";
+    EXPECT_EQ(in->childItems().first()->boundingRect().center().x() + in->childItems().first()->x(),
+        in->boxRect().center().x());
+    in->hideTimingBar();
+    EXPECT_TRUE(in->childItems().isEmpty());
+}
+
+TEST_F(LookTest, ConnectionsSpreadOverTheEdgeByHeight)
+{
+    Node *in = input("in", 0, 0);
+    Node *low = probe("low", 1, 2, {in});
+    Node *high = probe("high", 1, -2, {in});
+    scene.layOutConnections();
+    Connection *toLow = low->connections(Direction::Incoming).first();
+    Connection *toHigh = high->connections(Direction::Incoming).first();
+    EXPECT_LT(toHigh->fromOffset(), toLow->fromOffset());
+    EXPECT_EQ(toLow->toOffset(), 0.5);
+    EXPECT_EQ(toLow->path().elementAt(0).y, in->y() + Node::boxHeight * toLow->fromOffset());
+    low->setX(600);
+    EXPECT_GT(toLow->path().boundingRect().right(), 580) << "a line follows its node";
+}
+
+TEST_F(LookTest, EveryKindPaints)
+{
+    Node *in = input("in", 0, 0);
+    TransformNode *a = probe("a", 1, 0, {in});
+    a->setComment("why");
+    in->setSelected(true);
+    in->showTimingBar(0.5);
+    in->showConnectFromOverlay();
+    auto *note = new NoteNode(NoteNode::Left);
+    place(note, "note", 2, 0);
+    note->setComment("text\nover lines");
+    settings->setShowChanges(true);
+    scene.layOutConnections();
+    scene.updateSceneRect();
+    for (int scheme = 0; scheme < Colors::SchemeCount; ++scheme) {
+        for (NodeState state :
+            {NodeState::NeedsProcessing, NodeState::Processing, NodeState::Processed, NodeState::Failed}) {
+            SCOPED_TRACE(scheme);
+            const Colors colors(scheme);
+            scene.setColorsOverride(&colors);
+            a->setState(state, false);
+            QImage image(800, 200, QImage::Format_ARGB32);
+            image.fill(Qt::transparent);
+            QPainter painter(&image);
+            scene.render(&painter);
+            painter.end();
+            EXPECT_NE(image.pixelColor(400, 100), QColor(Qt::transparent));
+            scene.setColorsOverride(nullptr);
+        }
+    }
+}
+
+TEST_F(LookTest, DelimiterCharacters)
+{
+    struct Case
+    {
+        const char *what;
+        int kind;
+        const char *label;
+        QChar character;
+    };
+    const Case cases[] = {
+        {"automatic has none", DelimiterKind::Automatic, "Automatic", QChar()},
+        {"comma", DelimiterKind::Comma, "Comma (,)", ','},
+        {"tab, its label with a backslash", DelimiterKind::Tab, "Tab (\\t)", '\t'},
+        {"the user's own", DelimiterKind::Custom, "Custom", '#'},
+        {"unit separator", DelimiterKind::UnitSeparator, "Unit separator (0x1F)", QChar(0x1F)},
+        {"a number outside the table", 12, "", QChar()},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        EXPECT_EQ(DelimiterKind::label(c.kind), c.label);
+        EXPECT_EQ(DelimiterKind::character(c.kind, '#'), c.character);
+    }
+}
+
+TEST_F(LookTest, ArrowHeadsPointAlongTheLine)
+{
+    const QPolygonF head = arrowHead({0, 0}, {10, 0}, 8);
+    ASSERT_EQ(head.size(), 3);
+    EXPECT_EQ(head.first(), QPointF(10, 0));
+    EXPECT_NEAR(head.at(1).x(), 10 - 8 * 0.866, 0.01);
+    EXPECT_NEAR(head.at(1).y(), -head.at(2).y(), 1e-9);
+}
