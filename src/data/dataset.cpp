@@ -108,6 +108,7 @@ void Dataset::setColumnCount(int count)
         return;
     }
     const int before = columnCount();
+    padHeader();
     if (count < before) {
         m_valuePools.resize(qMin(m_valuePools.size(), static_cast<size_t>(count)));
         m_columnIds.erase(m_columnIds.begin() + count, m_columnIds.end());
@@ -115,7 +116,6 @@ void Dataset::setColumnCount(int count)
             m_header.erase(m_header.begin() + count, m_header.end());
         }
     }
-    padHeader();
     m_columns.resize(count);
     for (int i = before; i < count; ++i) {
         m_columns[i].cells.resize(m_rowCount);

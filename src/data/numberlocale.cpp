@@ -2,10 +2,15 @@
 
 namespace {
 
-bool isPlain(const QLocale &locale)
+bool readsAsEverywhere(const QLocale &locale)
 {
     const QLocale::NumberOptions strict = QLocale::RejectLeadingZeroInExponent | QLocale::RejectTrailingZeroesAfterDot;
     return !(locale.numberOptions() & strict) && locale.exponential().toLower() == QLatin1Char('e');
+}
+
+bool writesAscii(const QLocale &locale)
+{
+    return locale.zeroDigit() == QLatin1Char('0') && locale.negativeSign() == QLatin1Char('-');
 }
 
 char asAscii(QChar c)
@@ -18,7 +23,8 @@ char asAscii(QChar c)
 NumberLocale::NumberLocale(const QLocale &numberLocale)
     : locale(numberLocale)
     , decimalPoint(numberLocale.decimalPoint())
-    , readsPlainly(isPlain(numberLocale))
+    , readsPlainly(readsAsEverywhere(numberLocale))
+    , writesPlainly(writesAscii(numberLocale))
     , asciiDecimalPoint(asAscii(decimalPoint))
 {
 }

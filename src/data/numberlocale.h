@@ -15,5 +15,6 @@ public:
     const QLocale locale;
     const QChar decimalPoint;
     const bool readsPlainly;      ///< ASCII digits, signs and exponents read as everywhere
+    const bool writesPlainly;     ///< digits and signs are ASCII's
     const char asciiDecimalPoint; ///< 0 when the decimal point isn't ASCII
 };

@@ -95,13 +95,15 @@ qlonglong NumberReader::readLongLong(const QString &text, bool *ok) const
 int NumberReader::readInt(const Cell &cell, bool *ok) const
 {
     bool read = false;
-    return toInt(readLongLong(cell, &read), read, ok);
+    const qlonglong value = readLongLong(cell, &read);
+    return toInt(value, read, ok);
 }
 
 int NumberReader::readInt(const QString &text, bool *ok) const
 {
     bool read = false;
-    return toInt(readLongLong(text, &read), read, ok);
+    const qlonglong value = readLongLong(text, &read);
+    return toInt(value, read, ok);
 }
 
 int NumberReader::toInt(qlonglong value, bool read, bool *ok)

@@ -1,6 +1,6 @@
 #include "data/realwriter.h"
 
-#include "data/numberscan.h"
+#include "data/numberlocale.h"
 #include "data/textcoding.h"
 
 #include <cmath>
@@ -50,22 +50,16 @@ int digitCount(quint64 value)
     return count;
 }
 
-char plainDecimalPoint(const QLocale &locale)
-{
-    const bool plain = locale.zeroDigit() == QLatin1Char('0') && locale.negativeSign() == QLatin1Char('-');
-    return plain && locale.decimalPoint().unicode() < 0x80 ? locale.decimalPoint().toLatin1() : '\0';
-}
-
 } // namespace
 
 RealWriter::RealWriter(bool withGrouping, int decimals, bool trimZeros)
     : m_decimals(decimals)
     , m_withGrouping(withGrouping)
     , m_trimZeros(trimZeros)
-    , m_plainDecimalPoint(plainDecimalPoint(m_locale))
 {
-    if (withGrouping || decimals < -1 || decimals > significantDigits) {
-        m_plainDecimalPoint = 0;
+    const std::shared_ptr<const NumberLocale> numbers = NumberLocale::of(m_locale);
+    if (numbers->writesPlainly && !withGrouping && decimals >= -1 && decimals <= significantDigits) {
+        m_plainDecimalPoint = numbers->asciiDecimalPoint;
     }
 }
 

@@ -23,5 +23,5 @@ private:
     int m_decimals;
     bool m_withGrouping;
     bool m_trimZeros;
-    char m_plainDecimalPoint; ///< 0 when the locale writes other digits or signs than ASCII's
+    char m_plainDecimalPoint = 0; ///< 0 when the locale writes other digits or signs than ASCII's
 };

@@ -86,11 +86,11 @@ bool isJsonNumber(const QString &text)
 QString formatInteger(qlonglong value, bool withGrouping)
 {
     const QLocale locale;
-    QString text = locale.toString(value);
-    if (!withGrouping) {
-        text.remove(locale.groupSeparator());
+    if (withGrouping) {
+        return locale.toString(value);
     }
-    return text;
+    return NumberLocale::of(locale)->writesPlainly ? QString::number(value)
+                                                   : locale.toString(value).remove(locale.groupSeparator());
 }
 
 QString formatReal(double value, bool withGrouping, int decimals, bool trimZeros)
