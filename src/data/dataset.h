@@ -2,12 +2,12 @@
 
 #include "data/cellcolumn.h"
 #include "data/datasetissues.h"
+#include "data/drilldown.h"
 #include "data/indexes.h"
 #include "data/valuepool.h"
 
 #include <QHash>
 #include <QList>
-#include <QMultiHash>
 #include <QStringList>
 
 class QMimeData;
@@ -224,7 +224,7 @@ private:
     mutable QHash<ColumnId, ColumnIndex> m_columnIndexById;
     mutable bool m_columnIndexDirty = true;
     std::vector<ValuePool> m_valuePools;
-    QMultiHash<CellKey, RowIndex> m_drilldown;
+    Drilldown m_drilldown;
     DatasetIssues m_issues;
     TextArenaPointer
         m_arena; // texts written through this object; never shared with a copy, which would keep them alive

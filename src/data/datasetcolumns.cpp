@@ -173,7 +173,7 @@ void Dataset::clearDuplicateColumnIds()
 
 void Dataset::addDrilldownRow(RowIndex row, ColumnIndex column, RowIndex sourceRow)
 {
-    m_drilldown.insert({row, column}, sourceRow);
+    m_drilldown.add(row, column, sourceRow);
 }
 
 void Dataset::addDrilldownRows(RowIndex row, ColumnIndex column, const QList<RowIndex> &sourceRows)
@@ -185,9 +185,9 @@ void Dataset::addDrilldownRows(RowIndex row, ColumnIndex column, const QList<Row
 
 QList<RowIndex> Dataset::drilldownRows(RowIndex row, ColumnIndex column) const
 {
-    QList<RowIndex> rows = m_drilldown.values({row, ColumnIndex()});
+    QList<RowIndex> rows = m_drilldown.sourceRows(row, ColumnIndex());
     if (column.isValid()) {
-        rows += m_drilldown.values({row, column});
+        rows += m_drilldown.sourceRows(row, column);
     }
     return rows;
 }

@@ -10,74 +10,105 @@ namespace {
 
 constexpr int longestText = 256;
 
-const QString datasetRuleLine = QStringLiteral("Dataset rule fail: ");
-const QString columnRuleLine = QStringLiteral("Column rule fail: ");
-
-QList<int> sorted(QList<int> ruleIds)
+void appendCounts(QStringList &lines, const char *start, const QMap<int, int> &counts, QString (*ruleName)(int))
 {
-    std::sort(ruleIds.begin(), ruleIds.end());
-    return ruleIds;
-}
-
-void appendCounts(QStringList &lines, const QString &start, const QHash<int, int> &counts, QString (*ruleName)(int))
-{
-    for (int ruleId : sorted(counts.keys())) {
-        lines.append(
-            start + ruleName(ruleId) + QLatin1String(" (") + QString::number(counts.value(ruleId)) + QLatin1Char(')'));
+    for (auto rule = counts.cbegin(); rule != counts.cend(); ++rule) {
+        lines.append(QLatin1String(start) + ruleName(rule.key()) + QLatin1String(" (") + QString::number(rule.value())
+                     + QLatin1Char(')'));
     }
 }
+
+const char *const datasetRuleLine = "Dataset rule fail: ";
+const char *const columnRuleLine = "Column rule fail: ";
 
 } // namespace
 
-void DatasetIssues::raise(RowIndex row, ColumnIndex column, int level)
+DatasetIssues::Summary &DatasetIssues::raised(ColumnIndex column, int level)
 {
-    const auto known = m_levels.find({row, column});
-    if (known == m_levels.end()) {
-        m_levels.insert({row, column}, level);
-    } else {
-        *known = qMax(*known, level);
-    }
+    Summary &summary = m_columns[column];
+    summary.level = qMax(summary.level, level);
+    return summary;
 }
 
 void DatasetIssues::addCellIssue(RowIndex row, ColumnIndex column, int level, int ruleId)
 {
-    raise(row, column, level);
-    raise(row, ColumnIndex(), level);
-    raise(RowIndex(), column, level);
-    ++m_rowColumnRuleFails[row][ruleId];
-    ++m_columnColumnRuleFails[column][ruleId];
-    m_cellRuleFails.insert({row, column}, ruleId);
+    m_fails.append({row.toInt(), column.toInt(), static_cast<qint16>(level), static_cast<qint16>(ruleId)});
+    m_sorted = false;
+    ++raised(column, level).columnRules[ruleId];
 }
 
 void DatasetIssues::addColumnIssue(ColumnIndex column, int level, int ruleId)
 {
-    raise(RowIndex(), column, level);
-    ++m_columnColumnRuleFails[column][ruleId];
+    ++raised(column, level).columnRules[ruleId];
 }
 
 void DatasetIssues::addDatasetColumnIssue(ColumnIndex column, int level, int ruleId)
 {
-    raise(RowIndex(), column, level);
-    ++m_columnDatasetRuleFails[column][ruleId];
+    ++raised(column, level).datasetRules[ruleId];
 }
 
 void DatasetIssues::addDatasetRowIssue(RowIndex row, int level, int ruleId)
 {
-    raise(row, ColumnIndex(), level);
-    ++m_rowDatasetRuleFails[row][ruleId];
+    m_fails.append({row.toInt(), -1, static_cast<qint16>(level), static_cast<qint16>(ruleId)});
+    m_sorted = false;
+}
+
+DatasetIssues::FailRange DatasetIssues::failsAt(RowIndex row, ColumnIndex column) const
+{
+    const auto byCell = [](const Fail &a, const Fail &b) {
+        return a.row != b.row ? a.row < b.row : a.column != b.column ? a.column < b.column : a.ruleId < b.ruleId;
+    };
+    const auto byPosition = [column](const Fail &a, const Fail &b) {
+        return a.row != b.row ? a.row < b.row : column.isValid() && a.column < b.column;
+    };
+    if (!m_sorted) {
+        std::sort(m_fails.begin(), m_fails.end(), byCell);
+        m_sorted = true;
+    }
+    const Fail wanted{row.toInt(), column.toInt(), 0, 0};
+    const auto range = std::equal_range(m_fails.cbegin(), m_fails.cend(), wanted, byPosition);
+    return {range.first, range.second};
+}
+
+DatasetIssues::Summary DatasetIssues::rowSummary(RowIndex row) const
+{
+    Summary summary;
+    const FailRange range = failsAt(row, ColumnIndex());
+    for (auto fail = range.first; fail != range.second; ++fail) {
+        summary.level = qMax<int>(summary.level, fail->level);
+        ++(fail->column < 0 ? summary.datasetRules : summary.columnRules)[fail->ruleId];
+    }
+    return summary;
+}
+
+int DatasetIssues::level(RowIndex row, ColumnIndex column) const
+{
+    int highest = -1;
+    if (row.isValid()) {
+        const FailRange range = failsAt(row, column);
+        for (auto fail = range.first; fail != range.second; ++fail) {
+            highest = qMax<int>(highest, fail->level);
+        }
+    } else {
+        highest = m_columns.value(column).level;
+    }
+    return highest < 0 ? noLevel : highest;
 }
 
 QString DatasetIssues::text(RowIndex row, ColumnIndex column) const
 {
     QStringList lines;
-    appendCounts(lines, datasetRuleLine, m_rowDatasetRuleFails.value(row), verifyDatasetRuleName);
-    appendCounts(lines, columnRuleLine, m_rowColumnRuleFails.value(row), verifyColumnRuleName);
+    const auto appendSummary = [&lines](const Summary &summary) {
+        appendCounts(lines, datasetRuleLine, summary.datasetRules, verifyDatasetRuleName);
+        appendCounts(lines, columnRuleLine, summary.columnRules, verifyColumnRuleName);
+    };
+    appendSummary(rowSummary(row));
     if (column.isValid()) {
-        appendCounts(lines, datasetRuleLine, m_columnDatasetRuleFails.value(column), verifyDatasetRuleName);
-        appendCounts(lines, columnRuleLine, m_columnColumnRuleFails.value(column), verifyColumnRuleName);
-    }
-    for (int ruleId : sorted(m_cellRuleFails.values({row, column}))) {
-        lines.append(columnRuleLine + verifyColumnRuleName(ruleId));
+        appendSummary(m_columns.value(column));
+        const FailRange range = failsAt(row, column);
+        for (auto fail = range.first; fail != range.second; ++fail) {
+            lines.append(QLatin1String(columnRuleLine) + verifyColumnRuleName(fail->ruleId));
+        }
     }
     return ellipsized(lines.join(QLatin1Char('\n')), longestText);
 }

@@ -112,18 +112,6 @@ inline uint qHash(ColumnId id, uint seed = 0)
     return ::qHash(id.nodeId(), seed) * 31u + ::qHash(id.serial(), seed);
 }
 
-/// Position of one cell; an invalid part stands for a whole row or a whole column.
-struct CellKey
-{
-    RowIndex row;
-    ColumnIndex column;
-    friend bool operator==(const CellKey &a, const CellKey &b) { return a.row == b.row && a.column == b.column; }
-};
-inline uint qHash(const CellKey &key, uint seed = 0)
-{
-    return qHash(key.row, seed) * 1000003u + qHash(key.column, seed);
-}
-
 Q_DECLARE_TYPEINFO(RowIndex, Q_PRIMITIVE_TYPE);
 Q_DECLARE_TYPEINFO(ColumnIndex, Q_PRIMITIVE_TYPE);
 Q_DECLARE_TYPEINFO(ColumnNumber, Q_PRIMITIVE_TYPE);

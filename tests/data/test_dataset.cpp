@@ -245,6 +245,12 @@ TEST(Dataset, DrilldownGivesRowsOfTheWholeRowFirst)
     EXPECT_EQ(dataset.drilldownRows(row0, column1), QList<RowIndex>({RowIndex(9), RowIndex(5)}));
     EXPECT_EQ(dataset.drilldownRows(row0, ColumnIndex()), QList<RowIndex>({RowIndex(9)}));
     EXPECT_TRUE(dataset.drilldownRows(RowIndex(1), column1).isEmpty());
+    const Dataset copy = dataset;
+    dataset.addDrilldownRows(row0, column1, {RowIndex(3), RowIndex(4)});
+    dataset.addDrilldownRow(RowIndex(1), column1, RowIndex(1));
+    EXPECT_EQ(
+        dataset.drilldownRows(row0, column1), QList<RowIndex>({RowIndex(9), RowIndex(5), RowIndex(3), RowIndex(4)}));
+    EXPECT_EQ(copy.drilldownRows(row0, column1).size(), 2);
     dataset.clearDrilldown();
     EXPECT_FALSE(dataset.hasDrilldown());
 }
@@ -341,6 +347,8 @@ TEST(Dataset, IssuesKeepTheHighestLevelAndTellTheRules)
     EXPECT_EQ(dataset.issueText(RowIndex(), column0), "Column rule fail: Match column name (1)");
     EXPECT_EQ(dataset.issueText(RowIndex(2), ColumnIndex()), "Dataset rule fail: No empty rows (1)");
     EXPECT_EQ(dataset.issueText(RowIndex(1), ColumnIndex()), "Column rule fail: No empty values (1)");
+    dataset.addCellIssue(RowIndex(1), column1, 2, 15);
+    EXPECT_EQ(dataset.issueLevel(RowIndex(1), ColumnIndex()), 2);
     dataset.clearIssues();
     EXPECT_FALSE(dataset.hasIssues());
 }
