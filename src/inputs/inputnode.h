@@ -1,0 +1,84 @@
+#pragma once
+
+#include "graph/ionode.h"
+#include "inputs/inputoptions.h"
+
+class FileWatch;
+class QTimer;
+
+/// The item that brings a table into the flow: it reads one source by its options and tells what it met there.
+class InputNode : public IONode
+{
+    Q_OBJECT
+
+public:
+    explicit InputNode(const InputOptions &options = InputOptions(), int id = -1);
+    ~InputNode() override;
+    int type() const override { return ItemType::Input; }
+    InputNode *clone() const override;
+
+    InputOptions options() const;
+    /// Whoever changes options marks the node stale; a change of what is watched takes effect with the next reading.
+    void setOptions(const InputOptions &options);
+    /// Drops the data and marks everything downstream stale.
+    void setPath(const QString &path, const QString &sheet) override;
+    /// The column names of the last reading, before a schema or meta information changed them.
+    const QStringList &previousColumnNames() const { return m_previousColumnNames; }
+
+    QString name() const override;
+    QString listName() const override;
+    QString typeName() const override { return kindName(); }
+    /// A name for a file made of this input's data.
+    QString defaultOutputName() const;
+    QString description() const override;
+    QString helpPage() const override { return QStringLiteral("Input_data"); }
+    QString imageName() const override { return QStringLiteral("input"); }
+    bool hasHeader() const override;
+    int maxInputs() const override { return 0; }
+    int maxOutputs() const override { return unlimited; }
+    bool canProcess() const override { return true; }
+    QString resultText() const override;
+    InfoRows kindRows() const override { return informationRows(); }
+    InfoRows optionRows() const override { return optionSummary(); }
+    /// Where the data comes from and what came of it.
+    InfoRows informationRows() const;
+    /// The options that matter for this source, with their values.
+    InfoRows optionSummary() const;
+    QVariantList summaryRow() const override;
+    QColor borderColor() const override;
+    QColor boxColor() const override;
+    QColor textColor() const override;
+
+    void process(bool recurse, bool releaseInputs) override;
+    void connectToScene(GraphScene *scene) override;
+
+    /// Waits between a change of a watched file and the new reading: for the file to rest, and for a run to end.
+    static void setWatchDelays(int quietMs, int busyMs);
+
+signals:
+    /// The source has changed and is to be read again.
+    void sourceChanged(Node *node);
+
+public slots:
+    void onWatchedChanged();
+    void onDelayedImport();
+
+private:
+    void read();
+    void readSingle();
+    bool readClipboard();
+    bool readPath();
+    bool readFile(const QString &path, Dataset &dataset, double progressStart, double progressEnd);
+    void finishReading();
+    bool guessHeader() const;
+    void addMetaInformation();
+    void updateWatch();
+    void startWatching(const QString &path);
+    void stopWatching();
+    void fail(const QString &warning);
+
+    InputOptions m_options; // but for those that IONode holds
+    QStringList m_previousColumnNames;
+    FileWatch *m_watcher = nullptr;
+    QTimer *m_importTimer = nullptr;
+};
