@@ -1,0 +1,225 @@
+#include "charts/chartnode.h"
+
+#include "graph/colors.h"
+#include "graph/graphscene.h"
+#include "graph/runcontrol.h"
+
+#include <QFileInfo>
+#include <QLocale>
+
+namespace {
+
+QVariantList axisValues(const ChartAxisOptions &axis)
+{
+    return {axis.show, axis.showGrid, axis.titleOption, axis.customTitle, axis.scale, axis.customMinimum, axis.minimum,
+        axis.customMaximum, axis.maximum, axis.niceValues, axis.showLabels, axis.labelAngle, axis.labelFormat,
+        axis.labelPrecision};
+}
+
+QVariantList columnValues(const ChartColumns &columns)
+{
+    QVariantList values{columns.x().nodeId(), columns.x().serial()};
+    for (ColumnId id : columns.y()) {
+        values << id.nodeId() << id.serial();
+    }
+    return values;
+}
+
+} // namespace
+
+ChartNode::ChartNode(const ChartOptions &options, int id)
+    : Node(id)
+    , m_options(options)
+{
+}
+
+void ChartNode::setOptions(const ChartOptions &options)
+{
+    m_options = options;
+    update();
+}
+
+void ChartNode::setPath(const QString &path)
+{
+    m_options.path = path;
+    setState(NodeState::NeedsProcessing, false);
+    update();
+}
+
+const Dataset *ChartNode::upstreamDataset() const
+{
+    const QList<Node *> upstream = upstreamNodes(false);
+    return upstream.isEmpty() ? nullptr : &upstream.first()->datasetConst();
+}
+
+QString ChartNode::storedXColumn() const
+{
+    return m_columns.storedX(upstreamDataset());
+}
+
+QString ChartNode::storedYColumns() const
+{
+    return m_columns.storedY(upstreamDataset());
+}
+
+ChartNode *ChartNode::clone() const
+{
+    auto *copy = new ChartNode(m_options, id());
+    copy->m_columns = m_columns;
+    copy->setAlias(alias());
+    copy->setComment(comment());
+    copy->setPos(pos());
+    return copy;
+}
+
+QString ChartNode::name() const
+{
+    return m_options.type == ChartChoice::NoType ? kindName() : ChartChoice::typeLabel(m_options.type);
+}
+
+QString ChartNode::listName() const
+{
+    const QString fileName = QFileInfo(m_options.path).fileName();
+    return m_options.writeFile && !fileName.isEmpty() ? fileName : name();
+}
+
+QString ChartNode::description() const
+{
+    return QStringLiteral("Output to %1.").arg(QStringLiteral("Chart"));
+}
+
+QString ChartNode::helpPage() const
+{
+    return QStringLiteral("Chart_data");
+}
+
+QString ChartNode::resultText() const
+{
+    const bool failed = state() == NodeState::Failed;
+    if (m_options.writeFile) {
+        return failed ? QStringLiteral("Error writing") : QStringLiteral("Written");
+    }
+    return failed ? QStringLiteral("Error plotting") : QStringLiteral("Plotted");
+}
+
+bool ChartNode::isEmpty() const
+{
+    const Dataset *upstream = upstreamDataset();
+    return !upstream || upstream->isEmpty();
+}
+
+QString ChartNode::displaySizeText() const
+{
+    const Dataset *upstream = upstreamDataset();
+    const int points = upstream ? upstream->rowCount() : 0;
+    const QLocale locale;
+    return QStringLiteral("%1 series / %2 %3")
+        .arg(locale.toString(m_columns.y().size()), locale.toString(points),
+            points == 1 ? QStringLiteral("point") : QStringLiteral("points"));
+}
+
+void ChartNode::beforeProcess()
+{
+    const QList<Node *> upstream = upstreamNodes(false);
+    if (!upstream.isEmpty() && upstream.first()->isReady()) {
+        m_columns.resolve(upstream.first()->datasetConst());
+    }
+}
+
+void ChartNode::process(bool, bool releaseInputs)
+{
+    if (stopRequested || state() == NodeState::Processed || !canProcess()) {
+        return;
+    }
+    m_writtenFiles.clear();
+    const Dataset *upstream = upstreamDataset();
+    if (!upstream) {
+        m_warnings = QStringList(QStringLiteral("No transforms or inputs connected"));
+        m_infos.clear();
+        setState(NodeState::Processed, false);
+        update();
+        return;
+    }
+    startProcessing();
+    beforeProcess();
+    m_columns.reconnect(*upstream, m_warnings, m_infos);
+    setFraction(0.0);
+    QElapsedTimer timer;
+    timer.start();
+    const bool ok = draw();
+    m_processingMs = timer.elapsed();
+    m_lastProcessed = QDateTime::currentDateTime();
+    setState(ok ? NodeState::Processed : NodeState::Failed, false);
+    emit processingEnd(this);
+    update();
+    if (releaseInputs) {
+        releaseUpstreamDatasets();
+    }
+}
+
+/// False, with a warning, when the picture can't be made.
+bool ChartNode::draw()
+{
+    if (m_options.writeFile) {
+        m_warnings.append(QStringLiteral("Writing charts is not supported by this version"));
+        return false;
+    }
+    return true;
+}
+
+InfoRows ChartNode::kindRows() const
+{
+    return {{QStringLiteral("Connections in"), QLocale().toString(connections(Direction::Incoming).size())},
+        {QStringLiteral("Alias"), alias()}};
+}
+
+InfoRows ChartNode::optionRows() const
+{
+    InfoRows rows{{QStringLiteral("Chart type"), ChartChoice::typeLabel(m_options.type)},
+        {QStringLiteral("X axis data"),
+            m_columns.x().isNull() ? QString() : columnsText(QList<ColumnId>() << m_columns.x())},
+        {QStringLiteral("Y axis data"), columnsText(m_columns.y())},
+        {QStringLiteral("Layout"), ChartChoice::layoutLabel(m_options.layout)},
+        {QStringLiteral("Write to file"), m_options.writeFile ? QStringLiteral("Yes") : QStringLiteral("No")}};
+    if (m_options.writeFile) {
+        rows.append({QStringLiteral("File"), m_options.path});
+        rows.append({QStringLiteral("Type"), ChartChoice::imageTypeLabel(m_options.imageType)});
+    }
+    return rows;
+}
+
+QString ChartNode::columnsText(const QList<ColumnId> &ids) const
+{
+    constexpr int maxNames = 3;
+    const QList<Node *> upstream = upstreamNodes(false);
+    return upstream.isEmpty() ? QString() : upstream.first()->columnsDescription(ids, maxNames);
+}
+
+QVariantList ChartNode::summaryRow() const
+{
+    const ChartOptions &o = m_options;
+    QVariantList row = Node::summaryRow();
+    row << o.type << QVariant(columnValues(m_columns)) << o.xAs << o.layout << o.facetsAcross << o.writeFile << o.path
+        << o.imageType << o.imageWidth << o.imageHeight << o.pdfSize << o.pdfOrientation << o.pdfResolution
+        << QVariant(axisValues(o.x)) << o.xLabelDateFormat << QVariant(axisValues(o.y)) << o.ySameRangeAllFacets
+        << o.theme << o.titleOption << o.customTitle << o.legendPosition << o.lineThickness << o.opacity
+        << o.showLineDataPoints << o.pointSizeOption << o.customPointSize;
+    return row;
+}
+
+QColor ChartNode::borderColor() const
+{
+    return graphScene() ? graphScene()->colors().color(Colors::OutputBorder)
+                        : Colors::current().color(Colors::OutputBorder);
+}
+
+QColor ChartNode::boxColor() const
+{
+    return graphScene() ? graphScene()->colors().color(Colors::OutputBox) : Colors::current().color(Colors::OutputBox);
+}
+
+QColor ChartNode::textColor() const
+{
+    return graphScene() ? graphScene()->colors().color(Colors::OutputText)
+                        : Colors::current().color(Colors::OutputText);
+}

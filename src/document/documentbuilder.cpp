@@ -1,0 +1,258 @@
+#include "document/documentbuilder.h"
+
+#include "charts/chartnode.h"
+#include "document/connectionfilter.h"
+#include "document/documentparser.h"
+#include "document/missingtransforms.h"
+#include "document/pathrelocation.h"
+#include "graph/graphscene.h"
+#include "graph/notenode.h"
+#include "graph/transformnode.h"
+#include "inputs/inputnode.h"
+#include "outputs/outputnode.h"
+#include "settings/settings.h"
+#include "transforms/catalogue.h"
+#include "transforms/parameter.h"
+#include "transforms/transform.h"
+
+#include <QDomDocument>
+#include <QFileInfo>
+#include <algorithm>
+
+namespace {
+
+QString extensionOf(const QString &path)
+{
+    return QFileInfo(path).suffix().toLower();
+}
+
+int knownOrDelimited(int type)
+{
+    return type < 0 || type >= FileType::None ? FileType::Delimited : type;
+}
+
+/// Makes the nodes of one document and joins them.
+class DocumentBuilder
+{
+public:
+    DocumentBuilder(const DocumentRecords &records, GraphScene &scene, const QString &docPath)
+        : m_records(records)
+        , m_scene(scene)
+        , m_relocation(records.meta.docPath, docPath)
+    {
+    }
+
+    DocumentContents build()
+    {
+        addInputs();
+        addTransforms();
+        addOutputs();
+        addCharts();
+        addNotes();
+        connectNodes();
+        createParameters();
+        return contents();
+    }
+
+private:
+    void add(Node *node, const NodeRecord &record)
+    {
+        node->setComment(record.comment);
+        node->setFlagged(false);
+        m_scene.insertNode(node, record.position);
+        m_nodes.insert(record.id, node);
+    }
+
+    void fillAlias(Node *node, const QString &path)
+    {
+        if (node->alias().isEmpty() && !path.isEmpty()) {
+            node->setAlias(m_scene.uniqueAlias(path));
+        }
+    }
+
+    void addInputs();
+    void addTransforms();
+    void addOutputs();
+    void addCharts();
+    void addNotes();
+    void connectNodes();
+    void createParameters();
+    DocumentContents contents() const;
+
+    const DocumentRecords &m_records;
+    GraphScene &m_scene;
+    PathRelocation m_relocation;
+    MissingTransforms m_missing;
+    QHash<int, Node *> m_nodes;
+};
+
+/// The type that a document leaves open follows the name of what is read, else the look of its text.
+int inputType(const InputOptions &options)
+{
+    if (options.fileType >= 0 && options.fileType < FileType::None) {
+        return options.fileType;
+    }
+    const bool byMatch = options.medium == Medium::Folder && options.path.isEmpty();
+    const QString name = byMatch ? options.folder.fileMatch : options.path;
+    if (name.isEmpty()) {
+        return InputOptions::fileTypeOfText(options.text);
+    }
+    return knownOrDelimited(Settings::current().inputTypeOf(extensionOf(name)));
+}
+
+int outputType(const OutputRecord &output)
+{
+    if (output.fileType >= 0 && output.fileType < FileType::None) {
+        return output.fileType;
+    }
+    return knownOrDelimited(Settings::current().outputTypeOf(extensionOf(output.path)));
+}
+
+void DocumentBuilder::addInputs()
+{
+    QList<InputNode *> added;
+    for (const InputRecord &record : m_records.inputs) {
+        InputOptions options = record.options;
+        options.fileType = inputType(options);
+        options.path = m_relocation.existing(PathRelocation::cleaned(options.path));
+        options.folder.folder = m_relocation.existing(PathRelocation::cleaned(options.folder.folder));
+        if (options.medium == Medium::Folder && options.folder.folder.isEmpty()) {
+            options.folder.folder = options.path;
+        }
+        auto *node = new InputNode(options, record.id);
+        node->setAlias(record.alias);
+        add(node, record);
+        added.append(node);
+    }
+    for (InputNode *node : qAsConst(added)) {
+        fillAlias(node, node->path());
+    }
+}
+
+void DocumentBuilder::addTransforms()
+{
+    for (const TransformRecord &record : m_records.transforms) {
+        Transform *transform = Catalogue::create(record.name);
+        if (transform) {
+            add(new TransformNode(transform, record.id), record);
+        } else {
+            m_missing.add(record.name);
+        }
+    }
+}
+
+void DocumentBuilder::addOutputs()
+{
+    QList<OutputNode *> added;
+    for (const OutputRecord &record : m_records.outputs) {
+        const QString path = m_relocation.writable(PathRelocation::cleaned(record.path));
+        auto *node = new OutputNode(path, outputType(record), record.id);
+        node->setOptions(record.options);
+        node->setAlias(record.alias);
+        node->setPath(path, record.sheet);
+        node->setDelimiterKind(record.delimiter);
+        node->setCustomDelimiter(record.customDelimiter);
+        node->setEncoding(record.encoding);
+        node->columns().setStored(record.multiFileColumn, record.excelFormats, record.jsonTypes);
+        add(node, record);
+        added.append(node);
+    }
+    for (OutputNode *node : qAsConst(added)) {
+        fillAlias(node, node->path());
+    }
+}
+
+void DocumentBuilder::addCharts()
+{
+    QList<ChartNode *> added;
+    for (const ChartRecord &record : m_records.charts) {
+        ChartOptions options = record.options;
+        options.path = m_relocation.writable(PathRelocation::cleaned(options.path));
+        auto *node = new ChartNode(options, record.id);
+        node->setStoredColumns(record.xColumn, record.yColumns);
+        node->setAlias(record.alias);
+        add(node, record);
+        added.append(node);
+    }
+    for (ChartNode *node : qAsConst(added)) {
+        fillAlias(node, node->path());
+    }
+}
+
+void DocumentBuilder::addNotes()
+{
+    for (const NoteRecord &record : m_records.notes) {
+        auto *node = new NoteNode(record.arrow, record.id);
+        node->setColor(record.color);
+        add(node, record);
+    }
+}
+
+void DocumentBuilder::connectNodes()
+{
+    QVector<ConnectionRecord> possible;
+    for (const ConnectionRecord &connection : m_records.connections) {
+        const Node *from = m_nodes.value(connection.startId);
+        const Node *to = m_nodes.value(connection.endId);
+        if (from && to && from != to && from->maxOutputs() > 0 && to->maxInputs() > 0) {
+            possible.append(connection);
+        }
+    }
+    const QVector<ConnectionRecord> kept = withoutRepeatsAndCycles(possible);
+    for (const ConnectionRecord &connection : kept) {
+        m_scene.insertConnection(m_nodes.value(connection.startId), m_nodes.value(connection.endId));
+    }
+}
+
+void DocumentBuilder::createParameters()
+{
+    for (const TransformRecord &record : m_records.transforms) {
+        auto *node = qobject_cast<TransformNode *>(m_nodes.value(record.id));
+        if (!node) {
+            continue;
+        }
+        QList<DataSource *> inputs;
+        const QList<Node *> upstream = node->upstreamNodes(true);
+        for (Node *input : upstream) {
+            inputs.append(input);
+        }
+        Transform *transform = node->transform();
+        transform->createParameters(inputs, false);
+        for (const ParameterRecord &stored : record.parameters) {
+            if (Parameter *parameter = transform->parameter(stored.name)) {
+                parameter->setDeferredText(stored.value, m_records.meta.version);
+            }
+        }
+    }
+}
+
+DocumentContents DocumentBuilder::contents() const
+{
+    const DocumentMeta &meta = m_records.meta;
+    DocumentContents contents;
+    contents.version = meta.version;
+    contents.locale = meta.locale;
+    contents.notes = meta.notes;
+    contents.snapToGrid = meta.snapToGrid;
+    contents.autoRunOn = meta.autoRunOn;
+    contents.laterVersion = meta.version > currentDocumentVersion;
+    contents.relocated = m_relocation.hasRelocated();
+    contents.notAdded = m_missing.message();
+    contents.nodes = m_nodes.values();
+    std::sort(
+        contents.nodes.begin(), contents.nodes.end(), [](const Node *a, const Node *b) { return a->id() < b->id(); });
+    contents.nodesById = m_nodes;
+    return contents;
+}
+
+} // namespace
+
+DocumentContents readDocument(const QDomDocument &document, GraphScene &scene, const QString &docPath)
+{
+    return buildDocument(parseDocument(document.documentElement()), scene, docPath);
+}
+
+DocumentContents buildDocument(const DocumentRecords &records, GraphScene &scene, const QString &docPath)
+{
+    return DocumentBuilder(records, scene, docPath).build();
+}

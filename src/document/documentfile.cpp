@@ -1,0 +1,178 @@
+#include "document/documentfile.h"
+
+#include "document/documenthandle.h"
+#include "document/documentparser.h"
+#include "document/documentwriter.h"
+#include "document/markup.h"
+#include "graph/graphscene.h"
+#include "graph/node.h"
+#include "graph/runcontrol.h"
+#include "settings/product.h"
+
+#include <QDomDocument>
+#include <QFile>
+#include <QFileInfo>
+#include <QHashFunctions>
+#include <QSaveFile>
+#include <QTextStream>
+
+namespace {
+
+constexpr int indent = 4;
+
+/// Keeps the order of attributes the same from one save to the next while it lives.
+class StableAttributeOrder
+{
+public:
+    StableAttributeOrder() { qSetGlobalQHashSeed(0); }
+    ~StableAttributeOrder() { qSetGlobalQHashSeed(-1); }
+    Q_DISABLE_COPY(StableAttributeOrder)
+};
+
+QString formatError(const MarkupError &error)
+{
+    return QStringLiteral("Format error '%1' detected at line %2 column %3.\n"
+                          "Contact support if you are sure this a %4 file.")
+        .arg(
+            error.text, QString::number(error.line), QString::number(error.column), QString::fromLatin1(Product::name));
+}
+
+bool readBytes(const QString &path, QByteArray &bytes, QString &error)
+{
+    constexpr qint64 largest = 512LL * 1024 * 1024;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        error = QStringLiteral("Can't open file '%1'.").arg(path);
+        return false;
+    }
+    if (file.size() == 0) {
+        error = QStringLiteral("File '%1' is empty (size=0).").arg(path);
+        return false;
+    }
+    if (file.size() > largest) {
+        error = formatError({QStringLiteral("the file is too large"), 1, 1});
+        return false;
+    }
+    bytes = file.readAll();
+    return true;
+}
+
+bool readTree(const QString &path, QDomDocument &tree, QString &error)
+{
+    QByteArray bytes;
+    MarkupError markupError;
+    if (!readBytes(path, bytes, error)) {
+        return false;
+    }
+    if (!parseMarkup(bytes, tree, markupError)) {
+        error = formatError(markupError);
+        return false;
+    }
+    if (tree.doctype().name() != documentTypeName()) {
+        error = QStringLiteral("Incorrect document type.");
+        return false;
+    }
+    if (tree.documentElement().tagName() != QLatin1String("root")) {
+        error = QStringLiteral("Document root not found.");
+        return false;
+    }
+    return true;
+}
+
+int nextFreeId(const DocumentContents &contents)
+{
+    int next = 0;
+    for (const Node *node : contents.nodes) {
+        next = qMax(next, node->id() + 1);
+    }
+    return next;
+}
+
+bool saveThroughHandle(DocumentHandle &handle, const QString &path, const QString &text, QString &error)
+{
+    const QByteArray bytes = text.toLatin1();
+    if (!handle.seek(0)) {
+        error = QStringLiteral("Can't access file '%1' to write.").arg(path);
+        return false;
+    }
+    const qint64 written = handle.write(bytes);
+    if (written < 0) {
+        error = QStringLiteral("Can't write to file '%1'.").arg(path);
+        return false;
+    }
+    if (written < bytes.size() || !handle.truncate() || !handle.flush()) {
+        error = QStringLiteral("Failed to write to file '%1'.").arg(path);
+        return false;
+    }
+    return true;
+}
+
+bool openToReplace(QSaveFile &file, FileExposure exposure)
+{
+    const QFileInfo old(file.fileName());
+    if (exposure == FileExposure::OwnerOnly && old.isSymLink() && !QFile::remove(file.fileName())) {
+        return false;
+    }
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        return false;
+    }
+    return exposure == FileExposure::Normal || file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+}
+
+bool saveToPath(const QString &path, const QString &text, FileExposure exposure, QString &error)
+{
+    QSaveFile file(path);
+    if (!openToReplace(file, exposure)) {
+        error = QStringLiteral("Can't open file '%1' to write.").arg(path);
+        return false;
+    }
+    QTextStream stream(&file);
+    stream.setCodec("UTF-8");
+    stream << text;
+    stream.flush();
+    if (stream.status() != QTextStream::Ok) {
+        error = QStringLiteral("Can't save to file. %1").arg(file.errorString());
+        return false;
+    }
+    if (!file.commit()) {
+        error = QStringLiteral("Can't commit to file. %1").arg(file.errorString());
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+bool loadDocument(const QString &path, GraphScene &scene, const std::function<void()> &clearCurrent,
+    LoadedDocument &loaded, QString &error)
+{
+    QDomDocument tree;
+    if (!readTree(path, tree, error)) {
+        return false;
+    }
+    if (clearCurrent) {
+        clearCurrent();
+    }
+    RunControl::keepAlive();
+    const DocumentRecords records = parseDocument(tree.documentElement());
+    // before there are nodes: turning it on moves nodes, which may change the order of a transform's inputs
+    scene.setSnapToGrid(records.meta.snapToGrid);
+    static_cast<DocumentContents &>(loaded) = buildDocument(records, scene, path);
+    loaded.batch = parseBatchSettings(tree.documentElement(), loaded.version);
+    scene.layOutConnections();
+    scene.updateSceneRect();
+    Node::setNextId(nextFreeId(loaded));
+    return true;
+}
+
+bool saveDocument(
+    DocumentHandle *handle, const QString &path, const DocumentToSave &document, QString &error, FileExposure exposure)
+{
+    const StableAttributeOrder order;
+    QDomDocument tree(documentTypeName());
+    QDomElement root;
+    writeDocument(*document.scene, false, path, document.notes, document.autoRunOn, tree, root);
+    writeBatchSettings(document.batch, root);
+    const QString text = tree.toString(indent);
+    return handle ? saveThroughHandle(*handle, path, text, error) : saveToPath(path, text, exposure, error);
+}

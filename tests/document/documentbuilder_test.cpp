@@ -1,0 +1,212 @@
+#include "charts/chartnode.h"
+#include "document/sampledocument.h"
+#include "graph/connection.h"
+#include "graph/notenode.h"
+#include "graph/transformnode.h"
+#include "inputs/inputnode.h"
+#include "outputs/outputnode.h"
+#include "support/printers.h"
+#include "transforms/parameter.h"
+#include "transforms/transform.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace {
+
+using Ends = std::vector<std::pair<int, int>>;
+
+Ends connectionsIn(const GraphScene &scene)
+{
+    Ends ends;
+    for (const Connection *connection : scene.connections()) {
+        ends.emplace_back(connection->from()->id(), connection->to()->id());
+    }
+    std::sort(ends.begin(), ends.end());
+    return ends;
+}
+
+QByteArray connection(int start, int end)
+{
+    return "<connection start_id=\"" + QByteArray::number(start) + "\" end_id=\"" + QByteArray::number(end) + "\"/>";
+}
+
+} // namespace
+
+TEST(DocumentBuilder, MakesEachItemWithItsOptions)
+{
+    GraphScene scene;
+    const DocumentContents contents = readText(fullDocument(), scene);
+    std::vector<int> ids;
+    for (const Node *node : contents.nodes) {
+        ids.push_back(node->id());
+    }
+    EXPECT_EQ(ids, (std::vector<int>{0, 2, 3, 5, 6, 7}));
+    EXPECT_EQ(connectionsIn(scene), (Ends{{0, 2}, {2, 3}, {7, 5}}));
+    EXPECT_FALSE(contents.laterVersion || contents.relocated);
+    EXPECT_EQ(contents.notAdded, QString());
+
+    const auto *input = qobject_cast<InputNode *>(contents.nodesById.value(0));
+    ASSERT_TRUE(input);
+    EXPECT_EQ(input->path(), QStringLiteral("/nowhere/in.csv"));
+    EXPECT_EQ(input->comment(), QString::fromUtf8("<100%>\né"));
+    EXPECT_EQ(input->customDelimiter(), QLatin1Char('|'));
+    EXPECT_EQ(input->state(), NodeState::NeedsProcessing);
+    const auto *transform = qobject_cast<TransformNode *>(contents.nodesById.value(2));
+    ASSERT_TRUE(transform);
+    EXPECT_EQ(transform->pos(), QPointF(239.4, -10));
+    EXPECT_EQ(transform->typeName(), QStringLiteral("Pad"));
+    const auto *output = qobject_cast<OutputNode *>(contents.nodesById.value(3));
+    ASSERT_TRUE(output);
+    EXPECT_EQ(output->writeMode(), WriteMode::Disabled);
+    EXPECT_EQ(output->storedJsonTypes(), QStringLiteral("1\u001f2"));
+    const auto *chart = qobject_cast<ChartNode *>(contents.nodesById.value(5));
+    ASSERT_TRUE(chart);
+    EXPECT_EQ(chart->options().opacity, 50);
+    const auto *note = qobject_cast<NoteNode *>(contents.nodesById.value(6));
+    ASSERT_TRUE(note);
+    EXPECT_EQ(note->color(), QColor(255, 250, 200));
+}
+
+TEST(DocumentBuilder, OptionsWaitForTheTableUpstreamAndAreSavedAsTheyWere)
+{
+    GraphScene scene;
+    const DocumentContents contents = readText(fullDocument(), scene);
+    const auto *node = qobject_cast<TransformNode *>(contents.nodesById.value(2));
+    ASSERT_TRUE(node);
+    const Parameter *columns = node->transform()->parameter(QStringLiteral("Columns"));
+    ASSERT_TRUE(columns);
+    EXPECT_TRUE(columns->hasDeferredText());
+    EXPECT_EQ(columns->node(), contents.nodesById.value(0));
+    const QByteArray saved = savedText(scene);
+    for (const char *value : {"value=\"1\x1f"
+                              "3\"",
+             "value=\"12\"", "value=\"Right\"", "value=\"%5E\""}) {
+        SCOPED_TRACE(value);
+        EXPECT_TRUE(saved.contains(value));
+    }
+}
+
+TEST(DocumentBuilder, UnknownTransformsDisappearWithTheirConnections)
+{
+    GraphScene scene;
+    const DocumentContents contents = readText(
+        documentText(
+            "<inputs><input id=\"1\"/></inputs><transforms><transform id=\"2\" name=\"Trim\"/>"
+            "<transform id=\"3\" name=\"Teleport\"/><transform id=\"4\" name=\"Pad\"/></transforms><connections>"
+            + connection(1, 2) + connection(2, 4) + connection(1, 4) + connection(3, 4) + "</connections>"),
+        scene);
+    EXPECT_EQ(contents.nodes.size(), 2);
+    EXPECT_EQ(connectionsIn(scene), (Ends{{1, 4}}));
+    EXPECT_EQ(contents.notAdded,
+        QStringLiteral("The following deprecated transforms were not added:\n"
+                       "'Trim' (1 occurrence) - use the newer 'Whitespace' transform.\n\n"
+                       "The following unknown transforms were not added:\n'Teleport' (1 occurrence)"));
+}
+
+TEST(DocumentBuilder, ConnectionsThatCannotBeAreDropped)
+{
+    const QByteArray items = "<inputs><input id=\"1\"/></inputs><transforms><transform id=\"2\" name=\"Pad\"/>"
+                             "<transform id=\"3\" name=\"Pad\"/></transforms><outputs><output id=\"4\"/></outputs>"
+                             "<charts><chart id=\"5\"/></charts><notes><note id=\"6\"/></notes>";
+    const struct
+    {
+        const char *what;
+        QByteArray connections;
+        Ends kept;
+    } cases[] = {
+        {"ends that there aren't", connection(1, 9) + connection(-1, 2) + connection(1, -1) + "<connection/>", {}},
+        {"to itself", connection(2, 2), {}},
+        {"into an input or a note", connection(2, 1) + connection(1, 6), {}},
+        {"out of an output, a chart or a note", connection(4, 2) + connection(5, 2) + connection(6, 2), {}},
+        {"in a circle", connection(1, 2) + connection(2, 3) + connection(3, 2), {{1, 2}, {2, 3}}},
+        {"more than an item takes: the run says so", connection(1, 4) + connection(2, 4), {{1, 4}, {2, 4}}},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.what);
+        GraphScene scene;
+        readText(documentText(items + "<connections>" + c.connections + "</connections>"), scene);
+        EXPECT_EQ(connectionsIn(scene), c.kept);
+    }
+}
+
+TEST(DocumentBuilder, TypesThatTheDocumentLeavesOpenFollowTheNameOrTheText)
+{
+    const struct
+    {
+        const char *what;
+        const char *attributes;
+        int type;
+    } cases[] = {
+        {"a known extension", "file_type=\"11\" path=\"a.JSON\"", FileType::Json},
+        {"an unknown one", "path=\"a.unknown\"", FileType::Delimited},
+        {"none at all", "", FileType::Delimited},
+        {"a stated type goes before the extension", "file_type=\"3\" path=\"a.json\"", FileType::FixedWidth},
+        {"a negative type", "file_type=\"-4\" path=\"a.xlsx\"", FileType::ExcelXlsx},
+        {"pasted JSON", "text=\"%20%5B1%5D\"", FileType::Json},
+        {"pasted XML", "text=\"%3Ca%2F%3E\"", FileType::Xml},
+        {"a pasted card", "text=\"BEGIN%3AVCARD\"", FileType::VCard},
+        {"pasted cells", "text=\"a%09b\"", FileType::Delimited},
+        {"a folder, by what it matches", "medium=\"2\" multi_file_folder=\"%2Fx\" multi_file_match=\"%2A.xml\"",
+            FileType::Xml},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.what);
+        GraphScene scene;
+        const DocumentContents contents = readText(
+            documentText(QByteArray("<inputs><input id=\"1\" ") + c.attributes + "/></inputs>"), scene);
+        const auto *input = qobject_cast<InputNode *>(contents.nodesById.value(1));
+        ASSERT_TRUE(input);
+        EXPECT_EQ(input->fileType(), c.type);
+    }
+}
+
+TEST(DocumentBuilder, ItemsWithAPathGetAnAlias)
+{
+    GraphScene scene;
+    const DocumentContents contents = readText(
+        documentText("<inputs><input id=\"1\" path=\"%2Fd%2Forders.csv\"/><input id=\"2\" path=\"%2Fe%2Forders.csv\"/>"
+                     "<input id=\"3\" alias=\"orders\"/><input id=\"4\" text=\"a\"/></inputs>"
+                     "<outputs><output id=\"5\" path=\"%2Fd%2Fout.csv\"/><output id=\"6\"/></outputs>"
+                     "<charts><chart id=\"7\" path=\"%2Fd%2Fplot.png\"/></charts>"),
+        scene);
+    const std::pair<int, const char *> expected[] = {
+        {1, "orders1"}, {2, "orders2"}, {3, "orders"}, {4, ""}, {5, "out"}, {6, ""}, {7, "plot"}};
+    for (const auto &[id, alias] : expected) {
+        SCOPED_TRACE(id);
+        EXPECT_EQ(contents.nodesById.value(id)->alias(), QString::fromLatin1(alias));
+    }
+}
+
+TEST(DocumentBuilder, FindsFilesThatMovedWithTheDocument)
+{
+    const QTemporaryDir dir;
+    QFile file(dir.filePath(QStringLiteral("in.csv")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    const QByteArray text = "<!DOCTYPE Quillmere><root><meta><doc_path value=\"%2Fold%2Fa.transform\"/></meta>"
+                            "<inputs><input id=\"1\" path=\"%2Fold%2Fin.csv\"/>"
+                            "<input id=\"4\" medium=\"2\" multi_file_folder=\"%2Fold\"/></inputs>"
+                            "<outputs><output id=\"2\" path=\"%2Fold%2Fout.csv\"/></outputs>"
+                            "<charts><chart id=\"3\" path=\"%2Fold%2Fplot.png\"/></charts></root>";
+    GraphScene scene;
+    const DocumentContents moved = readText(text, scene, dir.filePath(QStringLiteral("a.transform")));
+    EXPECT_TRUE(moved.relocated);
+    EXPECT_EQ(qobject_cast<InputNode *>(moved.nodesById.value(1))->path(), file.fileName());
+    EXPECT_EQ(qobject_cast<InputNode *>(moved.nodesById.value(4))->options().folder.folder, dir.path());
+    EXPECT_EQ(qobject_cast<OutputNode *>(moved.nodesById.value(2))->path(), dir.filePath(QStringLiteral("out.csv")));
+    EXPECT_EQ(qobject_cast<ChartNode *>(moved.nodesById.value(3))->path(), dir.filePath(QStringLiteral("plot.png")));
+    EXPECT_EQ(moved.nodesById.value(1)->alias(), QStringLiteral("in"));
+}
+
+TEST(DocumentBuilder, TellsOfALaterVersionAndReadsOn)
+{
+    GraphScene scene;
+    const DocumentContents later = readText(
+        documentText("<inputs><input id=\"1\" new_thing=\"1\"/></inputs><robots><robot id=\"2\"/></robots>", 87),
+        scene);
+    EXPECT_TRUE(later.laterVersion);
+    EXPECT_EQ(later.nodes.size(), 1);
+    EXPECT_FALSE(readText(documentText(""), scene).laterVersion);
+}
