@@ -38,6 +38,7 @@ void Engine::run(RunMode mode, bool quiet)
         runRoots(mode);
     }
     const qint64 elapsed = timer.elapsed();
+    RunControl::storeRowCount();
     log(QStringLiteral("Finished: %1").arg(nowText()));
     emit m_scene.completedTransforms();
     emit m_scene.showProgress(100);

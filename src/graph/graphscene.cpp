@@ -9,7 +9,6 @@
 #include "graph/ionode.h"
 #include "graph/nodeadder.h"
 #include "graph/nodeorder.h"
-#include "graph/nodeoverlayitem.h"
 #include "graph/nodeplacement.h"
 #include "graph/notenode.h"
 #include "graph/runcontrol.h"
@@ -23,8 +22,6 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QGraphicsSceneMouseEvent>
-#include <QPainter>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <optional>
@@ -33,7 +30,6 @@ namespace {
 
 constexpr int longestAlias = 30;
 constexpr qint64 pumpIntervalMs = 500;
-constexpr double gridDot = 3.0;
 
 bool isNode(const QGraphicsItem *item)
 {
@@ -489,98 +485,4 @@ void GraphScene::onPosChanged(QList<Node *> moved)
         runChangesIfAuto();
     }
     emit nodesPosChanged();
-}
-
-// Look
-
-const Colors &GraphScene::colors() const
-{
-    return m_colorsOverride ? *m_colorsOverride : Colors::current();
-}
-
-void GraphScene::setColorsOverride(const Colors *colorsOverride)
-{
-    m_colorsOverride = colorsOverride;
-    refresh();
-}
-
-void GraphScene::refresh()
-{
-    for (Node *node : nodes()) {
-        node->updateShadow();
-        node->update();
-    }
-    update();
-}
-
-void GraphScene::onHighlightTransformNodes(bool on, int transformType)
-{
-    for (TransformNode *node : transformNodes()) {
-        if (node->transform()->typeId() == transformType) {
-            node->setConnectionHighlighted(on);
-        }
-    }
-}
-
-void GraphScene::drawBackground(QPainter *painter, const QRectF &rect)
-{
-    painter->fillRect(rect, colors().color(Colors::Background));
-    if (!m_snapToGrid) {
-        return;
-    }
-    QColor dot = colors().color(Colors::Arrow);
-    dot.setAlphaF(0.4);
-    const QPointF first = NodePlacement::snapped(rect.topLeft());
-    for (double x = first.x(); x <= rect.right() + gridDot; x += NodePlacement::gridWidth) {
-        for (double y = first.y(); y <= rect.bottom() + gridDot; y += NodePlacement::gridHeight) {
-            painter->fillRect(QRectF(x - gridDot / 2, y - gridDot / 2, gridDot, gridDot), dot);
-        }
-    }
-}
-
-// Mouse
-
-void GraphScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
-{
-    QGraphicsScene::mousePressEvent(event);
-    const bool connecting = isConnecting();
-    const int wanted = connecting ? ItemType::ConnectToOverlay : ItemType::ConnectFromOverlay;
-    NodeOverlayItem *pressed = nullptr;
-    for (QGraphicsItem *item : items(event->scenePos())) {
-        if (item->type() == wanted) {
-            pressed = static_cast<NodeOverlayItem *>(item);
-            break;
-        }
-    }
-    if (pressed) {
-        pressed->click();
-    }
-    if (connecting) {
-        endConnection();
-    }
-}
-
-void GraphScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
-{
-    QGraphicsScene::mouseMoveEvent(event);
-    if (m_connectionGuide) {
-        m_connectionGuide->setEnd(event->scenePos());
-    }
-}
-
-void GraphScene::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)
-{
-    QGraphicsScene::mouseDoubleClickEvent(event);
-    m_doubleClicked = true;
-}
-
-void GraphScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
-{
-    QGraphicsScene::mouseReleaseEvent(event);
-    if (m_doubleClicked) {
-        m_doubleClicked = false;
-        if (nodes(true).size() == 1) {
-            emit doubleClickNode();
-        }
-    }
 }

@@ -230,9 +230,9 @@ protected:
     QStringList m_infos;
 
     QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
+    bool sceneEvent(QEvent *event) override;
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
     void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
-    void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
     void hoverEnterEvent(QGraphicsSceneHoverEvent *event) override;
     void hoverLeaveEvent(QGraphicsSceneHoverEvent *event) override;
     /// Clears the old result, goes to Processing and says so.
@@ -264,5 +264,6 @@ private:
     std::unique_ptr<UndoStep> m_moveStep;
     quint64 m_walkedRun = 0;
     friend class Connection;
+    void finishMove();
     static int s_nextId;
 };

@@ -185,15 +185,22 @@ void Node::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
     }
 }
 
-void Node::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
+bool Node::sceneEvent(QEvent *event)
 {
-    QGraphicsObject::mouseReleaseEvent(event);
-    const GraphScene *owner = graphScene();
-    if (!m_moveStep || !owner) {
-        return;
+    const bool handled = QGraphicsObject::sceneEvent(event);
+    // Comes after each release, and also when the mouse is taken away in the middle of a drag.
+    if (event->type() == QEvent::UngrabMouse) {
+        finishMove();
     }
-    const QList<Node *> moved = owner->nodes(true) + m_attachedNotes.values();
-    emit nodePosChanged(moved);
+    return handled;
+}
+
+void Node::finishMove()
+{
+    const GraphScene *owner = graphScene();
+    if (m_moveStep && owner) {
+        emit nodePosChanged(owner->nodes(true) + m_attachedNotes.values());
+    }
     m_attachedNotes.clear();
     m_moveStep.reset();
 }

@@ -22,6 +22,7 @@ struct State
     double usedGiB = 0.0;
     quint64 run = 0;
     quint64 lastRun = 0;
+    quint64 uncountedRows = 0;
 };
 
 State &state()
@@ -101,6 +102,24 @@ RunControl::RunScope::RunScope()
 RunControl::RunScope::~RunScope()
 {
     state().run = 0;
+    storeRowCount();
+}
+
+void RunControl::countRows(int rows)
+{
+    state().uncountedRows += static_cast<quint64>(rows);
+    if (state().run == 0) {
+        storeRowCount();
+    }
+}
+
+void RunControl::storeRowCount()
+{
+    if (state().uncountedRows > 0) {
+        Settings &settings = Settings::current();
+        settings.setTotalRowsProcessed(settings.totalRowsProcessed() + state().uncountedRows);
+        state().uncountedRows = 0;
+    }
 }
 
 void RunControl::reset()

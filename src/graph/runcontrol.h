@@ -47,6 +47,11 @@ public:
     RunScope &operator=(const RunScope &) = delete;
 };
 
+/// Adds to the total of the settings; in a run at its end, since each write to the store costs a trip to the disk.
+void countRows(int rows);
+/// Writes what countRows() has gathered.
+void storeRowCount();
+
 /// Puts the defaults back, for tests.
 void reset();
 

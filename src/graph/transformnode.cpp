@@ -242,8 +242,7 @@ void TransformNode::runTransform()
     warnOfMissingInputs(inputs.size());
     emit processingEnd(this);
     m_dataset.releaseValuePools();
-    Settings &settings = Settings::current();
-    settings.setTotalRowsProcessed(settings.totalRowsProcessed() + static_cast<quint64>(m_dataset.rowCount()));
+    RunControl::countRows(m_dataset.rowCount());
     prepareDownstream();
     update();
 }

@@ -349,12 +349,16 @@ TEST_F(EngineTest, NotesTakeNoPartInRuns)
     EXPECT_EQ(note->state(), NodeState::Processed);
 }
 
-TEST_F(EngineTest, RowsOfTransformsAreCounted)
+TEST_F(EngineTest, RowsOfTransformsAreCountedOnceARun)
 {
     settings->setTotalRowsProcessed(10);
     Node *a = probe("a", 1, 0, {input("in", 0, 0)});
-    probe("b", 2, 0, {a});
+    TransformNode *b = probe("b", 2, 0, {a});
+    probeOf(b)->during = [this] { EXPECT_EQ(settings->totalRowsProcessed(), 10u) << "each write goes to the disk"; };
+    quint64 atTheEnd = 0;
+    QObject::connect(&scene, &GraphScene::completedTransforms, [&] { atTheEnd = settings->totalRowsProcessed(); });
     run();
+    EXPECT_EQ(atTheEnd, 14u);
     EXPECT_EQ(settings->totalRowsProcessed(), 14u);
 }
 

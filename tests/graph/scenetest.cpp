@@ -22,13 +22,19 @@ std::unique_ptr<Transform> prototype(const char *typeName)
     return std::unique_ptr<Transform>(Catalogue::create(QString::fromLatin1(typeName)));
 }
 
+void sendMouse(GraphScene &scene, QEvent::Type type, const QPointF &point)
+{
+    QGraphicsSceneMouseEvent event(type);
+    event.setScenePos(point);
+    event.setButtonDownScenePos(Qt::LeftButton, point);
+    event.setButton(type == QEvent::GraphicsSceneMouseMove ? Qt::NoButton : Qt::LeftButton);
+    event.setButtons(type == QEvent::GraphicsSceneMouseRelease ? Qt::NoButton : Qt::LeftButton);
+    QCoreApplication::sendEvent(&scene, &event);
+}
+
 void press(GraphScene &scene, const QPointF &point)
 {
-    QGraphicsSceneMouseEvent event(QEvent::GraphicsSceneMousePress);
-    event.setScenePos(point);
-    event.setButton(Qt::LeftButton);
-    event.setButtons(Qt::LeftButton);
-    QCoreApplication::sendEvent(&scene, &event);
+    sendMouse(scene, QEvent::GraphicsSceneMousePress, point);
 }
 
 } // namespace
@@ -655,6 +661,44 @@ TEST_F(SceneTest, MovingABoxChangesTheOrderOfInputs)
     scene.onPosChanged({top});
     EXPECT_EQ(moved.size(), 2);
     EXPECT_EQ(changed.size(), 1) << "only when the order changed";
+}
+
+TEST_F(SceneTest, DraggingMovesTheSelectionAndItsNotesInOneStep)
+{
+    Node *in = input("in", 0, 0);
+    NoteNode *note = scene.addNote(in->centre(), NoteNode::Up);
+    Node *far = input("far", 3, 3);
+    hints.clear();
+    scene.clearSelection();
+    QSignalSpy moved(&scene, &GraphScene::nodesPosChanged);
+    press(scene, {90, 45});
+    EXPECT_TRUE(hints.isEmpty()) << "a click is no move";
+    for (double x : {120.0, 200.0, 350.0}) {
+        QGraphicsSceneMouseEvent event(QEvent::GraphicsSceneMouseMove);
+        event.setButtonDownScenePos(Qt::LeftButton, {90, 45});
+        event.setScenePos({x, 45});
+        event.setButtons(Qt::LeftButton);
+        QCoreApplication::sendEvent(&scene, &event);
+    }
+    sendMouse(scene, QEvent::GraphicsSceneMouseRelease, {350, 45});
+    EXPECT_EQ(hints, QStringList({"move item(s)"}));
+    EXPECT_FALSE(UndoStep::isOpen());
+    EXPECT_EQ(moved.size(), 1);
+    EXPECT_EQ(in->pos(), QPointF(NodePlacement::gridWidth, 0));
+    EXPECT_EQ(note->pos(), QPointF(NodePlacement::gridWidth, NodePlacement::gridHeight));
+    EXPECT_EQ(far->pos(), QPointF(3 * NodePlacement::gridWidth, 3 * NodePlacement::gridHeight));
+}
+
+TEST_F(SceneTest, ADoubleClickOpensTheSelectedItem)
+{
+    Node *in = input("in", 0, 0);
+    QSignalSpy opened(&scene, &GraphScene::doubleClickNode);
+    press(scene, in->centre());
+    sendMouse(scene, QEvent::GraphicsSceneMouseRelease, in->centre());
+    EXPECT_EQ(opened.size(), 0);
+    sendMouse(scene, QEvent::GraphicsSceneMouseDoubleClick, in->centre());
+    sendMouse(scene, QEvent::GraphicsSceneMouseRelease, in->centre());
+    EXPECT_EQ(opened.size(), 1);
 }
 
 TEST_F(SceneTest, SnapPutsCloseNodesOnDifferentPoints)
