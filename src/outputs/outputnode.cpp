@@ -1,0 +1,186 @@
+#include "outputs/outputnode.h"
+
+#include "graph/delimiters.h"
+#include "graph/runcontrol.h"
+#include "outputs/filenamevariables.h"
+#include "outputs/outputpaths.h"
+
+#include <QElapsedTimer>
+#include <QFileInfo>
+
+namespace {
+
+int choiceWithin(int choice, const QStringList &labels, int otherwise)
+{
+    return choice >= 0 && choice < labels.size() ? choice : otherwise;
+}
+
+} // namespace
+
+OutputNode::OutputNode(const QString &path, int fileType, int id)
+    : IONode(id)
+{
+    m_path = path;
+    m_fileType = fileType;
+    m_encoding = QStringLiteral("UTF-8");
+    m_customDelimiter = QLatin1Char('*');
+    const bool isTabbed = QFileInfo(path).suffix().startsWith(QLatin1Char('t'));
+    m_delimiterKind = isTabbed ? DelimiterKind::Tab : DelimiterKind::Comma;
+    m_options.quoting = isTabbed ? Quoting::Never : Quoting::AsNeeded;
+    m_options.writeBom = fileType != FileType::Json;
+}
+
+void OutputNode::setOptions(const OutputOptions &options)
+{
+    const OutputOptions defaults;
+    m_options = options;
+    OutputOptions &o = m_options;
+    o.outputTarget = choiceWithin(o.outputTarget, OutputTarget::labels(), defaults.outputTarget);
+    o.excelFormatMode = choiceWithin(o.excelFormatMode, ExcelFormatMode::labels(), defaults.excelFormatMode);
+    o.jsonTypeMode = choiceWithin(o.jsonTypeMode, JsonTypeMode::labels(), defaults.jsonTypeMode);
+    // A number that nobody knows mustn't overwrite anything.
+    o.writeMode = choiceWithin(o.writeMode, WriteMode::labels(), WriteMode::Disabled);
+    o.overwriteScope = choiceWithin(o.overwriteScope, OverwriteScope::labels(), defaults.overwriteScope);
+    o.quoting = choiceWithin(o.quoting, Quoting::labels(), defaults.quoting);
+    o.lineEndings = choiceWithin(o.lineEndings, LineEndings::labels(), defaults.lineEndings);
+    update();
+}
+
+void OutputNode::setWriteMode(int mode)
+{
+    OutputOptions changed = m_options;
+    changed.writeMode = mode;
+    setOptions(changed);
+}
+
+bool OutputNode::applies(OutputOption option) const
+{
+    const bool isText = !FileType::isExcel(m_fileType);
+    const bool hasHeader = !isText || m_fileType == FileType::Delimited || m_fileType == FileType::Html
+                           || m_fileType == FileType::Markdown || m_fileType == FileType::PlainText;
+    switch (option) {
+    case OutputOption::Delimiter:
+    case OutputOption::Quoting:
+        return m_fileType == FileType::Delimited;
+    case OutputOption::LineEndings:
+    case OutputOption::Encoding:
+        return isText;
+    case OutputOption::ByteOrderMark:
+        return isText && m_encoding.contains(QLatin1String("utf"), Qt::CaseInsensitive);
+    case OutputOption::ExcelFormatting:
+    case OutputOption::StyleTemplate:
+        return !isText;
+    case OutputOption::JsonTypes:
+        return m_fileType == FileType::Json;
+    case OutputOption::RemoveEmpty:
+        return m_fileType == FileType::Json || m_fileType == FileType::Xml;
+    case OutputOption::XmlTexts:
+        return m_fileType == FileType::Xml;
+    case OutputOption::EscapeHtml:
+        return m_fileType == FileType::Html;
+    case OutputOption::WriteHeader:
+        return hasHeader;
+    case OutputOption::HeaderOnlyIfEmpty:
+        return hasHeader && m_options.writeMode == WriteMode::Append;
+    case OutputOption::FileComment:
+        return m_fileType == FileType::Xml || m_fileType == FileType::Yaml || m_fileType == FileType::Html
+               || m_fileType == FileType::Markdown;
+    case OutputOption::OverwriteScope:
+        return !isText && m_options.writeMode == WriteMode::Overwrite;
+    case OutputOption::FilesColumn:
+    case OutputOption::ConfirmMultiFile:
+        return isMultiFile();
+    }
+    return false;
+}
+
+const Dataset *OutputNode::knownDataset() const
+{
+    const QList<Node *> upstream = upstreamNodes(false);
+    if (upstream.size() == 1 && upstream.first()->datasetConst().hasColumns()) {
+        return &upstream.first()->datasetConst();
+    }
+    return m_dataset.hasColumns() ? &m_dataset : nullptr;
+}
+
+QString OutputNode::expandedPath() const
+{
+    return FileNameVariables::expanded(m_path, FileNameVariables::contextOf(graphScene()));
+}
+
+OutputNode *OutputNode::clone() const
+{
+    auto *copy = new OutputNode(m_path, m_fileType, id());
+    copy->m_medium = m_medium;
+    copy->m_sheetName = m_sheetName;
+    copy->m_delimiterKind = m_delimiterKind;
+    copy->m_customDelimiter = m_customDelimiter;
+    copy->m_encoding = m_encoding;
+    copy->m_options = m_options;
+    copy->m_columns = m_columns;
+    copy->setAlias(alias());
+    copy->setComment(comment());
+    copy->setPos(pos());
+    return copy;
+}
+
+void OutputNode::beforeProcess()
+{
+    const QList<Node *> upstream = upstreamNodes(false);
+    if (upstream.size() == 1 && upstream.first()->isReady()) {
+        m_columns.resolve(upstream.first()->datasetConst());
+    }
+}
+
+void OutputNode::process(bool, bool releaseInputs)
+{
+    if (stopRequested || state() == NodeState::Processed || !canProcess()) {
+        update();
+        return;
+    }
+    m_dataset.clear();
+    m_warnings.clear();
+    m_infos.clear();
+    m_writtenFiles.clear();
+    const QList<Node *> upstream = upstreamNodes(true);
+    if (upstream.size() != 1) {
+        setState(NodeState::Processed, false);
+        m_warnings.append(QStringLiteral("No transforms or inputs connected"));
+    } else if (!isMultiFile() && OutputPaths::isBlocked(m_path)) {
+        setState(NodeState::Failed, false);
+        m_warnings.append(
+            QStringLiteral("The extension for this file is blocked in 'Preferences>Output Extensions':\n") + m_path);
+    } else {
+        runOn(upstream.first()->datasetConst());
+    }
+    update();
+    if (releaseInputs) {
+        releaseUpstreamDatasets();
+    }
+}
+
+void OutputNode::runOn(const Dataset &upstream)
+{
+    startProcessing();
+    m_dataset = upstream;
+    m_columns.resolve(m_dataset);
+    m_columns.reconnect(m_dataset, m_warnings, m_infos);
+    QElapsedTimer timer;
+    timer.start();
+    setFraction(0.0);
+    bool succeeded = true;
+    if (m_options.writeMode == WriteMode::Disabled) {
+        m_warnings.append(QStringLiteral("Write mode='%1'").arg(WriteMode::label(WriteMode::Disabled)));
+    } else {
+        succeeded = writeDataset();
+    }
+    m_dataset.assignColumnIds(id());
+    m_processingMs = timer.elapsed();
+    m_lastProcessed = QDateTime::currentDateTime();
+    if (m_options.writeHeader) {
+        warnOfDuplicateHeaderNames();
+    }
+    setState(succeeded ? NodeState::Processed : NodeState::Failed, false);
+    emit processingEnd(this);
+    m_dataset.releaseValuePools();
+}

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "graph/ionode.h"
+#include "outputs/outputcolumns.h"
+#include "outputs/outputoptions.h"
+
+#include <QSet>
+
+class TextSink;
+struct TextLayout;
+
+/// A leaf of the flow that writes the table of its one input to a file. It holds a copy of that table, so that it can
+/// be looked at, and changes nothing in it.
+class OutputNode final : public IONode
+{
+    Q_OBJECT
+
+public:
+    enum { Type = ItemType::Output };
+
+    /// A new item: delimiter and quoting depend on the path's extension, the byte order mark on the type.
+    explicit OutputNode(const QString &path = QString(), int fileType = FileType::Delimited, int id = -1);
+
+    int type() const override { return Type; }
+    const OutputOptions &options() const { return m_options; }
+    /// Choices outside their tables become the default, a write mode outside its table Disabled. The caller marks the
+    /// node stale.
+    void setOptions(const OutputOptions &options);
+    int writeMode() const { return m_options.writeMode; }
+    void setWriteMode(int mode);
+    bool isMultiFile() const { return m_options.outputTarget == OutputTarget::MultipleFiles; }
+    /// True when the option has a meaning for the present type, encoding and modes.
+    bool applies(OutputOption option) const;
+
+    const OutputColumns &columns() const { return m_columns; }
+    OutputColumns &columns() { return m_columns; }
+    /// The texts that a document holds for the options that refer to columns.
+    QString storedMultiFileColumn() const { return m_columns.storedMultiFileColumn(knownDataset()); }
+    QString storedExcelFormats() const { return m_columns.storedExcelFormats(knownDataset()); }
+    QString storedJsonTypes() const { return m_columns.storedJsonTypes(knownDataset()); }
+
+    /// Native paths written in the last run.
+    const QSet<QString> &writtenFiles() const { return m_writtenFiles; }
+    /// Path and sheet of the last write, variables replaced; empty before.
+    const QString &lastFilePath() const { return m_lastFilePath; }
+    const QString &lastSheetName() const { return m_lastSheetName; }
+    /// The path with its variables replaced as of now.
+    QString expandedPath() const;
+
+    OutputNode *clone() const override;
+    QString name() const override;
+    QString listName() const override;
+    QString description() const override;
+    QString helpPage() const override;
+    QString resultText() const override;
+    QVariantList summaryRow() const override;
+    int maxInputs() const override { return 1; }
+    int maxOutputs() const override { return 0; }
+    bool canProcess() const override { return upstreamAllProcessed(); }
+    void process(bool recurse, bool releaseInputs) override;
+    void beforeProcess() override;
+    void refreshColumnOptions() override { m_columns.requestReconnect(); }
+    void remapColumnIds(const QHash<ColumnId, ColumnId> &map) override { m_columns.remap(map); }
+    InfoRows kindRows() const override;
+    InfoRows optionRows() const override;
+    QColor borderColor() const override;
+    QColor boxColor() const override;
+    QColor textColor() const override;
+
+    // What a write begins with; `path` has no variables left
+    /// False for a file that is to be appended to and holds more than a byte order mark, unless headers are repeated.
+    bool shouldWriteHeader(const QString &path) const;
+    /// True for a Unicode encoding at the start of a file.
+    bool shouldWriteBom(const QString &path) const;
+
+private:
+    /// The table of the one input, else the copy of the last run; null when neither has columns.
+    const Dataset *knownDataset() const;
+    void runOn(const Dataset &upstream);
+    // Each is true unless the item has failed, and adds what there is to tell to the messages.
+    bool writeDataset();
+    bool isSupported();
+    bool writeFile(QString path, QString sheet, const Dataset &dataset);
+    bool writeTextFile(const QString &path, const Dataset &dataset);
+    bool warnOfOpenFailure(bool existed, const QString &shownPath);
+    void writeText(TextSink &sink, const TextLayout &layout, const Dataset &dataset);
+    void writeDelimited(TextSink &sink, const TextLayout &layout, const Dataset &dataset);
+    void warnOfInvalidCharacters(int count);
+    void warnOfOtherType(const QString &path);
+    QString expandedComment() const;
+
+    OutputOptions m_options;
+    OutputColumns m_columns;
+    QString m_lastFilePath;
+    QString m_lastSheetName;
+    QSet<QString> m_writtenFiles;
+};

@@ -1,0 +1,209 @@
+#include "data/values.h"
+#include "graph/delimiters.h"
+#include "outputs/delimitedwriter.h"
+#include "outputs/filenamevariables.h"
+#include "outputs/htmlwriter.h"
+#include "outputs/markdownwriter.h"
+#include "outputs/outputnode.h"
+#include "outputs/outputpaths.h"
+#include "outputs/plaintextwriter.h"
+#include "outputs/textlayout.h"
+#include "outputs/textsink.h"
+#include "outputs/vcardwriter.h"
+#include "outputs/yamlwriter.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+// A file that holds no more than the mark of UTF-8 counts as empty.
+constexpr qint64 utf8MarkSize = 3;
+
+QIODevice::OpenMode openMode(int writeMode)
+{
+    switch (writeMode) {
+    case WriteMode::Append:
+        return QIODevice::Append;
+    case WriteMode::New:
+        return QIODevice::WriteOnly | QIODevice::NewOnly;
+    default:
+        return QIODevice::WriteOnly;
+    }
+}
+
+QString doneText(int writeMode, bool existed)
+{
+    if (!existed) {
+        return QStringLiteral("Created file '%1'");
+    }
+    return writeMode == WriteMode::Append ? QStringLiteral("Appended file '%1'")
+                                          : QStringLiteral("Overwrote file '%1'");
+}
+
+/// True when every byte has left the program.
+bool finish(TextSink &sink, QFile &file)
+{
+    const bool taken = sink.finish() && file.flush();
+    file.close();
+    return taken && file.error() == QFileDevice::NoError;
+}
+
+QChar delimiterCharacter(int kind, QChar custom)
+{
+    const QChar character = DelimiterKind::character(kind, custom);
+    return character.isNull() ? QChar(QLatin1Char(',')) : character;
+}
+
+} // namespace
+
+bool OutputNode::writeDataset()
+{
+    if (!isSupported()) {
+        return false;
+    }
+    if (m_options.lineEndings == LineEndings::Automatic) {
+        m_infos.append(
+            QStringLiteral("Line endings=Automatic sets line endings as %1, set 'Line endings' option to change")
+                .arg(LineEndings::label(LineEndings::resolved(m_options.lineEndings))));
+    }
+    return writeFile(m_path, m_sheetName, m_dataset);
+}
+
+/// Warns of what can't be written, before any file is touched.
+bool OutputNode::isSupported()
+{
+    if (isMultiFile()) {
+        m_warnings.append(QStringLiteral("Writing multiple files is not supported by this version"));
+        return false;
+    }
+    if (FileType::isExcel(m_fileType) || m_fileType == FileType::Json || m_fileType == FileType::Xml) {
+        m_warnings.append(
+            QStringLiteral("Writing '%1' files is not supported by this version").arg(FileType::label(m_fileType)));
+        return false;
+    }
+    return true;
+}
+
+bool OutputNode::writeFile(QString path, QString sheet, const Dataset &dataset)
+{
+    FileNameVariables::expand(path, sheet, FileNameVariables::contextOf(graphScene()));
+    m_lastFilePath = path;
+    m_lastSheetName = sheet;
+    if (!writeTextFile(path, dataset)) {
+        return false;
+    }
+    m_writtenFiles.insert(QDir::toNativeSeparators(path));
+    warnOfOtherType(path);
+    return true;
+}
+
+void OutputNode::warnOfOtherType(const QString &path)
+{
+    if (OutputPaths::fileType(path, m_fileType) != m_fileType) {
+        m_warnings.append(
+            QStringLiteral("'%1' extension is '%2' but file type is %3")
+                .arg(QDir::toNativeSeparators(path), OutputPaths::extension(path), FileType::label(m_fileType)));
+    }
+}
+
+bool OutputNode::writeTextFile(const QString &path, const Dataset &dataset)
+{
+    const bool existed = QFile::exists(path);
+    const QString shownPath = absoluteNativePath(path);
+    TextLayout layout;
+    layout.lineEnding = LineEndings::bytes(m_options.lineEndings);
+    layout.writeHeader = shouldWriteHeader(path);
+    layout.progress = [this](int row, int rowCount) { reportProgress(row, rowCount, TextLayout::progressStep); };
+    const bool writeBom = shouldWriteBom(path);
+    QFile file(path);
+    if (!file.open(openMode(m_options.writeMode))) {
+        return warnOfOpenFailure(existed, shownPath);
+    }
+    TextSink sink(&file, m_encoding, writeBom);
+    writeText(sink, layout, dataset);
+    if (!finish(sink, file)) {
+        m_warnings.append(QStringLiteral("Unable to write '%1'").arg(shownPath));
+        return false;
+    }
+    warnOfInvalidCharacters(sink.invalidCharacters());
+    m_infos.append(doneText(m_options.writeMode, existed).arg(shownPath));
+    return true;
+}
+
+/// A file that New finds there is no failure.
+bool OutputNode::warnOfOpenFailure(bool existed, const QString &shownPath)
+{
+    if (m_options.writeMode == WriteMode::New && existed) {
+        m_warnings.append(
+            QStringLiteral("Write mode='%1' and '%2' already exists").arg(WriteMode::label(WriteMode::New), shownPath));
+        return true;
+    }
+    const QString text = m_options.writeMode == WriteMode::Append ? QStringLiteral("Unable to append to '%1'")
+                         : m_options.writeMode == WriteMode::New  ? QStringLiteral("Unable to create '%1'")
+                                                                  : QStringLiteral("Unable to write '%1'");
+    m_warnings.append(text.arg(shownPath));
+    return false;
+}
+
+void OutputNode::writeText(TextSink &sink, const TextLayout &layout, const Dataset &dataset)
+{
+    switch (m_fileType) {
+    case FileType::PlainText:
+        return PlainTextWriter::write(sink, dataset, layout);
+    case FileType::Html:
+        return HtmlWriter::write(sink, dataset, {m_path, expandedComment(), m_encoding, m_options.escapeHtml}, layout);
+    case FileType::Markdown:
+        return MarkdownWriter::write(sink, dataset, expandedComment(), layout);
+    case FileType::VCard:
+        return VCardWriter::write(sink, dataset, layout);
+    case FileType::Yaml:
+        return YamlWriter::write(sink, dataset, expandedComment(), layout);
+    default:
+        return writeDelimited(sink, layout, dataset);
+    }
+}
+
+void OutputNode::writeDelimited(TextSink &sink, const TextLayout &layout, const Dataset &dataset)
+{
+    DelimitedWriter::Format format;
+    format.delimiter = delimiterCharacter(m_delimiterKind, m_customDelimiter);
+    format.quoting = static_cast<CsvEncoder::Quoting>(m_options.quoting);
+    const int replaced = DelimitedWriter::write(sink, dataset, format, layout);
+    if (replaced > 0) {
+        m_warnings.append(DelimitedWriter::replacedWarning(replaced, format.delimiter));
+    }
+}
+
+void OutputNode::warnOfInvalidCharacters(int count)
+{
+    if (count > 0) {
+        m_warnings.append(QStringLiteral("%1 character(s) can't be written in encoding '%2' and have been replaced")
+                              .arg(formatInteger(count, true), m_encoding));
+    }
+}
+
+QString OutputNode::expandedComment() const
+{
+    return FileNameVariables::expanded(m_options.fileComment, FileNameVariables::contextOf(graphScene()));
+}
+
+bool OutputNode::shouldWriteHeader(const QString &path) const
+{
+    if (!m_options.writeHeader) {
+        return false;
+    }
+    if (m_options.writeMode != WriteMode::Append || !m_options.headerOnlyIfEmpty) {
+        return true;
+    }
+    return QFileInfo(path).size() <= utf8MarkSize;
+}
+
+bool OutputNode::shouldWriteBom(const QString &path) const
+{
+    if (!m_options.writeBom || !m_encoding.contains(QLatin1String("utf"), Qt::CaseInsensitive)) {
+        return false;
+    }
+    return m_options.writeMode != WriteMode::Append || QFileInfo(path).size() == 0;
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "data/cell.h"
+
+#include <QByteArray>
+#include <QStringList>
+#include <vector>
+
+class Dataset;
+class TextSink;
+
+/// Text in storage form that lies elsewhere.
+struct StoredText
+{
+    const char *bytes;
+    int size;
+
+    explicit StoredText(const Cell &cell)
+        : bytes(cell.bytes())
+        , size(cell.size())
+    {
+    }
+    /// Points into `stored`, which has to stay.
+    explicit StoredText(const QByteArray &stored)
+        : bytes(stored.constData())
+        , size(stored.size())
+    {
+    }
+
+    /// Without white space at both ends, as QString::trimmed() has it.
+    StoredText trimmed() const;
+    bool contains(char byte) const { return size > 0 && std::memchr(bytes, byte, static_cast<size_t>(size)); }
+    bool contains(const QByteArray &part) const { return QByteArray::fromRawData(bytes, size).contains(part); }
+};
+
+/// Storage forms of texts that writers repeat in every row.
+QByteArray toStored(const QString &text);
+std::vector<QByteArray> toStored(const QStringList &texts);
+/// Column names for formats that name each value: those of the header, or "value1", "value2" and so on without one.
+QStringList valueNames(const Dataset &dataset);
+
+/// Appends `text` with `byte` replaced by `replacement`.
+void appendReplaced(TextSink &sink, StoredText text, char byte, const char *replacement);
+/// Appends `text` with <, >, & and the double quote as character references.
+void appendHtmlEscaped(TextSink &sink, StoredText text);
