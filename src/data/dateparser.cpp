@@ -5,7 +5,8 @@
 
 namespace {
 
-constexpr int mostRemembered = 50000;
+constexpr int mostRemembered = 20000;
+constexpr int longestRemembered = 100;
 
 QDate dateOf(const NumericPattern::Numbers &numbers)
 {
@@ -53,11 +54,13 @@ QDate DateParser::parseSlowly(const char *bytes, int size) const
     if (known != m_memory.constEnd()) {
         return *known;
     }
-    if (m_memory.size() >= mostRemembered) {
-        m_memory.clear();
-    }
     const QDate date = QDate::fromString(TextCoding::decode(bytes, size).trimmed(), m_format);
-    m_memory.insert(QByteArray(bytes, size), date);
+    if (size <= longestRemembered) {
+        if (m_memory.size() >= mostRemembered) {
+            m_memory.clear();
+        }
+        m_memory.insert(QByteArray(bytes, size), date);
+    }
     return date;
 }
 
