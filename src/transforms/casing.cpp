@@ -1,6 +1,7 @@
 #include "transforms/casing.h"
 
 #include <QStringList>
+#include <algorithm>
 
 namespace Casing {
 
@@ -22,6 +23,38 @@ bool isUpperLetter(QChar c)
 bool isWordApart(QChar before)
 {
     return !before.isLetter() && before != QLatin1Char('\'') && before.category() != QChar::Mark_NonSpacing;
+}
+
+int lower(char *text, int size)
+{
+    std::transform(text, text + size, text, [](char c) { return toLower(c); });
+    return size;
+}
+
+int upper(char *text, int size)
+{
+    std::transform(text, text + size, text, [](char c) { return toUpper(c); });
+    return size;
+}
+
+int camel(char *text, int size, bool isUpper)
+{
+    int end = 0;
+    for (int i = 0; i < size; ++i) {
+        const int start = i;
+        while (i < size && !isSpace(text[i])) {
+            ++i;
+        }
+        char *const word = text + end;
+        std::copy(text + start, text + i, word);
+        if (end == 0 && !isUpper) {
+            lower(word, i - start);
+        } else {
+            title(word, i - start, false);
+        }
+        end += i - start;
+    }
+    return end;
 }
 
 QString titleCase(const QString &text, bool keepUpper)

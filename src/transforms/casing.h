@@ -55,6 +55,10 @@ inline char toLower(char c)
     return isUpperLetter(c) ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
+/// For ASCII what QString::toLower and toUpper do.
+int lower(char *text, int size);
+int upper(char *text, int size);
+
 /// A letter at the start of a word becomes upper case; one behind a letter becomes lower case unless `keepUpper`.
 template<class Char>
 int title(Char *text, int size, bool keepUpper)
@@ -117,6 +121,9 @@ int joined(Char *text, int size, Char mark)
     }
     return end;
 }
+
+/// For ASCII what camelCase does.
+int camel(char *text, int size, bool upper);
 
 QString titleCase(const QString &text, bool keepUpper);
 QString sentenceCase(const QString &text, bool keepUpper);

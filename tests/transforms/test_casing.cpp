@@ -18,6 +18,13 @@ QByteArray randomAscii(std::mt19937 &random)
 }
 
 template<class Change>
+QString changed(QByteArray text, Change change)
+{
+    text.truncate(change(text.data(), text.size()));
+    return QString::fromLatin1(text);
+}
+
+template<class Change>
 void expectSameForBoth(const char *what, Change change)
 {
     SCOPED_TRACE(what);
@@ -42,14 +49,22 @@ TEST(Casing, IsTheSameForCharAndQChar)
     expectSameForBoth("inverted", [](auto *text, int size) { return Casing::inverted(text, size); });
     expectSameForBoth("joined",
         [](auto *text, int size) { return Casing::joined(text, size, std::remove_pointer_t<decltype(text)>('-')); });
-    expectSameForBoth("lower", [](auto *text, int size) {
-        std::transform(text, text + size, text, [](auto c) { return Casing::toLower(c); });
-        return size;
-    });
-    expectSameForBoth("upper", [](auto *text, int size) {
-        std::transform(text, text + size, text, [](auto c) { return Casing::toUpper(c); });
-        return size;
-    });
+}
+
+TEST(Casing, IsTheSameForAsciiAndWholeTexts)
+{
+    std::mt19937 random(11);
+    for (int i = 0; i < 3000; ++i) {
+        const QByteArray narrow = randomAscii(random);
+        const QString wide = QString::fromLatin1(narrow);
+        SCOPED_TRACE(narrow.constData());
+        ASSERT_EQ(changed(narrow, &Casing::lower), wide.toLower());
+        ASSERT_EQ(changed(narrow, &Casing::upper), wide.toUpper());
+        for (bool upper : {false, true}) {
+            const auto camel = [upper](char *text, int size) { return Casing::camel(text, size, upper); };
+            ASSERT_EQ(changed(narrow, camel), Casing::camelCase(wide, upper));
+        }
+    }
 }
 
 TEST(Casing, TakesWholeTexts)

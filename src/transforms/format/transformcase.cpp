@@ -3,7 +3,6 @@
 #include "transforms/option.h"
 #include "transforms/optionvalues.h"
 
-#include <algorithm>
 #include <type_traits>
 
 /// Changes the case of the selected cells.
@@ -48,16 +47,19 @@ private:
     {
         switch (to) {
         case Lower:
-            return CellRule(&lower, [](char *text, int size) { return eachCharacter(text, size, &Casing::toLower); });
+            return CellRule(&lower, [](char *text, int size) { return Casing::lower(text, size); });
         case Upper:
-            return CellRule(&upper, [](char *text, int size) { return eachCharacter(text, size, &Casing::toUpper); });
+            return CellRule(&upper, [](char *text, int size) { return Casing::upper(text, size); });
         case Title:
             return CellRule::inPlace([=](auto *text, int size) { return Casing::title(text, size, keepUpper); });
         case Sentence:
             return CellRule::inPlace([=](auto *text, int size) { return Casing::sentence(text, size, keepUpper); });
         case LowerCamel:
-        case UpperCamel:
-            return CellRule([=](const QString &text) { return Casing::camelCase(text, to == UpperCamel); });
+        case UpperCamel: {
+            const bool isUpper = to == UpperCamel;
+            return CellRule([=](const QString &text) { return Casing::camelCase(text, isUpper); },
+                [=](char *text, int size) { return Casing::camel(text, size, isUpper); });
+        }
         case Kebab:
         case Snake:
             return CellRule::inPlace([mark = to == Kebab ? '-' : '_'](auto *text, int size) {
@@ -71,11 +73,6 @@ private:
 
     static QString lower(const QString &text) { return text.toLower(); }
     static QString upper(const QString &text) { return text.toUpper(); }
-    static int eachCharacter(char *text, int size, char (*change)(char))
-    {
-        std::transform(text, text + size, text, change);
-        return size;
-    }
 };
 
 TRANSFORM_FACTORY(TransformCase)

@@ -82,9 +82,30 @@ int printable(QChar *text, int size)
     return end;
 }
 
+/// True for a text that no step changes, which most are; the others are looked at more closely.
+bool isTidy(const char *text, int size)
+{
+    char before = ' ';
+    for (int i = 0; i < size; ++i) {
+        if (text[i] < ' ' || text[i] == 127 || (text[i] == ' ' && before == ' ')) {
+            return false;
+        }
+        before = text[i];
+    }
+    return size == 0 || before != ' ';
+}
+
+bool isTidy(const QChar *, int)
+{
+    return false;
+}
+
 template<class Char>
 int tidied(Char *text, int size, const Steps &steps)
 {
+    if (isTidy(text, size)) {
+        return size;
+    }
     if (steps.trim) {
         size = trimmed(text, size);
     }
