@@ -58,8 +58,26 @@ struct ShortText
     int size;
 };
 
+/// Puts a value between quotes with its own quotes doubled; `out` has room for twice its size and two bytes.
+char *appendQuoted(char *out, const char *bytes, int size)
+{
+    *out++ = '"';
+    const char *const end = bytes + size;
+    while (const void *quote = std::memchr(bytes, '"', static_cast<size_t>(end - bytes))) {
+        const auto before = static_cast<size_t>(static_cast<const char *>(quote) + 1 - bytes);
+        std::memcpy(out, bytes, before);
+        out += before;
+        *out++ = '"';
+        bytes += before;
+    }
+    std::memcpy(out, bytes, static_cast<size_t>(end - bytes));
+    out += end - bytes;
+    *out++ = '"';
+    return out;
+}
+
 /// Encodes rows of values into a sink. The common value, which stays as it is, is copied while it is searched; only a
-/// value with a special byte takes the longer way through the general encoder.
+/// value with a special byte takes a longer way.
 template<CsvEncoder::Quoting quoting>
 class RowWriter
 {
@@ -70,6 +88,9 @@ public:
         , m_delimiter(toStored(QString(delimiter)))
         , m_lineEnding(lineEnding)
         , m_special(m_delimiter.bytes[0])
+        , m_findsNeedQuotes(quoting == CsvEncoder::Always
+                            || (quoting == CsvEncoder::AsNeeded && m_delimiter.size == 1
+                                && m_delimiter.bytes[0] > Cell::inlineCapacity))
     {
     }
 
@@ -104,6 +125,8 @@ private:
     const ShortText m_delimiter;
     const ShortText m_lineEnding;
     const SpecialBytes<quoting> m_special;
+    // Else a find may be the start of a delimiter without its rest, or the size that a cell holds next to its text.
+    const bool m_findsNeedQuotes;
 };
 
 template<CsvEncoder::Quoting quoting>
@@ -137,6 +160,8 @@ void RowWriter<quoting>::writeRow(const CellRows &cells, int row)
                 next[size + 1] = '"';
             }
             next += size + 2 * quoteSize;
+        } else if (m_findsNeedQuotes && 2 * static_cast<qint64>(size) + slack <= end - next) {
+            next = appendQuoted(next, cell.bytes(), size);
         } else {
             m_sink.setNext(next);
             writeSpecial(cell);
