@@ -90,6 +90,11 @@ public:
     void setColumn(ColumnIndex column, const CellColumn &cells) { m_columns[column.toInt()] = cells; }
     /// Adds a column at the end; on a table without columns it sets the row count.
     void appendColumn(const CellColumn &cells, const QString &name = QString(), ColumnId id = ColumnId());
+    /// appendColumn() of a column that is new here; an empty name leaves the automatic one.
+    void addNamedColumn(const CellColumn &cells, const QString &name);
+    /// Only `columns`, in that order, with their ids and header names; none give an empty table. Drill-down and issues
+    /// stay behind.
+    Dataset withColumns(const QVector<ColumnIndex> &columns) const;
     /// The same columns, ids and header with only `rows`, in that order; a row of -1 gives empty cells. Drill-down and
     /// issues stay behind.
     Dataset withRows(const QVector<int> &rows) const;

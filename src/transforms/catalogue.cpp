@@ -7,17 +7,36 @@
 // Each class's source defines its own maker (TRANSFORM_FACTORY).
 Transform *makeTransformCase();
 Transform *makeTransformChop();
+Transform *makeTransformClone();
 Transform *makeTransformCompare();
+Transform *makeTransformConcat();
+Transform *makeTransformCopy();
 Transform *makeTransformCross();
+Transform *makeTransformDedupe();
 Transform *makeTransformDiff();
 Transform *makeTransformExtract();
+Transform *makeTransformFilter();
+Transform *makeTransformHeader();
+Transform *makeTransformIf();
 Transform *makeTransformInsert();
 Transform *makeTransformIntersect();
 Transform *makeTransformJoin();
 Transform *makeTransformLookup();
+Transform *makeTransformNewCol();
 Transform *makeTransformPad();
+Transform *makeTransformPseudonym();
+Transform *makeTransformRandom();
+Transform *makeTransformRemoveCols();
+Transform *makeTransformRenameCols();
+Transform *makeTransformReorder();
+Transform *makeTransformRowNum();
+Transform *makeTransformSample();
+Transform *makeTransformSlice();
+Transform *makeTransformSort();
 Transform *makeTransformStack();
+Transform *makeTransformStamp();
 Transform *makeTransformSubtract();
+Transform *makeTransformTranspose();
 Transform *makeTransformWhitespace();
 
 namespace Catalogue {
@@ -31,26 +50,26 @@ const std::vector<CatalogueRow> &rows()
         {1, "Calculate", "Calculate", Transform::Column, 1, 1, false, false, false, nullptr},
         {2, "Case", "Case", Transform::Format, 1, 1, false, true, false, makeTransformCase},
         {3, "Chop", "Chop", Transform::Format, 1, 1, false, true, false, makeTransformChop},
-        {4, "Clone", "Clone", Transform::Other, 1, 1, true, false, false, nullptr},
+        {4, "Clone", "Clone", Transform::Other, 1, 1, true, false, false, makeTransformClone},
         {5, "Cluster", "Cluster", Transform::Analysis, 1, 1, true, false, false, nullptr},
         {6, "Compare_Cols", "Compare Cols", Transform::Column, 1, 1, true, false, false, makeTransformCompare},
-        {7, "Concat", "Concat Cols", Transform::Column, 1, 1, false, false, false, nullptr},
+        {7, "Concat", "Concat Cols", Transform::Column, 1, 1, false, false, false, makeTransformConcat},
         {8, "Concat_Rows", "Concat Rows", Transform::Row, 1, 1, true, false, false, nullptr},
-        {9, "Copy", "Copy Cols", Transform::Column, 1, 1, false, false, false, nullptr},
+        {9, "Copy", "Copy Cols", Transform::Column, 1, 1, false, false, false, makeTransformCopy},
         {10, "Correlate", "Correlate", Transform::Analysis, 1, 1, true, false, false, nullptr},
         {11, "Count", "Count", Transform::Analysis, 1, 1, false, false, true, nullptr},
         {12, "Cross", "Cross", Transform::Merge, 2, unlimited, true, false, false, makeTransformCross},
         {13, "Date_Format", "DateTime Format", Transform::Format, 1, 1, false, true, false, nullptr},
         {14, "Decode", "Decode", Transform::Format, 1, 1, true, true, false, nullptr},
-        {15, "Dedupe", "Dedupe", Transform::Row, 1, 1, false, false, true, nullptr},
+        {15, "Dedupe", "Dedupe", Transform::Row, 1, 1, false, false, true, makeTransformDedupe},
         {16, "Difference", "Difference", Transform::Analysis, 2, 2, true, false, false, makeTransformDiff},
         {17, "Extract", "Extract", Transform::Format, 1, 1, false, true, false, makeTransformExtract},
         {18, "Fill", "Fill", Transform::Format, 1, 1, false, true, false, nullptr},
-        {19, "Filter", "Filter", Transform::Row, 1, 1, false, false, false, nullptr},
+        {19, "Filter", "Filter", Transform::Row, 1, 1, false, false, false, makeTransformFilter},
         {20, "Gather", "Gather", Transform::Column, 1, 1, true, false, false, nullptr},
         {21, "Hash", "Hash", Transform::Other, 1, 1, true, true, false, nullptr},
-        {22, "Header", "Header", Transform::Row, 1, 1, true, false, false, nullptr},
-        {23, "If", "If", Transform::Column, 1, 1, true, false, false, nullptr},
+        {22, "Header", "Header", Transform::Row, 1, 1, true, false, false, makeTransformHeader},
+        {23, "If", "If", Transform::Column, 1, 1, true, false, false, makeTransformIf},
         {24, "Impute", "Impute", Transform::Other, 1, 1, true, true, false, nullptr},
         {25, "Insert", "Insert", Transform::Format, 1, 1, false, true, false, makeTransformInsert},
         {26, "Intersect", "Intersect", Transform::Merge, 2, 2, true, false, false, makeTransformIntersect},
@@ -60,7 +79,7 @@ const std::vector<CatalogueRow> &rows()
         {30, "List", "List", Transform::Format, 1, 1, false, false, false, nullptr},
         {31, "Lookup", "Lookup", Transform::Merge, 2, 2, false, false, false, makeTransformLookup},
         {32, "Moving", "Moving", Transform::Column, 1, 1, true, false, false, nullptr},
-        {33, "New_Col", "New Col", Transform::Column, 1, 1, false, false, false, nullptr},
+        {33, "New_Col", "New Col", Transform::Column, 1, 1, false, false, false, makeTransformNewCol},
         {34, "New_Rows", "New Rows", Transform::Row, 1, 1, true, false, false, nullptr},
         {35, "Ngram", "Ngram", Transform::Analysis, 1, 1, true, false, true, nullptr},
         {36, "Num_Base", "Num Base", Transform::Format, 1, 1, true, true, false, nullptr},
@@ -69,32 +88,32 @@ const std::vector<CatalogueRow> &rows()
         {39, "Outliers", "Outliers", Transform::Other, 1, 1, true, true, false, nullptr},
         {40, "Pad", "Pad", Transform::Format, 1, 1, false, true, false, makeTransformPad},
         {41, "Pivot", "Pivot", Transform::Analysis, 1, 1, true, false, true, nullptr},
-        {42, "Pseudonym", "Pseudonym", Transform::Column, 1, 1, true, false, false, nullptr},
-        {43, "Random", "Random", Transform::Other, 1, 1, true, false, false, nullptr},
-        {44, "Remove", "Remove Cols", Transform::Column, 1, 1, false, false, false, nullptr},
-        {46, "Rename_Cols", "Rename Cols", Transform::Column, 1, 1, false, false, false, nullptr},
-        {47, "Reorder", "Reorder Cols", Transform::Column, 1, 1, false, false, false, nullptr},
+        {42, "Pseudonym", "Pseudonym", Transform::Column, 1, 1, true, false, false, makeTransformPseudonym},
+        {43, "Random", "Random", Transform::Other, 1, 1, true, false, false, makeTransformRandom},
+        {44, "Remove", "Remove Cols", Transform::Column, 1, 1, false, false, false, makeTransformRemoveCols},
+        {46, "Rename_Cols", "Rename Cols", Transform::Column, 1, 1, false, false, false, makeTransformRenameCols},
+        {47, "Reorder", "Reorder Cols", Transform::Column, 1, 1, false, false, false, makeTransformReorder},
         {49, "Replace_Multi", "Replace", Transform::Format, 1, 1, false, true, false, nullptr},
         {50, "Reshape", "Reshape", Transform::Column, 1, 1, true, false, false, nullptr},
-        {51, "Row_Num", "Row Num", Transform::Row, 1, 1, false, false, false, nullptr},
-        {52, "Sample", "Sample", Transform::Row, 1, 1, false, false, false, nullptr},
+        {51, "Row_Num", "Row Num", Transform::Row, 1, 1, false, false, false, makeTransformRowNum},
+        {52, "Sample", "Sample", Transform::Row, 1, 1, false, false, false, makeTransformSample},
         {53, "Scale", "Scale", Transform::Format, 1, 1, true, true, false, nullptr},
         {54, "Sequence", "Sequence", Transform::Row, 1, 1, true, false, false, nullptr},
-        {55, "Slice", "Slice", Transform::Row, 1, 1, true, false, false, nullptr},
+        {55, "Slice", "Slice", Transform::Row, 1, 1, true, false, false, makeTransformSlice},
         {56, "Slide", "Slide", Transform::Format, 1, 1, true, true, false, nullptr},
-        {57, "Sort", "Sort", Transform::Row, 1, 1, false, false, false, nullptr},
+        {57, "Sort", "Sort", Transform::Row, 1, 1, false, false, false, makeTransformSort},
         {58, "Split", "Split Col", Transform::Column, 1, 1, false, false, false, nullptr},
         {59, "Split_Name", "Split Name", Transform::Column, 1, 1, true, false, false, nullptr},
         {60, "Split_Rows", "Split Rows", Transform::Row, 1, 1, true, false, false, nullptr},
         {61, "Spread", "Spread", Transform::Column, 1, 1, true, false, false, nullptr},
         {62, "Stack", "Stack", Transform::Merge, 1, unlimited, false, false, false, makeTransformStack},
-        {63, "Stamp", "Stamp", Transform::Other, 1, 1, true, false, false, nullptr},
+        {63, "Stamp", "Stamp", Transform::Other, 1, 1, true, false, false, makeTransformStamp},
         {64, "Stats", "Stats", Transform::Analysis, 1, 1, true, false, false, nullptr},
         {65, "Substitute", "Substitute", Transform::Other, 1, 1, true, false, false, nullptr},
         {66, "Subtract", "Subtract", Transform::Merge, 2, 2, true, false, false, makeTransformSubtract},
         {67, "Summary", "Summary", Transform::Analysis, 1, 1, false, false, false, nullptr},
         {68, "Total", "Total", Transform::Analysis, 1, 1, true, false, false, nullptr},
-        {69, "Transpose", "Transpose", Transform::Other, 1, 1, false, false, false, nullptr},
+        {69, "Transpose", "Transpose", Transform::Other, 1, 1, false, false, false, makeTransformTranspose},
         {71, "Unfill", "Unfill", Transform::Format, 1, 1, true, true, false, nullptr},
         {72, "Unique", "Unique", Transform::Row, 1, 1, true, false, true, nullptr},
         {73, "Units", "Units", Transform::Other, 1, 1, true, true, false, nullptr},

@@ -33,6 +33,11 @@ QString Messages::colsAdded(qint64 number)
     return number == 0 ? noChanges() : QStringLiteral("%1 %2 added").arg(count(number), cols(number));
 }
 
+QString Messages::colsRemoved(qint64 number)
+{
+    return number == 0 ? noChanges() : QStringLiteral("%1 %2 removed").arg(count(number), cols(number));
+}
+
 QStringList Messages::Examples::lines(const char *one, const char *many) const
 {
     QStringList result = m_texts;

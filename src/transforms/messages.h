@@ -32,6 +32,8 @@ QString changed(qint64 changed);
 QString rowsRemoved(qint64 number);
 /// "2 cols added", or "No changes" for none.
 QString colsAdded(qint64 number);
+/// "2 cols removed", or "No changes" for none.
+QString colsRemoved(qint64 number);
 
 /// Gathers the first five of many examples, for a list that ends with "+ 7 others".
 class Examples
