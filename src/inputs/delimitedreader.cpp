@@ -24,7 +24,7 @@ DelimitedReader::DelimitedReader(const DelimitedOptions &options, TextSource *so
 {
 }
 
-QString Quoting::label(int quoting)
+QString InputQuoting::label(int quoting)
 {
     static const QStringList labels{QStringLiteral("Automatic"), QStringLiteral("Quoted"), QStringLiteral("Unquoted")};
     return labels.value(quoting);
@@ -106,11 +106,11 @@ DelimitedSyntax DelimitedReader::chooseSyntax(const Buffer &buffer)
     }
     DelimitedSyntax syntax;
     syntax.delimiter = DelimiterKind::character(delimiter, m_options.customDelimiter);
-    syntax.quotes = m_options.quoting != Quoting::Unquoted;
+    syntax.quotes = m_options.quoting != InputQuoting::Unquoted;
     syntax.ignoreRepeatedDelimiter = m_options.ignoreRepeatedDelimiter;
-    if (m_options.quoting == Quoting::Automatic) {
+    if (m_options.quoting == InputQuoting::Automatic) {
         syntax.quotes = syntax.delimiter != QLatin1Char('\t');
-        const QString guessed = Quoting::label(syntax.quotes ? Quoting::Quoted : Quoting::Unquoted);
+        const QString guessed = InputQuoting::label(syntax.quotes ? InputQuoting::Quoted : InputQuoting::Unquoted);
         const QString info = QStringLiteral("Quoting=Automatic guesses '%1', set 'Quoting' option to change");
         m_infos.append(info.arg(guessed));
     }

@@ -9,18 +9,18 @@ class Dataset;
 class TextSource;
 
 /// How text is quoted; the numbers stand in documents and settings.
-namespace Quoting {
+namespace InputQuoting {
 enum { Automatic = 0, Quoted = 1, Unquoted = 2 };
 /// "Automatic" and so on; empty for a number outside the table.
 QString label(int quoting);
-} // namespace Quoting
+} // namespace InputQuoting
 
 /// The options of a delimited input.
 struct DelimitedOptions
 {
     int delimiter = 0; ///< a value of DelimiterKind
     QChar customDelimiter;
-    int quoting = Quoting::Automatic;
+    int quoting = InputQuoting::Automatic;
     bool ignoreRepeatedDelimiter = false;
     RowRules rows;
 };

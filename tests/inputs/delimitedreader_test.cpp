@@ -40,7 +40,7 @@ DelimitedOptions plainOptions()
 {
     DelimitedOptions options;
     options.delimiter = DelimiterKind::Comma;
-    options.quoting = Quoting::Quoted;
+    options.quoting = InputQuoting::Quoted;
     options.rows = {false, false, false, 0};
     return options;
 }
@@ -93,8 +93,8 @@ void expectRows(const RowsCase &c)
 
 TEST(DelimitedReader, PartsRowsAndCells)
 {
-    const DelimitedOptions quoted = with(Quoting::Quoted, false);
-    const DelimitedOptions unquoted = with(Quoting::Unquoted, false);
+    const DelimitedOptions quoted = with(InputQuoting::Quoted, false);
+    const DelimitedOptions unquoted = with(InputQuoting::Unquoted, false);
     const RowsCase cases[] = {
         {"nothing gives nothing", quoted, "", {}},
         {"each kind of line end ends a row", quoted, "a,b\nc,d\r\ne,f\rg,h", {"a|b", "c|d", "e|f", "g|h"}},
@@ -120,9 +120,9 @@ TEST(DelimitedReader, PartsRowsAndCells)
         {"an empty quoted field is an empty field", quoted, "\"\",a\n", {"|a"}},
         {"narrow rows are padded, earlier ones too", quoted, "a\nb,c,d\ne,f\n", {"a||", "b|c|d", "e|f|"}},
         {"repeated delimiters count", quoted, "a,,b\n", {"a||b"}},
-        {"unless ignored", with(Quoting::Quoted, true), "a,,,b\n", {"a|b"}},
-        {"then with quotes, leading ones go too", with(Quoting::Quoted, true), ",,a,\"\",b,\n", {"a|b|"}},
-        {"and without quotes one of each run stays", with(Quoting::Unquoted, true), ",,a,,b,,\n", {"|a|b|"}},
+        {"unless ignored", with(InputQuoting::Quoted, true), "a,,,b\n", {"a|b"}},
+        {"then with quotes, leading ones go too", with(InputQuoting::Quoted, true), ",,a,\"\",b,\n", {"a|b|"}},
+        {"and without quotes one of each run stays", with(InputQuoting::Unquoted, true), ",,a,,b,,\n", {"|a|b|"}},
         {"a delimiter of two bytes", withCustom(QChar(0xA7)), "a\u00A7\"b\u00A7c\"\u00A7\u00A6d\n",
             {"a|b\u00A7c|\u00A6d"}},
         {"a delimiter of three bytes", withCustom(QChar(0x2192)), "a\u2192b\u2193c\u2192", {"a|b\u2193c"}},
@@ -183,7 +183,7 @@ TEST(DelimitedReader, ReportsWhatItGuessedAndFound)
         QStringList warnings;
     };
     DelimitedOptions automaticQuoting = plainOptions();
-    automaticQuoting.quoting = Quoting::Automatic;
+    automaticQuoting.quoting = InputQuoting::Automatic;
     DelimitedOptions tabs = automaticQuoting;
     tabs.delimiter = DelimiterKind::Tab;
     const QString varies = "Number of columns per row vary:";
@@ -306,7 +306,7 @@ TEST(DelimitedReader, AgreesWithAPlainReaderOnRandomText)
         const QChar delimiter = QString::fromUtf8(",,,;\u00A7\u3000\t\n\r\"").at(random.bounded(10));
         DelimitedOptions options = withCustom(delimiter);
         const bool lineEnd = delimiter == '\n' || delimiter == '\r';
-        options.quoting = random.bounded(2) || lineEnd ? Quoting::Quoted : Quoting::Unquoted;
+        options.quoting = random.bounded(2) || lineEnd ? InputQuoting::Quoted : InputQuoting::Unquoted;
         options.ignoreRepeatedDelimiter = random.bounded(2);
         options.rows = {random.bounded(2) > 0, random.bounded(2) > 0, random.bounded(2) > 0, random.bounded(3)};
         const int blockSize = 1 + random.bounded(100);

@@ -147,7 +147,7 @@ ReferenceReading referenceReading(
     stream.setCodec(automatic ? "UTF-8" : encoding.toLatin1().constData());
     stream.setAutoDetectUnicode(automatic);
     ReferenceReader reader(delimiter, options);
-    if (options.quoting == Quoting::Quoted) {
+    if (options.quoting == InputQuoting::Quoted) {
         reader.readQuoted(stream.readAll());
     } else {
         reader.readUnquoted(stream);
