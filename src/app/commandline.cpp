@@ -1,0 +1,182 @@
+#include "app/commandline.h"
+
+#include "settings/product.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <cstring>
+
+namespace {
+
+struct VerbosityRow
+{
+    const char *name;
+    const char *description;
+};
+
+const VerbosityRow verbosities[] = {
+    {"Silent", "No output."},
+    {"Summary", "Summary only."},
+    {"Normal", "Summary + processing."},
+    {"Extra", "Summary + processing + warnings."},
+    {"Maximum", "Summary + processing + warnings + info."},
+};
+
+/// An option in lower case, without its one or two dashes.
+QString optionName(const QString &argument)
+{
+    return argument.mid(argument.startsWith(QLatin1String("--")) ? 2 : 1).toLower();
+}
+
+/// Walks over the arguments and fills a CommandLine.
+class Parser
+{
+public:
+    explicit Parser(const QStringList &arguments)
+        : m_arguments(arguments)
+    {
+    }
+
+    CommandLine parse()
+    {
+        for (m_index = 1; m_index < m_arguments.size() && m_result.error.isEmpty(); ++m_index) {
+            const QString &argument = m_arguments.at(m_index);
+            if (argument.startsWith(QLatin1Char('-'))) {
+                takeOption(argument);
+            } else if (m_result.document.isEmpty()) {
+                takeDocument(argument);
+            }
+        }
+        return m_result;
+    }
+
+private:
+    void takeOption(const QString &argument)
+    {
+        const QString name = optionName(argument);
+        if (!takeFlag(name) && !takeValueOption(name, argument)) {
+            m_result.error = QStringLiteral("Unrecognized argument: %1").arg(argument);
+        }
+    }
+
+    bool takeFlag(const QString &name)
+    {
+        static const struct
+        {
+            const char *name;
+            bool CommandLine::*flag;
+        } flags[] = {
+            {"cli", &CommandLine::commandLine},
+            {"overwrite", &CommandLine::overwriteLog},
+            {"new_window", &CommandLine::newWindow},
+            {"version", &CommandLine::printVersion},
+            {"build", &CommandLine::printBuild},
+        };
+        for (const auto &flag : flags) {
+            if (name == QLatin1String(flag.name)) {
+                m_result.*flag.flag = true;
+                return true;
+            }
+        }
+        if (name == QLatin1String("verbose")) {
+            m_result.verbosity = Verbosity::Normal;
+            return true;
+        }
+        return false;
+    }
+
+    /// False when there is no such option.
+    bool takeValueOption(const QString &name, const QString &argument)
+    {
+        const bool isOverride = name == QLatin1String("file") || name == QLatin1String("folder");
+        if (!isOverride && name != QLatin1String("log") && name != QLatin1String("verbosity")) {
+            return false;
+        }
+        if (++m_index >= m_arguments.size()) {
+            m_result.error = QStringLiteral("No value following %1 argument").arg(argument);
+            return true;
+        }
+        const QString &value = m_arguments.at(m_index);
+        if (isOverride) {
+            m_result.overrides.append(value);
+        } else if (name == QLatin1String("log")) {
+            m_result.logPath = value;
+        } else {
+            takeVerbosity(value);
+        }
+        return true;
+    }
+
+    void takeVerbosity(const QString &value)
+    {
+        bool isNumber = false;
+        const int level = value.toInt(&isNumber);
+        if (isNumber && level >= Verbosity::Silent && level <= Verbosity::Maximum) {
+            m_result.verbosity = level;
+        } else {
+            m_result.error = QStringLiteral("Verbosity value '%1' not recognised, %2-%3 expected")
+                                 .arg(value, QString::number(Verbosity::Silent), QString::number(Verbosity::Maximum));
+        }
+    }
+
+    void takeDocument(const QString &path)
+    {
+        const QFileInfo info(path);
+        if (!info.exists()) {
+            m_result.error = QStringLiteral("'%1' not found").arg(path);
+        } else if (info.suffix().compare(QLatin1String(Product::documentSuffix), Qt::CaseInsensitive) != 0) {
+            m_result.error = QStringLiteral("Unrecognized file suffix '%1' in '%2'").arg(info.suffix(), path);
+        } else {
+            m_result.document = QDir::cleanPath(info.absoluteFilePath());
+        }
+    }
+
+    const QStringList &m_arguments;
+    int m_index = 1;
+    CommandLine m_result;
+};
+
+} // namespace
+
+QString Verbosity::name(int level)
+{
+    return level >= Silent && level <= Maximum ? QString::fromLatin1(verbosities[level].name) : QString();
+}
+
+QString Verbosity::description(int level)
+{
+    return level >= Silent && level <= Maximum ? QString::fromLatin1(verbosities[level].description) : QString();
+}
+
+CommandLine parseCommandLine(const QStringList &arguments)
+{
+    return Parser(arguments).parse();
+}
+
+bool asksForCommandLine(int argc, char **argv)
+{
+    // What follows one of these is its value, whatever it looks like.
+    const QStringList withValue{
+        QStringLiteral("log"), QStringLiteral("verbosity"), QStringLiteral("file"), QStringLiteral("folder")};
+    for (int i = 1; i < argc; ++i) {
+        if (argv[i][0] != '-') {
+            continue;
+        }
+        const QString name = optionName(QString::fromLocal8Bit(argv[i]));
+        if (name == QLatin1String("cli")) {
+            return true;
+        }
+        i += withValue.contains(name) ? 1 : 0;
+    }
+    return false;
+}
+
+bool namesPlatform(int argc, char **argv)
+{
+    for (int i = 1; i < argc; ++i) {
+        if (std::strcmp(argv[i], "-platform") == 0 || std::strcmp(argv[i], "--platform") == 0) {
+            return true;
+        }
+    }
+    return false;
+}

@@ -1,0 +1,80 @@
+#include "app/commandlineitems.h"
+
+#include "charts/chartnode.h"
+#include "graph/graphscene.h"
+#include "inputs/inputnode.h"
+#include "outputs/outputnode.h"
+
+#include <algorithm>
+
+namespace {
+
+template<class NodeType>
+QList<NodeType *> byId(QList<NodeType *> nodes)
+{
+    std::sort(nodes.begin(), nodes.end(), [](const Node *a, const Node *b) { return a->id() < b->id(); });
+    return nodes;
+}
+
+CommandLineItem inputItem(const InputNode &input)
+{
+    CommandLineItem item;
+    item.kind = CommandLineItem::Input;
+    item.alias = input.alias();
+    item.isFolder = input.medium() == Medium::Folder;
+    item.path = item.isFolder ? input.path() : IONode::fileSheetText(input.path(), input.sheetName());
+    item.isConnected = !input.allDownstreamOfKind(ItemType::Output, false).isEmpty()
+                       || !input.allDownstreamOfKind(ItemType::Chart, false).isEmpty();
+    return item;
+}
+
+CommandLineItem leafItem(const Node &node, CommandLineItem::Kind kind)
+{
+    CommandLineItem item;
+    item.kind = kind;
+    item.alias = node.alias();
+    item.isConnected = !node.allUpstreamOfKind(ItemType::Input, false).isEmpty();
+    return item;
+}
+
+CommandLineItem outputItem(const OutputNode &output)
+{
+    CommandLineItem item = leafItem(output, CommandLineItem::Output);
+    item.path = IONode::fileSheetText(output.path(), output.sheetName());
+    item.writeMode = output.writeMode();
+    item.lacksFilesColumn = output.isMultiFile() && output.storedMultiFileColumn().isEmpty();
+    return item;
+}
+
+CommandLineItem chartItem(const ChartNode &chart)
+{
+    CommandLineItem item = leafItem(chart, CommandLineItem::Chart);
+    item.path = chart.path();
+    item.writeMode = WriteMode::Overwrite;
+    return item;
+}
+
+} // namespace
+
+QList<CommandLineItem> commandLineItems(const GraphScene &scene)
+{
+    QList<CommandLineItem> items;
+    for (const IONode *node : byId(scene.inputNodes())) {
+        const auto *input = qobject_cast<const InputNode *>(node);
+        if (input && input->medium() != Medium::Clipboard) {
+            items.append(inputItem(*input));
+        }
+    }
+    for (const IONode *node : byId(scene.outputNodes())) {
+        if (const auto *output = qobject_cast<const OutputNode *>(node)) {
+            items.append(outputItem(*output));
+        }
+    }
+    for (const Node *node : byId(scene.chartNodes())) {
+        const auto *chart = qobject_cast<const ChartNode *>(node);
+        if (chart && chart->writesFile()) {
+            items.append(chartItem(*chart));
+        }
+    }
+    return items;
+}

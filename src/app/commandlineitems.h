@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+class GraphScene;
+
+/// What the text for the command line needs to know of an item.
+struct CommandLineItem
+{
+    enum Kind { Input, Output, Chart };
+
+    Kind kind = Input;
+    QString alias;
+    /// File with its sheet, or folder.
+    QString path;
+    bool isFolder = false;
+    /// An input that reaches an output or chart, or one of these that an input reaches.
+    bool isConnected = false;
+    /// What an output or chart does with files: a value of WriteMode.
+    int writeMode = 0;
+    /// An output that wants the names of its files from a column, and has no column.
+    bool lacksFilesColumn = false;
+};
+
+/// The inputs from files and folders, the outputs, and the charts that write files, each kind by ascending id.
+QList<CommandLineItem> commandLineItems(const GraphScene &scene);

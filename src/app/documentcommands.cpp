@@ -1,0 +1,325 @@
+#include "app/documentcommands.h"
+
+#include "app/aliasoverrides.h"
+#include "app/application.h"
+#include "app/documentsession.h"
+#include "app/openingquestions.h"
+#include "app/recentdocuments.h"
+#include "app/recoveryfile.h"
+#include "graph/graphscene.h"
+#include "graph/waitcursor.h"
+#include "settings/product.h"
+#include "settings/settings.h"
+
+#include <QDebug>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLocale>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace {
+
+const char *const fileFilter = "Quillmere (*.transform)";
+
+QString productName()
+{
+    return QString::fromLatin1(Product::name);
+}
+
+QFileDialog::Options dialogOptions()
+{
+    return Settings::current().useNativeFileDialogs() ? QFileDialog::Options() : QFileDialog::DontUseNativeDialog;
+}
+
+} // namespace
+
+DocumentCommands::DocumentCommands(Application &application, DocumentSession &session, RecentDocuments &recent,
+    QWidget &window, const QStringList &overrides)
+    : QObject(&window)
+    , m_application(application)
+    , m_session(session)
+    , m_recent(recent)
+    , m_window(window)
+    , m_overrides(overrides)
+{
+}
+
+bool DocumentCommands::isBusy() const
+{
+    return m_session.scene().isProcessing();
+}
+
+void DocumentCommands::critical(const QString &text)
+{
+    QMessageBox::critical(&m_window, productName(), text);
+}
+
+bool DocumentCommands::maybeSave()
+{
+    if (!m_session.isModified()) {
+        return true;
+    }
+    const auto answer = QMessageBox::question(&m_window, productName(), QStringLiteral("Save changes?"),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Cancel);
+    if (answer == QMessageBox::Save) {
+        return save();
+    }
+    return answer == QMessageBox::Discard;
+}
+
+void DocumentCommands::onNew()
+{
+    if (isBusy() || !maybeSave()) {
+        return;
+    }
+    const WaitCursor cursor;
+    m_session.releaseHold();
+    setCurrentPath(QString());
+    m_session.clear();
+    const QLocale locale = Settings::current().locale();
+    if (locale != QLocale()) {
+        QLocale::setDefault(locale);
+        emit localeChanged();
+    }
+    emit documentCleared();
+    m_session.setModified(false);
+    RecoveryFile::remove();
+}
+
+void DocumentCommands::onOpen()
+{
+    if (isBusy() || !maybeSave()) {
+        return;
+    }
+    const QString path = QFileDialog::getOpenFileName(
+        &m_window, QString(), m_application.lastDocDir(), QString::fromLatin1(fileFilter), nullptr, dialogOptions());
+    QCoreApplication::processEvents();
+    if (!path.isEmpty() && openDocument(path)) {
+        RecoveryFile::remove();
+    }
+}
+
+void DocumentCommands::onOpenPath(const QString &path)
+{
+    if (isBusy()) {
+        return;
+    }
+    if (!QFileInfo::exists(path)) {
+        critical(QStringLiteral("'%1' not found.").arg(QDir::toNativeSeparators(path)));
+        emit recentChanged();
+        return;
+    }
+    if (!maybeSave()) {
+        return;
+    }
+    if (openDocument(path)) {
+        RecoveryFile::remove();
+    } else {
+        emit recentChanged();
+    }
+}
+
+bool DocumentCommands::takeFile(const QString &path)
+{
+    m_session.releaseHold();
+    if (RecoveryFile::isRecoveryFile(path) || m_session.hold(path)) {
+        return true;
+    }
+    const auto answer = QMessageBox::warning(&m_window, productName(),
+        QStringLiteral(
+            "Cannot open '%1' to write.\nYou may have insufficient access, it may be read-only or it may be open "
+            "in another application.\nOpen it read-only and select 'File'>Save as...' to save it to a different "
+            "filename/folder.")
+            .arg(QDir::toNativeSeparators(path)),
+        QMessageBox::Ok | QMessageBox::Cancel);
+    return answer == QMessageBox::Ok;
+}
+
+bool DocumentCommands::openDocument(const QString &givenPath)
+{
+    const QString path = m_application.applicationDir().absoluteFilePath(givenPath);
+    emit statusMessage(QStringLiteral("Loading %1").arg(QDir::toNativeSeparators(path)));
+    if (!takeFile(path)) {
+        return false;
+    }
+    LoadedDocument loaded;
+    QString error;
+    bool isLoaded = false;
+    {
+        const WaitCursor cursor;
+        isLoaded = m_session.load(path, loaded, error);
+    }
+    if (!isLoaded) {
+        m_session.releaseHold();
+        critical(QStringLiteral("Unable to open '%1': %2").arg(QDir::toNativeSeparators(path), error));
+        return false;
+    }
+    setDocumentLocale(loaded.locale);
+    if (!loaded.notAdded.isEmpty()) {
+        QMessageBox::warning(&m_window, productName(), loaded.notAdded);
+    }
+    bool changed = loaded.relocated;
+    changed |= OpeningQuestions::replaceMissingInputs(m_session.scene(), path, &m_window);
+    bool autoRun = loaded.autoRunOn;
+    changed |= OpeningQuestions::guardOutputs(m_session.scene(), path, autoRun, &m_window);
+    setCurrentPath(path);
+    m_session.scene().clearSelection();
+    const OverrideResult overridden = applyOverrides(m_overrides, m_session.scene());
+    m_overrides.clear();
+    if (!overridden.error.isEmpty()) {
+        emit overridesUnusable(overridden.error);
+        return false;
+    }
+    changed |= overridden.changed;
+    emit documentOpened(autoRun);
+    m_session.setModified(changed || RecoveryFile::isRecoveryFile(path));
+    tellOfLoss(loaded);
+    return true;
+}
+
+void DocumentCommands::setDocumentLocale(const QString &name)
+{
+    const QLocale locale(name);
+    if (name.isEmpty() || locale == QLocale()) {
+        return;
+    }
+    QLocale::setDefault(locale);
+    emit localeChanged();
+    if (Settings::current().warnOnLocaleChange()) {
+        QMessageBox::information(&m_window, productName(),
+            QStringLiteral("The locale has changed to %1.\nYou can turn off this warning in 'Preferences'.")
+                .arg(QStringLiteral("%1/%2").arg(
+                    QLocale::languageToString(locale.language()), QLocale::countryToString(locale.country()))));
+    }
+}
+
+void DocumentCommands::tellOfLoss(const LoadedDocument &loaded)
+{
+    if (!loaded.laterVersion) {
+        return;
+    }
+    const auto answer = QMessageBox::warning(&m_window, productName(),
+        QStringLiteral(
+            "This document was created with a later version of the software.\nSome information may not be readable "
+            "and information may be lost if you overwrite the existing document.\nIt is recommended that you click "
+            "'Save' and save to a new document before continuing."),
+        QMessageBox::Save | QMessageBox::Cancel);
+    if (answer == QMessageBox::Save) {
+        saveAs();
+    }
+}
+
+void DocumentCommands::setCurrentPath(const QString &path)
+{
+    const bool isReal = !path.isEmpty() && !RecoveryFile::isRecoveryFile(path);
+    m_session.setPath(isReal ? path : QString());
+    if (isReal) {
+        m_application.setLastDocDir(QFileInfo(path).absolutePath());
+        m_recent.add(path);
+    }
+    emit recentChanged();
+}
+
+void DocumentCommands::onSave()
+{
+    if (!isBusy() && save()) {
+        RecoveryFile::remove();
+    }
+}
+
+void DocumentCommands::onSaveAs()
+{
+    if (!isBusy() && saveAs()) {
+        RecoveryFile::remove();
+    }
+}
+
+bool DocumentCommands::save()
+{
+    return m_session.path().isEmpty() ? saveAs() : saveToPath(m_session.path());
+}
+
+bool DocumentCommands::saveAs()
+{
+    const QString suffix = QLatin1Char('.') + QLatin1String(Product::documentSuffix);
+    const QFileInfo current(m_session.path());
+    const QString proposal = m_session.path().isEmpty()
+                                 ? QDir(m_application.lastDocDir()).filePath(QStringLiteral("MyTransform") + suffix)
+                                 : current.dir().filePath(current.completeBaseName() + suffix);
+    QString path = QFileDialog::getSaveFileName(
+        &m_window, QStringLiteral("Save"), proposal, QString::fromLatin1(fileFilter), nullptr, dialogOptions());
+    if (path.isEmpty()) {
+        return false;
+    }
+    QCoreApplication::processEvents();
+    if (!path.endsWith(suffix, Qt::CaseInsensitive)) {
+        path += suffix;
+        // The dialog asked about another name.
+        if (QFileInfo::exists(path) && !confirmReplacing(path)) {
+            return false;
+        }
+    }
+    const QFileInfo target(path);
+    if (!target.absoluteDir().exists()) {
+        critical(QStringLiteral("Folder '%1' does not exist.").arg(QDir::toNativeSeparators(target.absolutePath())));
+        return false;
+    }
+    m_session.releaseHold();
+    if (!m_session.hold(path)) {
+        critical(QStringLiteral(
+            "Cannot open '%1' to write.\nYou may have insufficient access, it may be read-only or it may be "
+            "open in another application.")
+                     .arg(QDir::toNativeSeparators(path)));
+        return false;
+    }
+    return saveToPath(path);
+}
+
+bool DocumentCommands::confirmReplacing(const QString &path)
+{
+    return QMessageBox::question(&m_window, productName(),
+               QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(QDir::toNativeSeparators(path)))
+           == QMessageBox::Yes;
+}
+
+bool DocumentCommands::saveToPath(const QString &path)
+{
+    const QString native = QDir::toNativeSeparators(path);
+    emit statusMessage(QStringLiteral("Saving %1").arg(native));
+    QString error;
+    bool isSaved = false;
+    {
+        const WaitCursor cursor;
+        isSaved = m_session.save(path, error);
+    }
+    if (!isSaved) {
+        critical(QStringLiteral("Unable to save '%1'. %2").arg(native, error));
+        return false;
+    }
+    setCurrentPath(path);
+    emit statusMessage(QStringLiteral("Saved %1").arg(native));
+    m_session.setModified(false);
+    return true;
+}
+
+void DocumentCommands::refreshRecoveryFile()
+{
+    if (!m_session.scene().nodes().isEmpty() && m_session.isModified() && RecoveryFile::isOld()) {
+        emit statusMessage(QStringLiteral("Saving auto recovery file"));
+        saveRecoveryNow();
+    }
+}
+
+void DocumentCommands::saveRecoveryNow()
+{
+    if (m_session.scene().nodes().isEmpty() || !m_session.isModified()) {
+        return;
+    }
+    const WaitCursor cursor;
+    QString error;
+    if (!RecoveryFile::save(m_session.content(), error)) {
+        qWarning() << "Error saving auto recovery file " << RecoveryFile::path() << " : " << error;
+    }
+}

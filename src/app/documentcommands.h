@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+
+class Application;
+class DocumentSession;
+class RecentDocuments;
+class QWidget;
+struct LoadedDocument;
+
+/// New, Open, Save and what goes with them: asks, opens and saves, and tells the user what went wrong. Each command is
+/// ignored while a run is on.
+class DocumentCommands : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Boxes open over `window`. `overrides` are applied to the first document opened.
+    DocumentCommands(Application &application, DocumentSession &session, RecentDocuments &recent, QWidget &window,
+        const QStringList &overrides);
+
+    /// True when the document may be closed: it is saved, or the user lets it go.
+    bool maybeSave();
+    /// Opens a document over the present one, with all questions. False when that came to nothing.
+    bool openDocument(const QString &path);
+    bool save();
+    bool saveAs();
+    /// Keeps a copy for the case that the program ends unexpectedly, at most once a minute.
+    void refreshRecoveryFile();
+    void saveRecoveryNow();
+
+public slots:
+    void onNew();
+    void onOpen();
+    /// After asking to save, for recent and for dropped documents.
+    void onOpenPath(const QString &path);
+    void onSave();
+    void onSaveAs();
+
+signals:
+    void statusMessage(const QString &text);
+    /// A document has come into the scene; its auto run flag is what it asks for.
+    void documentOpened(bool autoRun);
+    void documentCleared();
+    /// Entries have come or gone, or files behind them.
+    void recentChanged();
+    void localeChanged();
+    /// The files that the process was given can't take the place of the document's.
+    void overridesUnusable(const QString &error);
+
+private:
+    bool takeFile(const QString &path);
+    bool confirmReplacing(const QString &path);
+    bool saveToPath(const QString &path);
+    void setCurrentPath(const QString &path);
+    void setDocumentLocale(const QString &name);
+    void tellOfLoss(const LoadedDocument &loaded);
+    bool isBusy() const;
+    void critical(const QString &text);
+
+    Application &m_application;
+    DocumentSession &m_session;
+    RecentDocuments &m_recent;
+    QWidget &m_window;
+    QStringList m_overrides;
+};

@@ -1,0 +1,74 @@
+#include "app/documentsession.h"
+
+#include "document/documenthandle.h"
+#include "graph/graphscene.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+DocumentSession::DocumentSession(GraphScene &scene, QObject *parent)
+    : QObject(parent)
+    , m_scene(scene)
+{
+}
+
+void DocumentSession::setPath(const QString &path)
+{
+    m_path = path.isEmpty() ? QString() : QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
+    m_scene.setDocumentPath(m_path);
+    emit pathChanged(m_path);
+}
+
+void DocumentSession::setModified(bool modified)
+{
+    if (modified != m_modified) {
+        m_modified = modified;
+        emit modifiedChanged(modified);
+    }
+}
+
+bool DocumentSession::load(const QString &path, LoadedDocument &loaded, QString &error)
+{
+    if (!loadDocument(
+            path, m_scene, [this] { clear(); }, loaded, error)) {
+        return false;
+    }
+    m_notes = loaded.notes;
+    m_batch = loaded.batch;
+    return true;
+}
+
+bool DocumentSession::save(const QString &path, QString &error)
+{
+    if (m_hold.isHeld() && !m_hold.isAt(path)) {
+        // Another program has put a new file there; what goes into the held one would be lost.
+        m_hold.acquire(path);
+    }
+    if (m_hold.isHeld()) {
+        DeviceHandle handle(*m_hold.file());
+        return saveDocument(&handle, path, content(), error);
+    }
+    if (QFileInfo::exists(path) && !platform::FileHold().acquire(path)) {
+        error = QStringLiteral("Can't open file '%1' to write.").arg(path);
+        return false;
+    }
+    return saveDocument(nullptr, path, content(), error);
+}
+
+DocumentToSave DocumentSession::content() const
+{
+    DocumentToSave document;
+    document.scene = &m_scene;
+    document.notes = m_notes;
+    document.autoRunOn = m_scene.isAutoRunOn();
+    document.batch = m_batch;
+    return document;
+}
+
+void DocumentSession::clear()
+{
+    emit aboutToClear();
+    m_scene.clearAll();
+    m_notes.clear();
+    m_batch = BatchSettings();
+}

@@ -1,0 +1,63 @@
+#include "app/application.h"
+#include "app/commandline.h"
+#include "app/commandlinerun.h"
+#include "app/mainwindow.h"
+#include "app/runlog.h"
+#include "app/startup.h"
+#include "outputs/filenamevariables.h"
+
+#include <QHashFunctions>
+#include <new>
+
+namespace {
+
+/// A run without a window works with no display at all, unless the user chose a platform.
+void choosePlatform(int argc, char **argv)
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && !namesPlatform(argc, argv)) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+}
+
+bool openLog(const CommandLine &commandLine, RunLog &log)
+{
+    FileNameVariables::Context context;
+    context.documentPath = commandLine.document;
+    return log.open(FileNameVariables::expanded(commandLine.logPath, context), commandLine.overwriteLog);
+}
+
+int runWindow(Application &application, const CommandLine &commandLine, RunLog &log)
+{
+    MainWindow window(application, commandLine, log);
+    if (!window.start()) {
+        return RunLog::fatalExitCode;
+    }
+    QObject::connect(&application, &QGuiApplication::lastWindowClosed, &application, &QCoreApplication::quit);
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    std::set_new_handler(Application::outOfMemoryHandler);
+    // Several outputs follow the order of hashes, which must be the same on every run.
+    qSetGlobalQHashSeed(0);
+    const bool withoutWindow = asksForCommandLine(argc, argv);
+    RunLog::installMessageHandler(withoutWindow);
+    if (withoutWindow) {
+        choosePlatform(argc, argv);
+    }
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    Application application(argc, argv, withoutWindow ? Application::Mode::CommandLine : Application::Mode::Window);
+    const CommandLine commandLine = parseCommandLine(QCoreApplication::arguments());
+    RunLog log;
+    if (!commandLine.error.isEmpty()) {
+        return log.fatal(commandLine.error);
+    }
+    StartUp::applySettings();
+    if (!commandLine.logPath.isEmpty()) {
+        openLog(commandLine, log);
+    }
+    return commandLine.commandLine ? CommandLineRun(commandLine, log).run() : runWindow(application, commandLine, log);
+}

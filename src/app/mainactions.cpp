@@ -1,0 +1,151 @@
+#include "app/mainactions.h"
+
+#include "settings/settings.h"
+
+#include <QIcon>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+
+namespace {
+
+struct ActionRow
+{
+    QAction *MainActions::*action;
+    const char *name;
+    const char *text;
+    const char *shortcut;
+    const char *icon; ///< of the icon theme
+    const char *tip;
+    bool checkable;
+};
+
+const ActionRow rows[] = {
+    {&MainActions::fileNew, "m_fileNewAction", "&New", "Ctrl+N", "document-new", "Create a new .transform document.",
+        false},
+    {&MainActions::fileOpen, "m_fileOpenAction", "&Open...", "Ctrl+O", "document-open",
+        "Open an existing .transform document.", false},
+    {&MainActions::fileNewWindow, "m_fileNewWindowAction", "New &Window", "Ctrl+Shift+N", "window-new",
+        "Start a new Quillmere instance in a new window.", false},
+    {&MainActions::fileSave, "m_fileSaveAction", "&Save", "Ctrl+S", "document-save",
+        "Save the current .transform document.", false},
+    {&MainActions::fileSaveAs, "m_fileSaveAsAction", "Save &As...", "", "document-save-as",
+        "Save the current .transform document to a different name/location.", false},
+    {&MainActions::fileCommandLine, "m_fileCommandLineAction", "&Command Line...", "", "utilities-terminal",
+        "Get text to use on the command line.", false},
+    {&MainActions::fileExit, "m_fileExitAction", "E&xit", "", "application-exit", "Exit.", false},
+    {&MainActions::editDelete, "m_editDeleteAction", "&Delete", "Del", "edit-delete",
+        "Delete the items selected in the center pane.", false},
+    {&MainActions::editSelectAll, "m_editSelectAllAction", "Select &All", "Ctrl+A", "edit-select-all",
+        "Select All items in the center pane.", false},
+    {&MainActions::editSnapToGrid, "m_editSnapToGridAction", "Snap To &Grid", "", "snap-to-grid",
+        "Snap items to a grid.", true},
+    {&MainActions::inputFromFile, "m_inputFromFileAction", "From File", "Alt+I", "document-import",
+        "Input a dataset from a file.", false},
+    {&MainActions::inputFromClipboard, "m_inputFromClipboardAction", "From Clipboard", "Alt+Shift+I", "edit-paste",
+        "Input a dataset from the clipboard.", false},
+    {&MainActions::runAuto, "m_runAutoAction", "&Auto Run", "", "view-refresh", "Automatically run changes.", true},
+    {&MainActions::runChanged, "m_runChangedAction", "Run &Unprocessed", "Ctrl+R", "media-playback-start",
+        "Run items that need processing.", false},
+    {&MainActions::runSelected, "m_runSelectedAction", "Run &Selected", "Ctrl+Shift+R", "media-skip-forward",
+        "Run selected items (whether changed or not).", false},
+    {&MainActions::runEverything, "m_runEverythingAction", "Run &All", "F5", "media-seek-forward",
+        "Run all items (whether changed or not). You should usually use 'Run changed' or 'Run selected'.", false},
+    {&MainActions::runStop, "m_runStopAction", "S&top Run", "Ctrl+\\", "process-stop", "Stop the current run.", false},
+    {&MainActions::viewZoomFit, "m_viewZoomFitAction", "Zoom &Fit", "Ctrl+=", "zoom-fit-best",
+        "Toggle on to automatically zoom so all items in the center pane fit on screen.", true},
+    {&MainActions::viewZoomIn, "m_viewZoomInAction", "Zoom &In", "Ctrl++", "zoom-in", "Zoom In on the center pane.",
+        false},
+    {&MainActions::viewZoomOut, "m_viewZoomOutAction", "Zoom &Out", "Ctrl+-", "zoom-out",
+        "Zoom out from the center pane.", false},
+    {&MainActions::viewToolBar, "m_viewToolBarAction", "&Tool bar", "", "", "Show/hide the toolbar.", true},
+    {&MainActions::viewLog, "m_viewLogAction", "&Log Pane", "Ctrl+L", "", "Show/hide the Log pane.", true},
+    {&MainActions::helpAbout, "m_helpAboutAction", "&About", "", "help-about", "Show the 'About' window.", false},
+};
+
+QAction *makeAction(const ActionRow &row, QMainWindow &window)
+{
+    auto *action = new QAction(QString::fromLatin1(row.text), &window);
+    action->setObjectName(QString::fromLatin1(row.name));
+    action->setIcon(QIcon::fromTheme(QString::fromLatin1(row.icon)));
+    action->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
+    action->setShortcutContext(Qt::WindowShortcut);
+    action->setCheckable(row.checkable);
+    QString tip = QString::fromLatin1(row.tip);
+    if (!action->shortcut().isEmpty()) {
+        tip += QStringLiteral(" (%1)").arg(action->shortcut().toString(QKeySequence::NativeText));
+    }
+    action->setToolTip(tip);
+    action->setStatusTip(tip);
+    return action;
+}
+
+/// Adds actions to a menu or tool bar; a null one is a separator.
+template<class Target>
+void addAll(Target &target, std::initializer_list<QAction *> actions)
+{
+    for (QAction *action : actions) {
+        action ? target.addAction(action) : (void)target.addSeparator();
+    }
+}
+
+} // namespace
+
+void MainActions::build(QMainWindow &window)
+{
+    makeActions(window);
+    fillMenus(window);
+    fillToolBar(window);
+}
+
+void MainActions::makeActions(QMainWindow &window)
+{
+    for (const ActionRow &row : rows) {
+        this->*row.action = makeAction(row, window);
+        // Also those that stand in no menu at times answer to their keys only then.
+        window.addAction(this->*row.action);
+    }
+    runStop->setEnabled(false);
+    runAuto->setChecked(true);
+    viewZoomFit->setChecked(true);
+}
+
+void MainActions::fillMenus(QMainWindow &window)
+{
+    QMenuBar &bar = *window.menuBar();
+    QMenu *file = bar.addMenu(QStringLiteral("&File"));
+    addAll(*file, {fileNew, fileOpen});
+    recentMenu = file->addMenu(QStringLiteral("&Recent"));
+    addAll(*file, {nullptr, fileNewWindow, nullptr, fileSave, fileSaveAs, nullptr, fileCommandLine, nullptr, fileExit});
+    addAll(*bar.addMenu(QStringLiteral("&Edit")),
+        {inputFromFile, inputFromClipboard, nullptr, editDelete, nullptr, editSnapToGrid, editSelectAll});
+    runMenu = bar.addMenu(QStringLiteral("&Run"));
+    addAll(*runMenu, {runAuto, nullptr, runStop});
+    addAll(
+        *bar.addMenu(QStringLiteral("&View")), {viewZoomFit, viewZoomIn, viewZoomOut, nullptr, viewToolBar, viewLog});
+    addAll(*bar.addMenu(QStringLiteral("&Help")), {helpAbout});
+}
+
+void MainActions::fillToolBar(QMainWindow &window)
+{
+    static const int sizes[] = {16, 24, 32};
+    const int side = sizes[qBound(0, Settings::current().toolbarIconSize(), 2)];
+    toolBar = window.addToolBar(QStringLiteral("Tool bar"));
+    toolBar->setObjectName(QStringLiteral("m_toolBar"));
+    toolBar->setFloatable(false);
+    toolBar->setIconSize(QSize(side, side));
+    addAll(*toolBar, {fileNew, fileOpen, fileSave, nullptr, inputFromFile, inputFromClipboard, nullptr, runAuto,
+                         runStop, nullptr, viewZoomFit, viewZoomIn, viewZoomOut, nullptr, editDelete});
+}
+
+void MainActions::showManualRuns(bool show)
+{
+    for (QAction *action : {runChanged, runSelected, runEverything}) {
+        show ? runMenu->insertAction(runStop, action) : runMenu->removeAction(action);
+        action->setVisible(show);
+    }
+    for (QAction *action : {runChanged, runSelected}) {
+        show ? toolBar->insertAction(runStop, action) : toolBar->removeAction(action);
+    }
+}

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "app/commandline.h"
+#include "app/documentsession.h"
+#include "app/mainactions.h"
+#include "app/recentdocuments.h"
+#include "graph/graphscene.h"
+
+#include <QMainWindow>
+
+class Application;
+class DocumentCommands;
+class GraphPane;
+class LogPane;
+class QSplitter;
+class RunLog;
+class StatusBar;
+
+/// The window of the program: menus and panes round the canvas. It hands each command to whoever carries it out.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    MainWindow(Application &application, const CommandLine &commandLine, RunLog &log);
+    ~MainWindow() override;
+
+    /// Shows the window and opens the document to begin with. False when the program has to give up.
+    bool start();
+    bool isAutoRunOn() const { return m_scene.isAutoRunOn(); }
+    GraphScene &scene() { return m_scene; }
+    DocumentCommands &documents() { return *m_documents; }
+
+    // For a program that has to close
+    void releaseDatasets();
+    void saveRecoveryNow();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private slots:
+    void onRecentDocSelected();
+    void onClearRecentDocSelected();
+    void onUpdateRecentDocs();
+    void onFileNewWindowAction();
+    void onFileCommandLineAction();
+    void onEditDeleteAction();
+    void onEditSelectAllAction();
+    void onEditSnapToGridToggled(bool on);
+    void onInputFromFileAction();
+    void onInputFromClipboardAction();
+    void onRunStopAction();
+    void onRunEverythingAction();
+    void onRunChangesAction();
+    void onRunSelectedAction();
+    void onRunAutoToggled(bool on);
+    void onUpdateRunStatus();
+    void onCompletedTransforms();
+    void onAllowUserInteraction(bool allow);
+    void onGraphSelectionChanged();
+    void onNodeDataChanged(Node *node);
+    void onNodesChanged();
+    void onDocumentChanged();
+    void onDocumentOpened(bool autoRun);
+    void onDocumentCleared();
+    void onZoomFitToggled(bool on);
+    void onUpdateZoomActions();
+    void onUpdateTitle();
+    void onAbout();
+    void onOverridesUnusable(const QString &error);
+
+private:
+    void buildPanes();
+    void connectActions();
+    void connectScene();
+    void connectDocuments();
+    void restoreLayout();
+    void run(RunMode mode);
+    bool raiseMemoryCeiling(double used, double limit);
+    QString documentToStartWith();
+
+    Application &m_application;
+    const CommandLine m_commandLineOptions;
+    RunLog &m_log;
+    GraphScene m_scene;
+    DocumentSession m_session;
+    RecentDocuments m_recentDocuments;
+    DocumentCommands *m_documents;
+    MainActions m_actions;
+    GraphPane *m_graphPane = nullptr;
+    LogPane *m_logPane = nullptr;
+    StatusBar *m_statusBar = nullptr;
+    bool m_overridesFailed = false;
+};

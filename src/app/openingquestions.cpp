@@ -1,0 +1,299 @@
+#include "app/openingquestions.h"
+
+#include "charts/chartnode.h"
+#include "graph/graphscene.h"
+#include "inputs/inputnode.h"
+#include "outputs/outputnode.h"
+#include "settings/product.h"
+#include "settings/settings.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHash>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <algorithm>
+
+namespace {
+
+constexpr int mostMissing = 5;
+constexpr int mostWritten = 20;
+
+QString productName()
+{
+    return QString::fromLatin1(Product::name);
+}
+
+/// Asks for other sources in the place of those that inputs of one medium name and that are gone.
+class MissingSources
+{
+public:
+    MissingSources(GraphScene &scene, int medium, const QString &documentPath, QWidget *window)
+        : m_medium(medium)
+        , m_documentPath(documentPath)
+        , m_window(window)
+    {
+        for (IONode *node : scene.inputNodes()) {
+            auto *input = qobject_cast<InputNode *>(node);
+            if (input && input->medium() == medium && !exists(pathOf(*input))) {
+                m_inputs.append(input);
+                if (!m_paths.contains(pathOf(*input))) {
+                    m_paths.append(pathOf(*input));
+                }
+            }
+        }
+    }
+
+    /// True when an input got another source.
+    bool replace()
+    {
+        if (m_inputs.isEmpty() || !wantsNewOnes()) {
+            return false;
+        }
+        bool changed = false;
+        for (InputNode *input : m_inputs) {
+            const QString old = pathOf(*input);
+            if (!m_answers.contains(old)) {
+                m_answers.insert(old, ask(*input));
+            }
+            const QString answer = m_answers.value(old);
+            if (!answer.isEmpty()) {
+                setPath(*input, answer);
+                changed = true;
+            }
+        }
+        return changed;
+    }
+
+private:
+    bool isFolder() const { return m_medium == Medium::Folder; }
+
+    bool exists(const QString &path) const
+    {
+        return !path.isEmpty() && (isFolder() ? QFileInfo(path).isDir() : QFileInfo::exists(path));
+    }
+
+    QString pathOf(const InputNode &input) const { return isFolder() ? input.options().folder.folder : input.path(); }
+
+    bool wantsNewOnes() const
+    {
+        const QString kind = isFolder() ? QStringLiteral("folder") : QStringLiteral("file");
+        const QString list = OpeningQuestions::missingList(m_paths);
+        const QString text =
+            m_paths.size() == 1
+                ? QStringLiteral(
+                    "The following input %1 cannot be found:\n\n%2\n\nDo you wish to choose a new input %1?")
+                      .arg(kind, list)
+                : QStringLiteral(
+                    "The following %1 input %2s cannot be found:\n\n%3\n\nDo you wish to choose new input %2s?")
+                      .arg(QString::number(m_paths.size()), kind, list);
+        return QMessageBox::question(m_window, productName(), text, QMessageBox::Ok | QMessageBox::Cancel)
+               == QMessageBox::Ok;
+    }
+
+    QString ask(const InputNode &input) const
+    {
+        const QString caption = QStringLiteral("Input alias=%1").arg(input.alias());
+        QString folder = isFolder() ? pathOf(input) : QFileInfo(pathOf(input)).absolutePath();
+        if (pathOf(input).isEmpty() || !QFileInfo(folder).isDir()) {
+            folder = QFileInfo(m_documentPath).absolutePath();
+        }
+        const QFileDialog::Options options = Settings::current().useNativeFileDialogs()
+                                                 ? QFileDialog::Options()
+                                                 : QFileDialog::DontUseNativeDialog;
+        if (isFolder()) {
+            return QFileDialog::getExistingDirectory(m_window, caption, folder, options | QFileDialog::ShowDirsOnly);
+        }
+        return QFileDialog::getOpenFileName(m_window, caption, folder, filterFor(input), nullptr, options);
+    }
+
+    /// The extensions of the input's type first.
+    static QString filterFor(const InputNode &input)
+    {
+        const QStringList extensions = Settings::current().inputFileExtensions().keys(input.fileType());
+        if (extensions.isEmpty()) {
+            return Settings::current().inputFileFilter();
+        }
+        return QStringLiteral("%1 (*.%2);;%3")
+            .arg(FileType::label(input.fileType()), extensions.join(QStringLiteral(" *.")),
+                Settings::current().inputFileFilter());
+    }
+
+    /// The type by the extension, after asking where that isn't the type of the old file.
+    int typeOf(const QString &path, int oldType) const
+    {
+        const QString extension = QFileInfo(path).suffix();
+        const int type = Settings::current().inputTypeOf(extension);
+        if (type == FileType::None || type == oldType) {
+            return oldType;
+        }
+        QStringList labels;
+        for (const int readable : FileType::inputTypes()) {
+            labels.append(FileType::label(readable));
+        }
+        bool isChosen = false;
+        const QString label = QInputDialog::getItem(m_window, productName(),
+            QStringLiteral("Select a file type for '%1' (previously '%2')")
+                .arg(QDir::toNativeSeparators(path), FileType::label(oldType)),
+            labels, labels.indexOf(FileType::label(type)), false, &isChosen);
+        return isChosen ? FileType::inputTypes().at(labels.indexOf(label)) : oldType;
+    }
+
+    void setPath(InputNode &input, const QString &path) const
+    {
+        if (!isFolder()) {
+            input.setFileType(typeOf(path, input.fileType()));
+            input.setPath(path, input.sheetName());
+            return;
+        }
+        InputOptions options = input.options();
+        options.folder.folder = path;
+        input.setOptions(options);
+        input.setState(NodeState::NeedsProcessing, true);
+    }
+
+    const int m_medium;
+    const QString m_documentPath;
+    QWidget *m_window;
+    QList<InputNode *> m_inputs;
+    QStringList m_paths;
+    QHash<QString, QString> m_answers;
+};
+
+bool writesFiles(const Node &node)
+{
+    if (const auto *output = qobject_cast<const OutputNode *>(&node)) {
+        return output->writeMode() != WriteMode::Disabled;
+    }
+    const auto *chart = qobject_cast<const ChartNode *>(&node);
+    return chart && chart->writesFile();
+}
+
+/// Outputs, then charts.
+QList<Node *> writingNodes(const GraphScene &scene)
+{
+    QList<Node *> writing;
+    for (IONode *node : scene.outputNodes()) {
+        writing.append(node);
+    }
+    writing += scene.chartNodes();
+    writing.erase(std::remove_if(writing.begin(), writing.end(), [](const Node *node) { return !writesFiles(*node); }),
+        writing.end());
+    return writing;
+}
+
+QString writtenLine(const Node &node)
+{
+    if (const auto *output = qobject_cast<const OutputNode *>(&node)) {
+        return output->isMultiFile()
+                   ? QStringLiteral("%1 (paths calculated from data)").arg(QStringLiteral("Multiple files"))
+                   : QStringLiteral("%1 (%2)").arg(
+                       QDir::toNativeSeparators(output->path()), WriteMode::label(output->writeMode()));
+    }
+    const auto &chart = static_cast<const ChartNode &>(node);
+    return QStringLiteral("%1 (%2)").arg(
+        QDir::toNativeSeparators(chart.path()), WriteMode::label(WriteMode::Overwrite));
+}
+
+void disableOutputs(GraphScene &scene)
+{
+    for (Node *node : writingNodes(scene)) {
+        if (auto *output = qobject_cast<OutputNode *>(node)) {
+            output->setWriteMode(WriteMode::Disabled);
+        } else if (auto *chart = qobject_cast<ChartNode *>(node)) {
+            chart->setWritesFile(false);
+        }
+    }
+}
+
+/// A question with two buttons of its own; true for the first.
+bool ask(const QString &text, const QString &yes, const QString &no, QWidget *window)
+{
+    QMessageBox box(QMessageBox::Question, productName(), text, QMessageBox::NoButton, window);
+    const QPushButton *accept = box.addButton(yes, QMessageBox::AcceptRole);
+    box.setEscapeButton(box.addButton(no, QMessageBox::RejectRole));
+    box.exec();
+    return box.clickedButton() == accept;
+}
+
+bool wantsAutoRunOff(const QString &document, const QString &list, QWidget *window)
+{
+    return ask(
+        QStringLiteral("Output items in '%1' write to these file(s):\n\n%2\n\nDo you wish to disable auto run (you can "
+                       "re-enable it any time)?\n\nYou can disable this check in 'Preferences'.")
+            .arg(document, list),
+        QStringLiteral("Disable auto run"), QStringLiteral("Keep auto run enabled"), window);
+}
+
+bool wantsOutputsOff(const QString &document, const QString &list, QWidget *window)
+{
+    return ask(
+        QStringLiteral("%1 items in '%2' write to these file(s):\n\n%3\n\nDo you wish to disable all Output items (you "
+                       "can re-enable them at any time)?\n\nYou can disable this check in 'Preferences'.")
+            .arg(QStringLiteral("Output/Chart"), document, list),
+        QStringLiteral("Disable output(s)"), QStringLiteral("Write to output(s)"), window);
+}
+
+} // namespace
+
+bool OpeningQuestions::replaceMissingInputs(GraphScene &scene, const QString &documentPath, QWidget *window)
+{
+    const bool files = MissingSources(scene, Medium::File, documentPath, window).replace();
+    const bool folders = MissingSources(scene, Medium::Folder, documentPath, window).replace();
+    return files || folders;
+}
+
+QString OpeningQuestions::missingList(const QStringList &paths)
+{
+    QStringList lines;
+    for (const QString &path : paths.mid(0, mostMissing)) {
+        lines.append(path.isEmpty() ? QStringLiteral("<unset>") : QDir::toNativeSeparators(path));
+    }
+    if (paths.size() > mostMissing) {
+        lines.append(QStringLiteral("+ %1 more").arg(paths.size() - mostMissing));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+QString OpeningQuestions::writtenFilesList(const GraphScene &scene)
+{
+    const QList<Node *> nodes = writingNodes(scene);
+    QStringList lines;
+    for (const Node *node : nodes.mid(0, mostWritten)) {
+        lines.append(writtenLine(*node));
+    }
+    if (nodes.size() > mostWritten) {
+        lines.append(QStringLiteral("...+%1 more").arg(nodes.size() - mostWritten));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+bool OpeningQuestions::guardOutputs(GraphScene &scene, const QString &documentPath, bool &autoRun, QWidget *window)
+{
+    if (!autoRun) {
+        return false;
+    }
+    const QString list = writtenFilesList(scene);
+    const QString document = QDir::toNativeSeparators(documentPath);
+    switch (Settings::current().openAutoRun()) {
+    case AskToDisableAutoRun:
+        autoRun = list.isEmpty() || !wantsAutoRunOff(document, list, window);
+        return !autoRun;
+    case AskToDisableOutputs:
+        if (list.isEmpty() || !wantsOutputsOff(document, list, window)) {
+            return false;
+        }
+        disableOutputs(scene);
+        return true;
+    case DisableAutoRun:
+        autoRun = false;
+        return true;
+    case DisableOutputs:
+        disableOutputs(scene);
+        return !list.isEmpty();
+    default:
+        return false;
+    }
+}

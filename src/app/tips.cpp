@@ -1,0 +1,16 @@
+#include "app/tips.h"
+
+#include "settings/settings.h"
+
+#include <QToolTip>
+#include <QWidget>
+
+void Tips::showOnce(const QString &key, const QString &title, const QString &text, int milliseconds, QWidget *anchor)
+{
+    if (!anchor || !anchor->isVisible() || Settings::current().isTipShown(key)) {
+        return;
+    }
+    const QPoint place = anchor->mapToGlobal(QPoint(anchor->width() / 2, anchor->height()));
+    const QString html = QStringLiteral("<b>%1</b><br>%2").arg(title.toHtmlEscaped(), text.toHtmlEscaped());
+    QToolTip::showText(place, html, anchor, QRect(), milliseconds);
+}

@@ -1,0 +1,122 @@
+#include "panes/statusbar.h"
+
+#include "graph/runcontrol.h"
+#include "settings/settings.h"
+
+#include <QLabel>
+#include <QLocale>
+#include <QPainter>
+#include <QPainterPath>
+#include <QProgressBar>
+#include <QTimer>
+
+namespace {
+
+constexpr int widestProgress = 300;
+constexpr int progressHidesMs = 500;
+constexpr int labelsReturnMs = 600;
+constexpr double warningRatio = 0.75;
+constexpr int heartSide = 16;
+
+/// A heart that fills its square by `share`.
+QPixmap heartPixmap(double share, double ratio)
+{
+    QPixmap pixmap(qRound(heartSide * ratio), qRound(heartSide * ratio));
+    pixmap.setDevicePixelRatio(ratio);
+    pixmap.fill(Qt::transparent);
+    QPainterPath path(QPointF(0, 0.9));
+    path.cubicTo(-1.3, 0.1, -0.9, -0.9, -0.4, -0.8);
+    path.cubicTo(-0.15, -0.75, 0, -0.5, 0, -0.4);
+    path.cubicTo(0, -0.5, 0.15, -0.75, 0.4, -0.8);
+    path.cubicTo(0.9, -0.9, 1.3, 0.1, 0, 0.9);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(heartSide / 2.0, heartSide / 2.0);
+    painter.scale(share * heartSide / 2.0, share * heartSide / 2.0);
+    painter.fillPath(path, QColor(0xe7, 0x40, 0x5b));
+    return pixmap;
+}
+
+} // namespace
+
+StatusBar::StatusBar(QWidget *parent)
+    : QStatusBar(parent)
+    , m_heart(new QLabel)
+    , m_locale(new QLabel)
+    , m_progress(new QProgressBar)
+    , m_memory(new QLabel)
+{
+    m_locale->setToolTip(QStringLiteral("The current locale. You can change locale in 'Preferences'."));
+    m_progress->setMaximumWidth(widestProgress);
+    m_progress->setAccessibleName(QStringLiteral("Progress"));
+    m_heart->setFixedSize(heartSide, heartSide);
+    addPermanentWidget(m_heart);
+    addPermanentWidget(m_locale);
+    addPermanentWidget(m_progress);
+    addPermanentWidget(m_memory);
+    m_heart->hide();
+    m_progress->hide();
+    onUpdateLocale();
+    onUpdateMemory();
+}
+
+void StatusBar::onShowMessage(const QString &text)
+{
+    showMessage(text, messageMs);
+}
+
+void StatusBar::onHeartBeat()
+{
+    static const double sizes[] = {0.6, 0.8, 1.0, 0.8};
+    m_beat = (m_beat + 1) % 4;
+    m_heart->setPixmap(heartPixmap(sizes[m_beat], devicePixelRatioF()));
+}
+
+void StatusBar::onShowProgress(int percent)
+{
+    m_progress->setValue(percent);
+    if (percent < 100) {
+        m_progress->show();
+        m_heart->show();
+        m_locale->hide();
+        m_memory->hide();
+        return;
+    }
+    m_heart->hide();
+    QTimer::singleShot(progressHidesMs, this, [this] { endProgress(); });
+}
+
+void StatusBar::endProgress()
+{
+    if (m_progress->value() < 100) {
+        return; // another run has begun
+    }
+    m_progress->hide();
+    QTimer::singleShot(labelsReturnMs - progressHidesMs, this, [this] {
+        m_locale->setVisible(!m_progress->isVisible());
+        m_memory->setVisible(!m_progress->isVisible());
+        onUpdateMemory();
+    });
+}
+
+void StatusBar::onUpdateLocale()
+{
+    const QLocale locale;
+    m_locale->setText(QStringLiteral("%1/%2").arg(
+        QLocale::languageToString(locale.language()), QLocale::countryToString(locale.country())));
+}
+
+void StatusBar::onUpdateMemory()
+{
+    const double used = RunControl::memoryUsedGiB();
+    const double limit = Settings::current().maxMemoryUsage();
+    const QString usedText = QString::number(used, 'f', 1);
+    const QString limitText = QString::number(limit, 'f', 1);
+    m_memory->setText(QStringLiteral(" Memory usage: %1 of %2GB").arg(usedText, limitText));
+    m_memory->setToolTip(
+        QStringLiteral("%1 memory used of %2GB maximum. You can increase maximum memory in 'Preferences'.")
+            .arg(usedText, limitText));
+    m_memory->setStyleSheet(used >= warningRatio * limit
+                                ? QStringLiteral("QLabel{ color: %1; }").arg(QStringLiteral("#fc3300"))
+                                : QString());
+}

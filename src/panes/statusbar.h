@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QStatusBar>
+
+class QLabel;
+class QProgressBar;
+
+/// Messages, a heart that beats during work, the locale, how far a run is and how much memory it takes.
+class StatusBar : public QStatusBar
+{
+    Q_OBJECT
+
+public:
+    static constexpr int messageMs = 2000;
+
+    explicit StatusBar(QWidget *parent = nullptr);
+
+public slots:
+    /// Shows a message for two seconds.
+    void onShowMessage(const QString &text);
+    void onHeartBeat();
+    void onShowProgress(int percent);
+    /// Reads the default locale.
+    void onUpdateLocale();
+    /// Reads the memory in use and its ceiling.
+    void onUpdateMemory();
+
+private:
+    void endProgress();
+
+    QLabel *m_heart;
+    QLabel *m_locale;
+    QProgressBar *m_progress;
+    QLabel *m_memory;
+    int m_beat = 0;
+};
