@@ -1,10 +1,11 @@
 #pragma once
 
 #include "graph/ionode.h"
+#include "inputs/filewatch.h"
 #include "inputs/inputoptions.h"
 
-class FileWatch;
 class QTimer;
+class SourceReader;
 
 /// The item that brings a table into the flow: it reads one source by its options and tells what it met there.
 class InputNode : public IONode
@@ -32,7 +33,6 @@ public:
     QString defaultOutputName() const;
     QString description() const override;
     QString helpPage() const override { return QStringLiteral("Input_data"); }
-    QString imageName() const override { return QStringLiteral("input"); }
     bool hasHeader() const override;
     int maxInputs() const override { return 0; }
     int maxOutputs() const override { return unlimited; }
@@ -64,21 +64,24 @@ public slots:
     void onDelayedImport();
 
 private:
-    void read();
+    void readAnew();
     void readSingle();
-    bool readClipboard();
-    bool readPath();
+    bool readClipboard(Dataset &dataset);
     bool readFile(const QString &path, Dataset &dataset, double progressStart, double progressEnd);
+    void takeMessages(const SourceReader &reader);
     void finishReading();
+    void applyHeader();
     bool guessHeader() const;
     void addMetaInformation();
+    void warnOfExtension();
     void updateWatch();
     void startWatching(const QString &path);
     void stopWatching();
     void fail(const QString &warning);
 
-    InputOptions m_options; // but for those that IONode holds
+    InputOptions m_options; // those that IONode holds as well count there
     QStringList m_previousColumnNames;
     FileWatch *m_watcher = nullptr;
+    FileWatch::Stamp m_stampBefore; // the file before it was read
     QTimer *m_importTimer = nullptr;
 };

@@ -34,7 +34,7 @@ struct InputOptions
     int delimiter = DelimiterKind::Automatic;
     QChar customDelimiter;
     bool ignoreRepeatedDelimiter = false;
-    int quoting = 0; ///< a value of Quoting
+    int quoting = 0; ///< a value of InputQuoting
     bool autoFixedWidths = true;
     QList<int> fixedWidths;
     QString encoding = QStringLiteral("Automatic"); ///< or the name of a codec

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "inputs/inputoptions.h"
+
+#include <QStringList>
+#include <functional>
+
+class Dataset;
+class TextSource;
+
+/// Reads one source into a table by an input's options, whatever its type, and gathers what there is to tell.
+class SourceReader
+{
+public:
+    explicit SourceReader(const InputOptions &options)
+        : m_options(options)
+    {
+    }
+
+    /// Called now and then with the share done, 0 to 1; may throw, which ends the reading.
+    void setProgress(std::function<void(double)> progress) { m_progress = std::move(progress); }
+
+    /// Fills an empty table. False when the file can't be read: the warnings say why, and the table stays empty.
+    bool readFile(const QString &path, Dataset *dataset);
+    /// The same with a text.
+    bool readText(const QString &text, Dataset *dataset);
+
+    const QStringList &infos() const { return m_infos; }
+    const QStringList &warnings() const { return m_warnings; }
+
+private:
+    bool canReadType();
+    bool readSource(TextSource &source, const QString &name, Dataset *dataset);
+    void readDelimited(TextSource &source, Dataset *dataset);
+
+    const InputOptions m_options;
+    std::function<void(double)> m_progress;
+    QStringList m_infos;
+    QStringList m_warnings;
+};
