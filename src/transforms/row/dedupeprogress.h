@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QObject>
+
+/// Tells how a search for duplicates gets on, and lets it be stopped.
+class DedupeProgress : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    bool isStopped() const { return m_isStopped; }
+
+public slots:
+    /// Ends the search in front of the next row; the result covers the rows before.
+    void stop() { m_isStopped = true; }
+
+signals:
+    /// Fraction done, 0 to 1.
+    void processed(qreal progress);
+    void processed(qreal progress, int nonDupesFound, int dupesFound);
+
+private:
+    bool m_isStopped = false;
+};
