@@ -18,6 +18,8 @@ public:
     bool acquire(const QString &path);
     void release();
     bool isHeld() const { return m_file != nullptr; }
+    /// False when another file has come under that name, as when a program replaces the file it saves.
+    bool isAt(const QString &path) const;
     /// The open file, null when none is held.
     QFile *file() const { return m_file.get(); }
 

@@ -1,6 +1,8 @@
 #include "platform/filehold.h"
 
+#include <cerrno>
 #include <sys/file.h>
+#include <sys/stat.h>
 
 namespace platform {
 
@@ -19,6 +21,14 @@ bool FileHold::acquire(const QString &path)
     }
     m_file = std::move(file);
     return true;
+}
+
+bool FileHold::isAt(const QString &path) const
+{
+    struct stat held;
+    struct stat there;
+    return m_file && ::fstat(m_file->handle(), &held) == 0 && ::stat(QFile::encodeName(path).constData(), &there) == 0
+        && held.st_dev == there.st_dev && held.st_ino == there.st_ino;
 }
 
 void FileHold::release()

@@ -70,6 +70,18 @@ TEST_F(Files, HeldFileIsWrittenInPlace)
     EXPECT_TRUE(QFileInfo(path("link")).isSymLink());
 }
 
+TEST_F(Files, HoldNoticesANewFileUnderItsName)
+{
+    platform::FileHold hold;
+    EXPECT_FALSE(hold.isAt(path("a")));
+    ASSERT_TRUE(hold.acquire(path("a")));
+    EXPECT_TRUE(hold.isAt(path("a")));
+    EXPECT_FALSE(hold.isAt(path("b")));
+    write(path("b"), "new");
+    ASSERT_TRUE(platform::moveOver(path("b"), path("a")));
+    EXPECT_FALSE(hold.isAt(path("a")));
+}
+
 TEST_F(Files, MovingOverNeverFollowsALink)
 {
     write(path("victim"), "precious");
