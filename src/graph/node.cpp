@@ -107,20 +107,24 @@ void Node::connectToScene(GraphScene *scene)
 
 void Node::setState(NodeState state, bool propagate)
 {
-    const bool changed = state != m_state;
-    if (changed) {
-        m_state = state;
-        update();
-    }
+    applyState(state);
     if (propagate) {
-        for (Node *node : downstreamNodes(true)) {
-            node->setState(state, true);
+        // Each node once: walking the paths would double the work at every fork that joins again.
+        for (Node *node : allDownstream(false)) {
+            node->applyState(state);
         }
     }
-    if (changed) {
-        for (Connection *connection : connections(Direction::Outgoing)) {
-            connection->update();
-        }
+}
+
+void Node::applyState(NodeState state)
+{
+    if (state == m_state) {
+        return;
+    }
+    m_state = state;
+    update();
+    for (Connection *connection : connections(Direction::Outgoing)) {
+        connection->update();
     }
 }
 
@@ -230,8 +234,8 @@ void Node::releaseUpstreamDatasets()
 
 void Node::refreshColumnOptions()
 {
-    for (Node *node : downstreamNodes(true)) {
-        node->refreshColumnOptions();
+    for (Node *node : allDownstream(false)) {
+        node->allowReconnect();
     }
 }
 

@@ -243,6 +243,9 @@ protected:
     void processDownstream(bool releaseInputs);
     /// False when this run has come through this node before, so that it needn't walk on again.
     bool enterWalk();
+    /// Lets this node's column options look for lost columns by name. Kinds that nothing is downstream of need only
+    /// refreshColumnOptions().
+    virtual void allowReconnect() { refreshColumnOptions(); }
     /// Drops the datasets of direct upstream nodes that no stale node waits for.
     void releaseUpstreamDatasets();
 
@@ -264,6 +267,7 @@ private:
     std::unique_ptr<UndoStep> m_moveStep;
     quint64 m_walkedRun = 0;
     friend class Connection;
+    void applyState(NodeState state);
     void finishMove();
     static int s_nextId;
 };

@@ -157,10 +157,15 @@ void TransformNode::reconnectColumns()
 
 void TransformNode::refreshColumnOptions()
 {
+    allowReconnect();
+    Node::refreshColumnOptions();
+}
+
+void TransformNode::allowReconnect()
+{
     for (Parameter *parameter : m_transform->parameters()) {
         parameter->allowReconnect();
     }
-    Node::refreshColumnOptions();
 }
 
 void TransformNode::remapColumnIds(const QHash<ColumnId, ColumnId> &map)

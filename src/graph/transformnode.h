@@ -54,6 +54,7 @@ public:
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
 private:
+    void allowReconnect() override;
     void reconnectColumns();
     void runTransform();
     void warnOfMissingInputs(int count);
