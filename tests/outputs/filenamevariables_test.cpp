@@ -56,6 +56,15 @@ TEST(FileNameVariables, TellOfProgramAndPlace)
     qputenv("USER", before);
 }
 
+TEST(FileNameVariables, AreAllListedByName)
+{
+    EXPECT_EQ(FileNameVariables::names().size(), 13);
+    for (const QString &name : FileNameVariables::names()) {
+        SCOPED_TRACE(name.toStdString());
+        EXPECT_FALSE(FileNameVariables::expanded(name, {}).contains('{'));
+    }
+}
+
 TEST(FileNameVariables, TakeTheInputsOfAScene)
 {
     GraphScene scene;
