@@ -5,6 +5,7 @@
 #include "app/runlog.h"
 #include "app/startup.h"
 #include "outputs/filenamevariables.h"
+#include "platform/console.h"
 
 #include <QHashFunctions>
 #include <new>
@@ -43,6 +44,7 @@ int main(int argc, char **argv)
     std::set_new_handler(Application::outOfMemoryHandler);
     // Several outputs follow the order of hashes, which must be the same on every run.
     qSetGlobalQHashSeed(0);
+    platform::useUtf8InPlainLocale();
     const bool withoutWindow = asksForCommandLine(argc, argv);
     RunLog::installMessageHandler(withoutWindow);
     if (withoutWindow) {

@@ -2,7 +2,18 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QTextCodec>
+#include <clocale>
 #include <cstdio>
+#include <langinfo.h>
+
+void platform::useUtf8InPlainLocale()
+{
+    std::setlocale(LC_CTYPE, "");
+    if (qstrcmp(::nl_langinfo(CODESET), "ANSI_X3.4-1968") == 0) {
+        QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    }
+}
 
 void platform::writeConsoleLine(const QString &line)
 {

@@ -28,7 +28,7 @@ bool FileHold::isAt(const QString &path) const
     struct stat held;
     struct stat there;
     return m_file && ::fstat(m_file->handle(), &held) == 0 && ::stat(QFile::encodeName(path).constData(), &there) == 0
-        && held.st_dev == there.st_dev && held.st_ino == there.st_ino;
+           && held.st_dev == there.st_dev && held.st_ino == there.st_ino;
 }
 
 void FileHold::release()

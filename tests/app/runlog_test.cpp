@@ -53,12 +53,15 @@ TEST_F(RunLogTest, LibrariesSpeakWhenTheyMay)
 
 TEST_F(RunLogTest, AppendsUnlessToldToOverwrite)
 {
+    RunLog::installMessageHandler(true);
+    testing::internal::CaptureStderr();
     const std::pair<bool, const char *> steps[] = {{false, "x\n"}, {false, "x\nx\n"}, {true, "x\n"}, {false, "x\nx\n"}};
     for (const auto &[overwrite, expected] : steps) {
         ASSERT_TRUE(m_log.open(path("run.log"), overwrite));
         m_log.info(QStringLiteral("x"));
         EXPECT_EQ(contentOf(path("run.log")), expected);
     }
+    testing::internal::GetCapturedStderr();
     EXPECT_EQ(m_log.nativePath(), path("run.log"));
 }
 
