@@ -51,11 +51,11 @@ std::string utf8ByStream(const QString &text)
     return buffer.data().toStdString();
 }
 
-Dataset randomTable(HostileText &random)
+Dataset randomTable(HostileText &random, int mostRows)
 {
     Dataset table;
     const int columns = 1 + random.below(6);
-    const int rowCount = random.below(40);
+    const int rowCount = random.below(mostRows);
     for (int row = 0; row <= rowCount; ++row) {
         QStringList values;
         for (int column = 0; column < columns; ++column) {
@@ -141,7 +141,8 @@ TEST(DelimitedWriter, AgreesWithThePlainRuleOnRandomTables)
             for (int round = 0; round < 25; ++round) {
                 SCOPED_TRACE(
                     testing::Message() << "delimiter " << code << " quoting " << quoting << " round " << round);
-                const Dataset table = randomTable(random);
+                // Now and then enough for many edges of the buffer.
+                const Dataset table = randomTable(random, code == ',' && round < 3 ? 20000 : 40);
                 TextLayout layout;
                 layout.lineEnding = "\r\n";
                 layout.writeHeader = round % 3 != 0;
