@@ -67,5 +67,9 @@ Dataset ProbeTransform::run(const QList<DataSource *> &inputs, bool *hasIssues)
         during();
     }
     *hasIssues = failing;
-    return inputs.isEmpty() ? Dataset() : inputs.first()->datasetConst();
+    Dataset table = inputs.isEmpty() ? Dataset() : inputs.first()->datasetConst();
+    if (addsColumn) {
+        table.appendEmptyColumn();
+    }
+    return table;
 }

@@ -84,6 +84,7 @@ public:
 
     std::function<void()> during;
     bool failing = false;
+    bool addsColumn = false;
     int runs = 0;
     QList<int> inputIds;
     using Transform::addWarning;

@@ -124,8 +124,11 @@ TEST_F(NodeTest, NeighboursAndClosures)
 TEST_F(NodeTest, ColumnsGetTheIdOfTheNodeThatMadeThem)
 {
     Node *in = input("in", 0, 0);
-    Node *a = probe("a", 1, 0, {in});
+    TransformNode *a = probe("a", 1, 0, {in});
+    TransformNode *b = probe("b", 2, 0, {a});
+    probeOf(b)->addsColumn = true;
     run();
+    EXPECT_EQ(b->datasetConst().columnId(ColumnIndex(2)), ColumnId(b->id(), 1)) << "a new one has its maker's";
     EXPECT_EQ(in->datasetConst().columnIds(), QList<ColumnId>({{in->id(), 1}, {in->id(), 2}}));
     EXPECT_EQ(a->datasetConst().columnIds(), in->datasetConst().columnIds()) << "columns that pass keep theirs";
     EXPECT_EQ(a->columnsDescription({{in->id(), 2}, {99, 1}, {in->id(), 1}}, 3), "b, a");
@@ -156,6 +159,14 @@ TEST_F(NodeTest, ClonesKeepIdPlaceAndCommentButNoAlias)
     EXPECT_EQ(copy->alias(), "");
     EXPECT_EQ(copy->transform()->parameter("Length")->toInt(), 10);
     EXPECT_TRUE(copy->connections(Direction::Both).isEmpty());
+}
+
+TEST_F(NodeTest, UnsetOptionsAreToldBehindTheNodesOwnWarnings)
+{
+    TransformNode *pad = transform("Pad", "", 1, 0, {});
+    run();
+    EXPECT_EQ(pad->warnings(), QStringList({"1 upstream connection expected", "1 option not set ('Columns')"}));
+    EXPECT_EQ(pad->warningCount(), 2);
 }
 
 TEST_F(NodeTest, SummaryRowsTellOptionsApart)

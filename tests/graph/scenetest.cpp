@@ -82,6 +82,7 @@ TEST_F(SceneTest, ConnectableTargets)
     Node *b = probe("b", 2, 0, {a});
     Node *stack = probe("stack", 3, 0, {b}, "Stack");
     Node *join = probe("join", 3, 1, {b}, "Join");
+    Node *behind = probe("behind", 4, 1, {join});
     Node *free = probe("free", 4, 0, {});
     output("full", 5, 0, stack);
     Node *out = output("out", 5, 1);
@@ -99,6 +100,7 @@ TEST_F(SceneTest, ConnectableTargets)
         {"an ancestor is offered even when it lies two steps down", in, "free join out stack"},
         {"a node behind may not lead back", stack, "free join out"},
         {"nothing leads to itself", free, "join out stack"},
+        {"nor back to where it comes from, though there is room", behind, "free out stack"},
     };
     for (const Case &c : cases) {
         SCOPED_TRACE(c.what);
@@ -106,7 +108,6 @@ TEST_F(SceneTest, ConnectableTargets)
     }
     EXPECT_TRUE(in->canAcceptConnection());
     EXPECT_FALSE(out->canAcceptConnection()) << "outputs give none";
-    Q_UNUSED(join)
 }
 
 TEST_F(SceneTest, DrawingAConnection)
@@ -282,7 +283,7 @@ TEST_F(SceneTest, ATransformGoesIntoAConnection)
     Node *in = input("in", 0, 0, grid({"x|y", "1|2"}));
     TransformNode *pad = transform("Pad", "pad", 1, 0, {in}, "2");
     pad->transform()->parameter("Length")->setValue(3);
-    Node *out = output("out", 2, 0, pad);
+    FakeOutput *out = output("out", 2, 0, pad);
     Node *other = input("other", 1, 1);
     auto *note = new NoteNode(NoteNode::Up);
     place(note, "note", 2, 1);
@@ -300,6 +301,7 @@ TEST_F(SceneTest, ATransformGoesIntoAConnection)
     EXPECT_EQ(other->x(), NodePlacement::gridWidth);
     run(RunMode::Changes);
     EXPECT_EQ(takeProcessed(), QStringList({"case", "pad", "out"}));
+    EXPECT_EQ(out->refreshes(), 1) << "what is below may find its columns by name";
     EXPECT_EQ(rows(pad->datasetConst()), QStringList({"1|002"})) << "the option keeps its column";
     EXPECT_TRUE(pad->warnings().isEmpty());
     EXPECT_TRUE(pad->infos().isEmpty());
@@ -510,6 +512,18 @@ TEST_F(SceneTest, DeletingTheMiddleBridges)
     EXPECT_EQ(takeProcessed(), QStringList({"d1", "d2"}));
     EXPECT_EQ(rows(d1->datasetConst()), QStringList({"1|0002"}));
     Q_UNUSED(d2)
+}
+
+TEST_F(SceneTest, ABridgeBesideAConnectionKeepsTheOptionsOfTheOneThatStays)
+{
+    Node *in = input("in", 0, 0);
+    TransformNode *upper = transform("Case", "upper", 1, 1, {in});
+    TransformNode *join = transform("Join", "join", 2, 0, {in, upper});
+    ASSERT_EQ(join->transform()->parameter("Column_2")->node(), static_cast<DataSource *>(upper));
+    select({upper});
+    scene.deleteSelected();
+    EXPECT_EQ(edges(), QStringList({"in>join"}));
+    EXPECT_EQ(join->transform()->parameter("Column_1")->node(), static_cast<DataSource *>(in));
 }
 
 TEST_F(SceneTest, WhatDeletingLeaves)
