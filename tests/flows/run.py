@@ -20,8 +20,7 @@ TIMES = [
     (re.compile(r"^(Started|Finished): .*$", re.M), r"\1: {when}"),
     (re.compile(r"^Elapsed: [0-9.,]+ second\(s\)$", re.M), "Elapsed: {time} second(s)"),
     (re.compile(r"( processed in )<?[0-9.e-]+ second\(s\)"), r"\1{time} second(s)"),
-    (re.compile(r"(cols?, )<?[0-9.e-]+ second\(s\)(, )"), r"\1{time} second(s)\2"),
-    (re.compile(r"(cols?, )[^,\n]*(second|ms|minute)[^,\n]*(, \d+ warning)"), r"\1{time}\3"),
+    (re.compile(r"(cols?, )<?[0-9.,e-]+ second\(s\)(, )"), r"\1{time} second(s)\2"),
 ]
 
 
