@@ -47,8 +47,9 @@ def run_case(program, case, work):
         changed = (work / name).read_bytes()
         if changed != (case / name).read_bytes():
             written[name] = changed
+    written = {name: data.replace(str(work).encode(), b"{dir}") for name, data in written.items()}
     if "run.log" in written:
-        text = written["run.log"].decode("utf-8").replace(str(work), "{dir}")
+        text = written["run.log"].decode("utf-8")
         for pattern, replacement in TIMES:
             text = pattern.sub(replacement, text)
         written["run.log"] = text.encode("utf-8")
