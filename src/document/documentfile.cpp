@@ -11,10 +11,11 @@
 
 #include <QDomDocument>
 #include <QFile>
-#include <QFileInfo>
 #include <QHashFunctions>
 #include <QSaveFile>
+#include <QTemporaryFile>
 #include <QTextStream>
+#include <cstdio>
 
 namespace {
 
@@ -107,37 +108,63 @@ bool saveThroughHandle(DocumentHandle &handle, const QString &path, const QStrin
     return true;
 }
 
-bool openToReplace(QSaveFile &file, FileExposure exposure)
+bool writeText(QIODevice &device, const QString &text, QString &error)
 {
-    const QFileInfo old(file.fileName());
-    if (exposure == FileExposure::OwnerOnly && old.isSymLink() && !QFile::remove(file.fileName())) {
-        return false;
-    }
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        return false;
-    }
-    return exposure == FileExposure::Normal || file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-}
-
-bool saveToPath(const QString &path, const QString &text, FileExposure exposure, QString &error)
-{
-    QSaveFile file(path);
-    if (!openToReplace(file, exposure)) {
-        error = QStringLiteral("Can't open file '%1' to write.").arg(path);
-        return false;
-    }
-    QTextStream stream(&file);
+    QTextStream stream(&device);
     stream.setCodec("UTF-8");
     stream << text;
     stream.flush();
     if (stream.status() != QTextStream::Ok) {
-        error = QStringLiteral("Can't save to file. %1").arg(file.errorString());
+        error = QStringLiteral("Can't save to file. %1").arg(device.errorString());
+        return false;
+    }
+    return true;
+}
+
+QString openError(const QString &path)
+{
+    return QStringLiteral("Can't open file '%1' to write.").arg(path);
+}
+
+QString commitError(const QString &reason)
+{
+    return QStringLiteral("Can't commit to file. %1").arg(reason);
+}
+
+bool saveToPath(const QString &path, const QString &text, QString &error)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        error = openError(path);
+        return false;
+    }
+    if (!writeText(file, text, error)) {
         return false;
     }
     if (!file.commit()) {
-        error = QStringLiteral("Can't commit to file. %1").arg(file.errorString());
+        error = commitError(file.errorString());
         return false;
     }
+    return true;
+}
+
+/// A temporary file is made for its owner alone, and putting it in the place of a link doesn't follow the link.
+bool saveForOwnerOnly(const QString &path, const QString &text, QString &error)
+{
+    QTemporaryFile file(path + QStringLiteral(".XXXXXX"));
+    if (!file.open()) {
+        error = openError(path);
+        return false;
+    }
+    if (!writeText(file, text, error)) {
+        return false;
+    }
+    file.close();
+    if (std::rename(QFile::encodeName(file.fileName()).constData(), QFile::encodeName(path).constData()) != 0) {
+        error = commitError(qt_error_string());
+        return false;
+    }
+    file.setAutoRemove(false);
     return true;
 }
 
@@ -174,5 +201,8 @@ bool saveDocument(
     writeDocument(*document.scene, false, path, document.notes, document.autoRunOn, tree, root);
     writeBatchSettings(document.batch, root);
     const QString text = tree.toString(indent);
-    return handle ? saveThroughHandle(*handle, path, text, error) : saveToPath(path, text, exposure, error);
+    if (handle) {
+        return saveThroughHandle(*handle, path, text, error);
+    }
+    return exposure == FileExposure::OwnerOnly ? saveForOwnerOnly(path, text, error) : saveToPath(path, text, error);
 }

@@ -159,6 +159,9 @@ void writeBatchSettings(const BatchSettings &batch, QDomElement &rootElement)
 {
     QDomElement values = addChild(rootElement, "batch_values");
     for (auto it = batch.values.constBegin(); it != batch.values.constEnd(); ++it) {
+        if (it.value().isEmpty()) {
+            continue;
+        }
         AttributeWriter writer(addChild(values, "batch_value"));
         writer.integer("row", it.key().first, 0);
         writer.text("alias", it.key().second);

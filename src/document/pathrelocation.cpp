@@ -28,15 +28,15 @@ QString relativeTo(const QString &folder, const QString &path)
     const QStringList from = folder.split(QLatin1Char('/'));
     const QStringList to = path.split(QLatin1Char('/'));
     int common = 0;
-    while (common < from.size() && common < to.size() - 1 && from.at(common).compare(to.at(common), cs) == 0) {
+    while (common < from.size() && common < to.size() && from.at(common).compare(to.at(common), cs) == 0) {
         ++common;
     }
     if (common == 0) {
         return QString();
     }
     const int rootParts = from.last().isEmpty() ? 1 : 0;
-    const QString up = QStringLiteral("../").repeated(qMax(0, from.size() - rootParts - common));
-    return up + to.mid(common).join(QLatin1Char('/'));
+    const int up = qMax(0, from.size() - rootParts - common);
+    return QStringLiteral("./") + QStringLiteral("../").repeated(up) + to.mid(common).join(QLatin1Char('/'));
 }
 
 } // namespace

@@ -51,7 +51,8 @@ protected:
     {
         QString error;
         const DocumentToSave document{&m_scene, m_loaded.notes, m_loaded.autoRunOn, m_loaded.batch};
-        EXPECT_EQ(saveDocument(handle, path, document, error, exposure), error.isEmpty());
+        const bool ok = saveDocument(handle, path, document, error, exposure);
+        EXPECT_EQ(ok, error.isEmpty());
         return error;
     }
 

@@ -6,7 +6,10 @@
 #include <QByteArray>
 #include <QString>
 
-/// A document of this version with `body` behind its meta element.
+/// `text` with each '|' as the character that parts the entries of stored lists.
+QByteArray withSeparators(QByteArray text);
+
+/// A document of this version with `body` behind its meta element; '|' as in withSeparators().
 QByteArray documentText(const QByteArray &body, int version = 86);
 
 /// One item of each kind, joined, with options that aren't the defaults.
