@@ -7,6 +7,7 @@
 #include "graph/graphscene.h"
 #include "graph/node.h"
 #include "graph/runcontrol.h"
+#include "platform/ownfile.h"
 #include "settings/product.h"
 
 #include <QDomDocument>
@@ -15,7 +16,6 @@
 #include <QSaveFile>
 #include <QTemporaryFile>
 #include <QTextStream>
-#include <cstdio>
 
 namespace {
 
@@ -160,7 +160,7 @@ bool saveForOwnerOnly(const QString &path, const QString &text, QString &error)
         return false;
     }
     file.close();
-    if (std::rename(QFile::encodeName(file.fileName()).constData(), QFile::encodeName(path).constData()) != 0) {
+    if (!platform::moveOver(file.fileName(), path)) {
         error = commitError(qt_error_string());
         return false;
     }
