@@ -1,5 +1,7 @@
 #include "data/rowkeyindex.h"
 
+#include <QVarLengthArray>
+
 namespace {
 
 constexpr quint64 multiplier = 0x9E3779B97F4A7C15ULL;
@@ -64,6 +66,30 @@ size_t RowKeyIndex::slotOf(int row, quint32 hash) const
         at = (at + 1) & mask;
     }
     return at;
+}
+
+// Keys lie all over memory. Asking for many at a time lets the waits for them overlap.
+void RowKeyIndex::announce(int begin, int end) const
+{
+    QVarLengthArray<size_t, 64> places;
+    for (int row = begin; row < end; ++row) {
+        places.append(hashOf(row) & (m_slots.size() - 1));
+        __builtin_prefetch(&m_slots[places.back()]);
+    }
+    QVarLengthArray<int, 64> rows;
+    for (const size_t place : places) {
+        if (m_slots[place].number >= 0) {
+            rows.append(firstRow(m_slots[place].number));
+            for (const Cell *cells : m_columns) {
+                __builtin_prefetch(cells + rows.back());
+            }
+        }
+    }
+    for (const int row : rows) {
+        for (const Cell *cells : m_columns) {
+            __builtin_prefetch(cells[row].bytes());
+        }
+    }
 }
 
 int RowKeyIndex::find(int row) const

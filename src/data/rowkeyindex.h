@@ -14,6 +14,8 @@ public:
 
     /// Number of the row's key, counted from 0 in the order in which keys first come.
     int add(int row);
+    /// Says that the rows from `begin` to before `end` come next, at best a few dozen: fetches what add() will look at.
+    void announce(int begin, int end) const;
     /// Number of the row's key, or -1 when no row with that key was added.
     int find(int row) const;
     int size() const { return static_cast<int>(m_firstRows.size()); }

@@ -47,9 +47,13 @@ void DuplicateSearch::report(DedupeProgress *progress, int row, int step) const
 void DuplicateSearch::runExactly(DedupeProgress *progress)
 {
     constexpr int progressStep = 1000;
+    constexpr int announced = 32;
     RowKeyIndex index(cells());
     for (int row = 0; row < m_rowCount && !progress->isStopped(); ++row) {
         report(progress, row, progressStep);
+        if (row % announced == 0) {
+            index.announce(row, std::min(row + announced, m_rowCount));
+        }
         const int group = index.add(row);
         if (group == m_groupCount) {
             addFirst();

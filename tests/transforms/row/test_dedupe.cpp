@@ -113,6 +113,19 @@ TEST(TransformDedupe, OffersWhatApplies)
         states({{"Dedupe_Mode", keepOnly}}), (QList<QPair<QString, bool>>{{"Fuzziness", false}, {"Drilldown", false}}));
 }
 
+TEST(TransformDedupe, NamesTheOptionsThatTheExplorerSets)
+{
+    const TransformRun run = runTransform("Dedupe", {}, {column("a")});
+    const Transform &dedupe = *run.transform;
+    EXPECT_TRUE(dedupe.hasDuplicateColumns());
+    for (const QString &name :
+        {dedupe.caseSensitiveParameterName(), dedupe.dedupeColumnsParameterName(), dedupe.matchTypeParameterName(),
+            dedupe.ignoreSpacesParameterName(), dedupe.ignorePunctuationParameterName(),
+            dedupe.fuzzinessParameterName(), dedupe.dedupeModeParameterName()}) {
+        EXPECT_TRUE(dedupe.parameter(name)) << qPrintable(name);
+    }
+}
+
 // The engine
 
 TEST(FindDuplicates, CanBeStopped)
