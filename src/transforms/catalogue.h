@@ -29,4 +29,4 @@ const CatalogueRow *find(const QString &typeName);
 /// A new transform of that kind without options, or null for a name that has no class.
 Transform *create(const QString &typeName);
 
-}
+} // namespace Catalogue

@@ -59,6 +59,12 @@ public:
     virtual QString firstKeyParameterName() const { return QString(); }
     virtual QString secondKeyParameterName() const { return QString(); }
     virtual QString caseSensitiveParameterName() const { return QString(); }
+    virtual QString dedupeColumnsParameterName() const { return QString(); }
+    virtual QString matchTypeParameterName() const { return QString(); }
+    virtual QString ignoreSpacesParameterName() const { return QString(); }
+    virtual QString ignorePunctuationParameterName() const { return QString(); }
+    virtual QString fuzzinessParameterName() const { return QString(); }
+    virtual QString dedupeModeParameterName() const { return QString(); }
 
     // Options
     /// Builds the options anew for these inputs; `useDefaults` is true for a new item, which takes the user's defaults

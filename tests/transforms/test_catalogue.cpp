@@ -212,7 +212,7 @@ TEST(Catalogue, EmptyTablesRunWithoutProgress)
             transform.checkOptions();
             EXPECT_GE(result.columnCount(), 0);
         }
-        EXPECT_TRUE(row.maxInputs > 1 || progress.isEmpty());
+        EXPECT_TRUE(!row.canCompare || progress.isEmpty());
         EXPECT_TRUE(std::all_of(progress.cbegin(), progress.cend(), isFraction));
     });
 }
@@ -233,5 +233,22 @@ TEST(Catalogue, RunsTellTheirResultAndKeepColumnsApart)
             ids.insert(id);
         }
         EXPECT_EQ(rows(inputs.sources().first()->datasetConst()), rows(sample()));
+    });
+}
+
+TEST(Catalogue, NamesOfOptionsForTheDialogsExist)
+{
+    forEachKind([](const CatalogueRow &row, Transform &transform) {
+        const Inputs inputs(sample(), inputCount(row));
+        transform.createParameters(inputs.sources(), true);
+        for (const QString &name : {transform.firstKeyParameterName(), transform.secondKeyParameterName(),
+                 transform.caseSensitiveParameterName(), transform.dedupeColumnsParameterName(),
+                 transform.matchTypeParameterName(), transform.ignoreSpacesParameterName(),
+                 transform.ignorePunctuationParameterName(), transform.fuzzinessParameterName(),
+                 transform.dedupeModeParameterName()}) {
+            EXPECT_TRUE(name.isEmpty() || transform.parameter(name)) << name.toStdString();
+        }
+        EXPECT_EQ(transform.hasKeyColumns(), !transform.firstKeyParameterName().isEmpty());
+        EXPECT_EQ(transform.hasDuplicateColumns(), !transform.dedupeColumnsParameterName().isEmpty());
     });
 }
