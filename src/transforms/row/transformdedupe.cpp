@@ -25,12 +25,6 @@ public:
     QString ignorePunctuationParameterName() const override { return QStringLiteral("Ignore_Punctuation"); }
     QString fuzzinessParameterName() const override { return QStringLiteral("Fuzziness"); }
     QString dedupeModeParameterName() const override { return QStringLiteral("Dedupe_Mode"); }
-    QString dedupeColumnsParameterName() const override { return QStringLiteral("Columns"); }
-    QString matchTypeParameterName() const override { return QStringLiteral("Match_Type"); }
-    QString ignoreSpacesParameterName() const override { return QStringLiteral("Ignore_Spaces"); }
-    QString ignorePunctuationParameterName() const override { return QStringLiteral("Ignore_Punctuation"); }
-    QString fuzzinessParameterName() const override { return QStringLiteral("Fuzziness"); }
-    QString dedupeModeParameterName() const override { return QStringLiteral("Dedupe_Mode"); }
 
 private:
     OptionTable options() const override
