@@ -161,7 +161,9 @@ void Parameter::readSingle(const QString &text)
         m_value = QDate::fromString(text, QStringLiteral("yyyy-MM-dd"));
         break;
     case Locale:
-        m_value = QLocale(text);
+        // An unknown name reads as the C locale.
+        m_value = QLocale(text).language() != QLocale::C || text == QLatin1String("C") ? QVariant(QLocale(text))
+                                                                                       : m_value;
         break;
     case Label:
         break;

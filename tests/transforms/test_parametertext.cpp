@@ -218,6 +218,8 @@ TEST(ParameterText, KeepsWhatStandsForBadText)
         {"a number that doesn't fit", Parameter::Int, 5, "99999999999", 5},
         {"a real that isn't one", Parameter::Real, 2.5, "x", 2.5},
         {"an infinite real", Parameter::Real, 2.5, "inf", 2.5},
+        {"an unknown locale", Parameter::Locale, QLocale("de_AT"), "xx", QLocale("de_AT")},
+        {"no locale", Parameter::Locale, QVariant(), "", QVariant()},
         {"an unknown choice", Parameter::Selection, "Left", "Top", "Left"},
         {"numbers among the columns that aren't", Parameter::MultipleColumns, ids({}), "1|x|0|-2|3", ids({a, c})},
         {"no filter at all", Parameter::FilterColumns, defaultFilter, "", defaultFilter},
