@@ -203,6 +203,12 @@ VerifyRuleSet Parameter::toVerifyRules() const
 
 // Setting it
 
+void Parameter::setValue(const QVariant &value)
+{
+    m_value = value;
+    dropDeferred();
+}
+
 void Parameter::setNode(DataSource *node, bool reinitialise)
 {
     m_node = node;

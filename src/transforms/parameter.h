@@ -90,7 +90,8 @@ public:
     VerifyRuleSet toVerifyRules() const;
 
     // Setters
-    void setValue(const QVariant &value) { m_value = value; }
+    /// A stored value that still waits for its columns is dropped: what a person chose goes first.
+    void setValue(const QVariant &value);
     /// Takes a saved default if it makes sense for this option; says whether it did.
     bool setUserDefault(const QVariant &value);
     void setNode(DataSource *node, bool reinitialise = false);
@@ -132,7 +133,7 @@ public:
     QString toDocumentText() const;
     /// Bad or unknown parts keep what stands; `version` is the document's.
     void fromDocumentText(const QString &text, int version);
-    /// Keeps a stored value until the columns upstream are known.
+    /// Keeps a stored value until the columns upstream are known; one that names no columns is taken at once.
     void setDeferredText(const QString &text, int version);
     bool hasDeferredText() const { return m_hasDeferredText; }
     void resolveDeferred();
@@ -150,6 +151,7 @@ public:
 
 private:
     void initialiseFromNode();
+    void dropDeferred();
     /// Calls `change` for each column that `value` names, in order; it may set another id and then returns true. True
     /// when one did.
     bool changeColumns(QVariant &value, const std::function<bool(ColumnId &)> &change) const;

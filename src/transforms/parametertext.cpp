@@ -1,10 +1,9 @@
+#include "data/datasource.h"
 #include "transforms/columnnumbers.h"
 #include "transforms/parameter.h"
 #include "transforms/recordtext.h"
 
-#include "data/datasource.h"
-
-#include <utility>
+#include <QtMath>
 
 // The stored form of values. Parts are joined by the unit separator and free text in them is percent-encoded; what is
 // read back has been decoded once by the document's reader.
@@ -241,6 +240,16 @@ void Parameter::setDeferredText(const QString &text, int version)
     m_deferredText = text;
     m_deferredVersion = version;
     m_hasDeferredText = true;
+    if (!dependsOnColumns()) {
+        resolveDeferred();
+    }
+}
+
+void Parameter::dropDeferred()
+{
+    m_hasDeferredText = false;
+    m_deferredVersion = -1;
+    m_deferredText.clear();
 }
 
 void Parameter::resolveDeferred()
@@ -248,7 +257,8 @@ void Parameter::resolveDeferred()
     if (!m_hasDeferredText || (m_node && !m_node->isReady())) {
         return;
     }
-    m_hasDeferredText = false;
-    const QString text = std::exchange(m_deferredText, QString());
-    fromDocumentText(text, std::exchange(m_deferredVersion, -1));
+    const QString text = m_deferredText;
+    const int version = m_deferredVersion;
+    dropDeferred();
+    fromDocumentText(text, version);
 }

@@ -336,12 +336,31 @@ TEST(ParameterText, WaitsForItsColumns)
     EXPECT_EQ(columns.value(), ids({b}));
 }
 
-TEST(ParameterText, ResolvesAtOnceWithoutAnInput)
+TEST(ParameterText, WaitsOnlyForColumns)
 {
     Parameter flag(Parameter::Bool, "Key", "label", false);
     flag.setDeferredText("1", currentVersion);
-    flag.resolveDeferred();
+    EXPECT_FALSE(flag.hasDeferredText());
     EXPECT_TRUE(flag.toBool());
+
+    Parameter unconnected(Parameter::MultipleColumns, "Key", "label", nullptr);
+    unconnected.setDeferredText(stored("3|1"), currentVersion);
+    EXPECT_TRUE(unconnected.hasDeferredText());
+    unconnected.resolveDeferred();
+    EXPECT_FALSE(unconnected.hasDeferredText());
+    EXPECT_EQ(unconnected.toDocumentText(), stored("3|1"));
+}
+
+TEST(ParameterText, LetsAPersonsChoiceGoBeforeTextThatWaits)
+{
+    FakeSource source(grid({"a|b|c"}));
+    source.setReady(false);
+    Parameter columns(Parameter::MultipleColumns, "Key", "label", &source);
+    columns.setDeferredText(stored("3|1"), currentVersion);
+    columns.setValue(ids({b}));
+    source.setReady(true);
+    columns.resolveDeferred();
+    EXPECT_EQ(columns.value(), ids({b}));
 }
 
 TEST(ParameterText, WritesUnresolvedTextBackAsItWas)
