@@ -91,4 +91,5 @@ private:
     LogPane *m_logPane = nullptr;
     StatusBar *m_statusBar = nullptr;
     bool m_overridesFailed = false;
+    bool m_allowsInteraction = true; ///< false during a run
 };

@@ -245,7 +245,7 @@ void MainWindow::onRunAutoToggled(bool on)
 
 void MainWindow::onUpdateRunStatus()
 {
-    if (m_scene.isProcessing()) {
+    if (!m_allowsInteraction) {
         return;
     }
     const bool byHand = !isAutoRunOn();
@@ -278,6 +278,7 @@ void MainWindow::onCompletedTransforms()
 
 void MainWindow::onAllowUserInteraction(bool allow)
 {
+    m_allowsInteraction = allow;
     for (QAction *action : findChildren<QAction *>(QString(), Qt::FindDirectChildrenOnly)) {
         action->setEnabled(allow);
     }
@@ -298,7 +299,7 @@ void MainWindow::onGraphSelectionChanged()
 {
     const int items = m_scene.nodes(true).size();
     const int connections = m_scene.connections(true).size();
-    m_actions.editDelete->setEnabled(items + connections > 0 && !m_scene.isProcessing());
+    m_actions.editDelete->setEnabled(items + connections > 0 && m_allowsInteraction);
     onUpdateRunStatus();
     if (items + connections == 0) {
         return;

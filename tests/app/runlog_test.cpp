@@ -17,7 +17,7 @@ QByteArray contentOf(const QString &path)
 class RunLogTest : public testing::Test
 {
 protected:
-    void TearDown() override { qInstallMessageHandler(nullptr); }
+    void TearDown() override { RunLog::installMessageHandler(true); }
     QString path(const char *name) const { return m_folder.filePath(QString::fromLatin1(name)); }
 
     QTemporaryDir m_folder;

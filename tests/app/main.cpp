@@ -1,0 +1,21 @@
+#include "app/application.h"
+#include "app/runlog.h"
+#include "settings/settings.h"
+
+#include <QLocale>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+/// The tests of the program run in the program's own application object, away from the user's settings and files.
+int main(int argc, char **argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    const QTemporaryDir folder;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("XDG_CONFIG_HOME", folder.filePath(QStringLiteral("config")).toUtf8());
+    qputenv("TMPDIR", folder.path().toUtf8());
+    RunLog::installMessageHandler(true);
+    Application application(argc, argv, Application::Mode::Window);
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    return RUN_ALL_TESTS();
+}

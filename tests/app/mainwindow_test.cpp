@@ -1,0 +1,435 @@
+#include "app/application.h"
+#include "app/boxanswers.h"
+#include "app/documentcommands.h"
+#include "app/mainwindow.h"
+#include "app/openingquestions.h"
+#include "app/recoveryfile.h"
+#include "app/runlog.h"
+#include "app/testdocument.h"
+#include "graph/ionode.h"
+#include "graph/runcontrol.h"
+#include "outputs/outputnode.h"
+#include "panes/graphpane.h"
+#include "panes/logpane.h"
+#include "platform/filehold.h"
+#include "settings/settings.h"
+#include "support/printers.h"
+#include "support/waitfor.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace {
+
+class MainWindowTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        Settings &settings = Application::instance()->settings();
+        Settings::setCurrent(&settings);
+        settings.setWarnOnLocaleChange(false);
+        settings.setOpenAutoRun(OpeningQuestions::LeaveAutoRun);
+        settings.setOpenPreviousAtStart(0);
+        settings.setRecentDocs({});
+        RecoveryFile::remove();
+        writeFile(path("in.csv"), "a\n1\n");
+        writeFile(path("flow.transform"), plain().xml());
+        m_window = std::make_unique<MainWindow>(*Application::instance(), CommandLine(), m_log);
+        ASSERT_TRUE(m_window->start());
+    }
+    void TearDown() override
+    {
+        stopRequested = false;
+        m_window.reset();
+        RecoveryFile::remove();
+    }
+
+    TestDocument plain() const
+    {
+        TestDocument document;
+        document.inputs = inputXml(1, QStringLiteral("in"), path("in.csv"));
+        document.outputs = outputXml(2, QStringLiteral("out"), path("out.csv"));
+        document.connections = connectionXml(1, 2);
+        return document;
+    }
+    QString path(const char *name) const
+    {
+        return QDir(m_folder.path()).canonicalPath() + QLatin1Char('/') + QString::fromLatin1(name);
+    }
+    bool open(const char *name) { return m_window->documents().openDocument(path(name)); }
+    QAction &action(const char *name) const
+    {
+        auto *found = m_window->findChild<QAction *>(QString::fromLatin1(name));
+        EXPECT_NE(found, nullptr) << name;
+        return *found;
+    }
+    /// A change such as a user makes.
+    void change() { m_window->scene().addNote(QPointF(500, 500), 0); }
+
+    QTemporaryDir m_folder;
+    RunLog m_log;
+    std::unique_ptr<MainWindow> m_window;
+};
+
+TEST_F(MainWindowTest, OpeningRunsAndNames)
+{
+    const QString empty = m_window->windowTitle();
+    EXPECT_TRUE(empty.startsWith(QStringLiteral("Quillmere 1.")) && empty.endsWith(QStringLiteral("[*]")))
+        << empty.toStdString();
+    ASSERT_TRUE(open("flow.transform"));
+    EXPECT_EQ(m_window->windowTitle(), QStringLiteral("flow.transform - ") + empty);
+    EXPECT_FALSE(m_window->isWindowModified());
+    EXPECT_EQ(readFile(path("out.csv")), "a\n1\n") << "auto run is on in the document";
+    const QString log = m_window->findChild<LogPane *>()->toPlainText();
+    EXPECT_TRUE(log.startsWith(QStringLiteral("Started: "))) << log.toStdString();
+    EXPECT_TRUE(log.contains(QStringLiteral("2 item(s) processed in ")));
+    EXPECT_TRUE(log.contains(QStringLiteral("Up to date: 2, Needs updating: 0, Error: 0")));
+}
+
+TEST_F(MainWindowTest, AutoRunOffLeavesItToTheUser)
+{
+    TestDocument document = plain();
+    document.meta = "<auto_run_on value=\"0\"/>";
+    writeFile(path("off.transform"), document.xml());
+    ASSERT_TRUE(open("off.transform"));
+    EXPECT_FALSE(QFile::exists(path("out.csv")));
+    EXPECT_FALSE(m_window->isWindowModified());
+    EXPECT_FALSE(action("m_runAutoAction").isChecked());
+    EXPECT_TRUE(action("m_runChangedAction").isEnabled());
+    EXPECT_FALSE(action("m_runSelectedAction").isEnabled());
+    action("m_runChangedAction").trigger();
+    EXPECT_EQ(readFile(path("out.csv")), "a\n1\n");
+    EXPECT_FALSE(action("m_runChangedAction").isEnabled()) << "nothing is left to run";
+    EXPECT_FALSE(m_window->isWindowModified()) << "a run isn't a change";
+    QFile::remove(path("out.csv"));
+    action("m_runEverythingAction").trigger();
+    EXPECT_TRUE(QFile::exists(path("out.csv")));
+    action("m_runAutoAction").setChecked(true);
+    EXPECT_TRUE(m_window->isWindowModified());
+}
+
+TEST_F(MainWindowTest, SavingKeepsTheFileHeld)
+{
+    ASSERT_TRUE(open("flow.transform"));
+    EXPECT_FALSE(platform::FileHold().acquire(path("flow.transform")));
+    change();
+    EXPECT_TRUE(m_window->isWindowModified());
+    action("m_fileSaveAction").trigger();
+    EXPECT_FALSE(m_window->isWindowModified());
+    EXPECT_TRUE(readFile(path("flow.transform")).contains("<note "));
+    EXPECT_FALSE(platform::FileHold().acquire(path("flow.transform")));
+    {
+        BoxAnswers none;
+        action("m_fileNewAction").trigger();
+        EXPECT_EQ(none.texts(), QStringList()) << "nothing to save, nothing to ask";
+    }
+    EXPECT_TRUE(platform::FileHold().acquire(path("flow.transform")));
+    EXPECT_TRUE(m_window->scene().nodes().isEmpty());
+}
+
+TEST_F(MainWindowTest, SavingFindsANewFileInThePlaceOfTheHeldOne)
+{
+    ASSERT_TRUE(open("flow.transform"));
+    QFile::remove(path("flow.transform"));
+    writeFile(path("flow.transform"), "by another program");
+    change();
+    action("m_fileSaveAction").trigger();
+    EXPECT_TRUE(readFile(path("flow.transform")).contains("<note "));
+}
+
+TEST_F(MainWindowTest, AHeldDocumentOpensToBeRead)
+{
+    platform::FileHold other;
+    ASSERT_TRUE(other.acquire(path("flow.transform")));
+    const QByteArray before = readFile(path("flow.transform"));
+    {
+        BoxAnswers answers({QStringLiteral("Cancel")});
+        EXPECT_FALSE(open("flow.transform"));
+        EXPECT_EQ(answers.texts(),
+            QStringList{QStringLiteral(
+                "Cannot open '%1' to write.\nYou may have insufficient access, it may be read-only or it may "
+                "be open in another application.\nOpen it read-only and select 'File'>Save as...' to save it "
+                "to a different filename/folder.")
+                            .arg(path("flow.transform"))});
+    }
+    BoxAnswers answers({QStringLiteral("OK"), QStringLiteral("OK")});
+    EXPECT_TRUE(open("flow.transform"));
+    change();
+    action("m_fileSaveAction").trigger();
+    ASSERT_EQ(answers.texts().size(), 2);
+    EXPECT_TRUE(answers.texts().last().startsWith(QStringLiteral("Unable to save '%1'. ").arg(path("flow.transform"))));
+    EXPECT_EQ(readFile(path("flow.transform")), before) << "the other instance's file is left alone";
+    EXPECT_TRUE(m_window->isWindowModified());
+}
+
+TEST_F(MainWindowTest, WhatCantBeOpenedLeavesThePresentDocument)
+{
+    ASSERT_TRUE(open("flow.transform"));
+    writeFile(path("broken.transform"), "<root>");
+    BoxAnswers answers({QStringLiteral("OK"), QStringLiteral("OK")});
+    EXPECT_FALSE(open("broken.transform"));
+    m_window->documents().onOpenPath(path("gone.transform"));
+    ASSERT_EQ(answers.texts().size(), 2);
+    EXPECT_TRUE(
+        answers.texts().first().startsWith(QStringLiteral("Unable to open '%1': ").arg(path("broken.transform"))));
+    EXPECT_EQ(answers.texts().last(), QStringLiteral("'%1' not found.").arg(path("gone.transform")));
+    EXPECT_EQ(m_window->scene().nodes().size(), 2);
+}
+
+struct MessageCase
+{
+    const char *what;
+    TestDocument document;
+    QStringList buttons;
+    QString said;
+    bool modified;
+};
+
+TEST_F(MainWindowTest, QuestionsOfOpening)
+{
+    TestDocument unknown = plain();
+    unknown.transforms = "<transform id=\"7\" name=\"Wobble\"/><transform id=\"8\" name=\"Trim\"/>";
+    TestDocument later = plain();
+    later.version = 87;
+    TestDocument missing = plain();
+    missing.inputs = inputXml(1, QStringLiteral("in"), path("gone.csv"))
+                     + inputXml(3, QStringLiteral("two"), path("gone.csv"));
+    TestDocument manyMissing;
+    for (int i = 0; i < 7; ++i) {
+        manyMissing.inputs += inputXml(i, QString::number(i), QStringLiteral("/no/%1.csv").arg(i));
+    }
+    TestDocument unset;
+    unset.inputs = inputXml(1, QStringLiteral("in"), QString());
+    const MessageCase cases[] = {
+        {"transforms that aren't known any more, or not yet", unknown, {"OK"},
+            "The following deprecated transforms were not added:\n'Trim' (1 occurrence) - use the newer 'Whitespace' "
+            "transform.\n\n"
+            "The following unknown transforms were not added:\n'Wobble' (1 occurrence)",
+            false},
+        {"a document from the future", later, {"Cancel"},
+            "This document was created with a later version of the software.\nSome information may not be readable and "
+            "information "
+            "may be lost if you overwrite the existing document.\nIt is recommended that you click 'Save' and save to "
+            "a new document "
+            "before continuing.",
+            false},
+        {"one file that is gone, named by two inputs", missing, {"Cancel"},
+            QStringLiteral("The following input file cannot be found:\n\n%1\n\nDo you wish to choose a new input file?")
+                .arg(path("gone.csv")),
+            false},
+        {"seven that are gone", manyMissing, {"Cancel"},
+            "The following 7 input files cannot be found:\n\n/no/0.csv\n/no/1.csv\n/no/2.csv\n/no/3.csv\n/no/4.csv\n+ "
+            "2 more\n\n"
+            "Do you wish to choose new input files?",
+            false},
+        {"an input without a file", unset, {"Cancel"},
+            "The following input file cannot be found:\n\n<unset>\n\nDo you wish to choose a new input file?", false},
+    };
+    for (const MessageCase &c : cases) {
+        SCOPED_TRACE(c.what);
+        writeFile(path("case.transform"), c.document.xml());
+        BoxAnswers answers(c.buttons);
+        EXPECT_TRUE(open("case.transform"));
+        EXPECT_EQ(answers.texts(), QStringList{c.said});
+        EXPECT_EQ(m_window->isWindowModified(), c.modified);
+    }
+}
+
+struct GuardCase
+{
+    const char *what;
+    int setting;
+    QStringList buttons;
+    bool asks;
+    bool autoRun;
+    bool writes;
+};
+
+TEST_F(MainWindowTest, GuardsFilesThatOpeningWouldWrite)
+{
+    const GuardCase cases[] = {
+        {"left alone", OpeningQuestions::LeaveAutoRun, {}, false, true, true},
+        {"asked and kept", OpeningQuestions::AskToDisableAutoRun, {"Keep auto run enabled"}, true, true, true},
+        {"asked and off", OpeningQuestions::AskToDisableAutoRun, {"Disable auto run"}, true, false, false},
+        {"the box closed without an answer", OpeningQuestions::AskToDisableAutoRun, {}, true, true, true},
+        {"outputs asked and off", OpeningQuestions::AskToDisableOutputs, {"Disable output(s)"}, true, true, false},
+        {"outputs asked and kept", OpeningQuestions::AskToDisableOutputs, {"Write to output(s)"}, true, true, true},
+        {"off without a question", OpeningQuestions::DisableAutoRun, {}, false, false, false},
+        {"outputs off without a question", OpeningQuestions::DisableOutputs, {}, false, true, false},
+    };
+    for (const GuardCase &c : cases) {
+        SCOPED_TRACE(c.what);
+        QFile::remove(path("out.csv"));
+        Settings::current().setOpenAutoRun(c.setting);
+        BoxAnswers answers(c.buttons);
+        ASSERT_TRUE(open("flow.transform"));
+        EXPECT_EQ(answers.texts().size(), c.asks ? 1 : 0);
+        EXPECT_EQ(m_window->isAutoRunOn(), c.autoRun);
+        EXPECT_EQ(action("m_runAutoAction").isChecked(), c.autoRun);
+        EXPECT_EQ(QFile::exists(path("out.csv")), c.writes);
+        EXPECT_EQ(m_window->isWindowModified(), !c.writes) << "an answer that changes the document";
+    }
+    TestDocument reading;
+    reading.inputs = inputXml(1, QStringLiteral("in"), path("in.csv"));
+    writeFile(path("reading.transform"), reading.xml());
+    Settings::current().setOpenAutoRun(OpeningQuestions::AskToDisableAutoRun);
+    BoxAnswers answers;
+    EXPECT_TRUE(open("reading.transform"));
+    EXPECT_EQ(answers.texts(), QStringList()) << "nothing would be written";
+}
+
+TEST_F(MainWindowTest, ListOfWrittenFilesIsCut)
+{
+    for (int i = 0; i < 22; ++i) {
+        m_window->scene().insertNode(new OutputNode(QStringLiteral("/o/%1.csv").arg(i)), QPointF(0, i * 150));
+    }
+    const QStringList lines = OpeningQuestions::writtenFilesList(m_window->scene()).split(QLatin1Char('\n'));
+    ASSERT_EQ(lines.size(), 21);
+    EXPECT_EQ(lines.first(), QStringLiteral("/o/0.csv (Overwrite)"));
+    EXPECT_EQ(lines.last(), QStringLiteral("...+2 more"));
+}
+
+TEST_F(MainWindowTest, ClosingAsksForChanges)
+{
+    ASSERT_TRUE(open("flow.transform"));
+    change();
+    {
+        BoxAnswers answers({QStringLiteral("Cancel")});
+        EXPECT_FALSE(m_window->close());
+        EXPECT_EQ(answers.texts(), QStringList{QStringLiteral("Save changes?")});
+    }
+    {
+        BoxAnswers answers({QStringLiteral("Save")});
+        EXPECT_TRUE(m_window->close());
+    }
+    EXPECT_TRUE(readFile(path("flow.transform")).contains("<note "));
+    EXPECT_EQ(Settings::current().previousPath(), path("flow.transform"));
+    const int sessions = Settings::current().sessions();
+    m_window.reset();
+    EXPECT_EQ(Settings::current().sessions(), sessions + 1);
+}
+
+TEST_F(MainWindowTest, ChangesAreKeptForRecovery)
+{
+    ASSERT_TRUE(open("flow.transform"));
+    change();
+    EXPECT_FALSE(QFile::exists(RecoveryFile::path())) << "the copy is made before a change, and there was none";
+    change();
+    ASSERT_TRUE(QFile::exists(RecoveryFile::path()));
+    const QByteArray first = readFile(RecoveryFile::path());
+    change();
+    EXPECT_EQ(readFile(RecoveryFile::path()), first) << "not again within a minute";
+    m_window->saveRecoveryNow();
+    EXPECT_NE(readFile(RecoveryFile::path()), first);
+
+    ASSERT_TRUE(m_window->documents().openDocument(RecoveryFile::path()));
+    EXPECT_TRUE(m_window->isWindowModified());
+    EXPECT_TRUE(m_window->windowTitle().startsWith(QStringLiteral("Quillmere "))) << "it has no path of its own";
+    BoxAnswers answers({QStringLiteral("Discard")});
+    action("m_fileNewAction").trigger();
+    EXPECT_FALSE(QFile::exists(RecoveryFile::path()));
+}
+
+TEST_F(MainWindowTest, RecentMenuOffersOtherDocuments)
+{
+    writeFile(path("second.transform"), plain().xml());
+    ASSERT_TRUE(open("flow.transform"));
+    ASSERT_TRUE(open("second.transform"));
+    QMenu *menu = nullptr;
+    for (QMenu *candidate : m_window->findChildren<QMenu *>()) {
+        menu = candidate->title() == QStringLiteral("&Recent") ? candidate : menu;
+    }
+    ASSERT_NE(menu, nullptr);
+    ASSERT_EQ(menu->actions().first()->text(), path("flow.transform"));
+    menu->actions().first()->trigger();
+    EXPECT_TRUE(waitFor([this] { return m_window->windowTitle().startsWith(QStringLiteral("flow.transform")); }));
+    EXPECT_EQ(menu->actions().first()->text(), path("second.transform"));
+}
+
+TEST_F(MainWindowTest, NothingButStopDuringARun)
+{
+    ASSERT_TRUE(open("flow.transform"));
+    bool stopEnabled = false;
+    bool newEnabled = true;
+    bool runAgain = true;
+    QObject::connect(&m_window->scene(), &GraphScene::nodeProcessed, m_window.get(), [&] {
+        stopEnabled = action("m_runStopAction").isEnabled();
+        newEnabled = action("m_fileNewAction").isEnabled();
+        runAgain = action("m_runEverythingAction").isEnabled();
+        action("m_runStopAction").trigger();
+    });
+    QFile::remove(path("out.csv"));
+    m_window->scene().runTransforms(RunMode::Everything, true);
+    EXPECT_TRUE(stopEnabled);
+    EXPECT_FALSE(newEnabled);
+    EXPECT_FALSE(runAgain);
+    EXPECT_FALSE(QFile::exists(path("out.csv"))) << "stopped after the input";
+    EXPECT_FALSE(action("m_runStopAction").isEnabled());
+    EXPECT_TRUE(action("m_fileNewAction").isEnabled());
+    EXPECT_FALSE(m_window->isAutoRunOn()) << "or the next change would start it again";
+    EXPECT_TRUE(m_window->findChild<LogPane *>()->toPlainText().contains(QStringLiteral("Run stopped by user")));
+}
+
+TEST_F(MainWindowTest, MemoryCeilingCanBeRaised)
+{
+    ASSERT_TRUE(open("flow.transform"));
+    RunControl::setMemoryReader([] { return 4.2; });
+    Settings::current().setMaxMemoryUsage(4.0);
+    {
+        BoxAnswers answers({QStringLiteral("Continue")});
+        m_window->scene().runTransforms(RunMode::Everything, true);
+        EXPECT_EQ(answers.texts(), QStringList{QStringLiteral("Quillmere")});
+    }
+    EXPECT_EQ(Settings::current().maxMemoryUsage(), 4.5);
+    EXPECT_EQ(m_window->scene().nodesInState(NodeState::Processed).size(), 2);
+    RunControl::setMemoryReader({});
+    Settings::current().setMaxMemoryUsage(4.0);
+}
+
+TEST_F(MainWindowTest, ZoomStaysWithinItsBounds)
+{
+    ASSERT_TRUE(open("flow.transform"));
+    auto *pane = m_window->findChild<GraphPane *>();
+    EXPECT_TRUE(pane->isAutoZoom());
+    for (int i = 0; i < 40; ++i) {
+        action("m_viewZoomInAction").trigger();
+    }
+    EXPECT_DOUBLE_EQ(pane->scale(), 3.0);
+    EXPECT_FALSE(action("m_viewZoomInAction").isEnabled());
+    EXPECT_FALSE(action("m_viewZoomFitAction").isChecked()) << "zooming by hand ends the fitting";
+    for (int i = 0; i < 40; ++i) {
+        action("m_viewZoomOutAction").trigger();
+    }
+    EXPECT_DOUBLE_EQ(pane->scale(), 0.1);
+    action("m_viewZoomFitAction").setChecked(true);
+    EXPECT_GT(pane->scale(), 0.1);
+}
+
+TEST_F(MainWindowTest, SelectedItemsAreDeleted)
+{
+    ASSERT_TRUE(open("flow.transform"));
+    EXPECT_FALSE(action("m_editDeleteAction").isEnabled());
+    action("m_editSelectAllAction").trigger();
+    EXPECT_TRUE(action("m_editDeleteAction").isEnabled());
+    action("m_editDeleteAction").trigger();
+    EXPECT_TRUE(m_window->scene().nodes().isEmpty());
+    EXPECT_TRUE(m_window->isWindowModified());
+}
+
+TEST_F(MainWindowTest, EveryActionSaysWhatItIs)
+{
+    for (const QAction *each : m_window->findChildren<QAction *>(QRegularExpression(QStringLiteral("^m_.*Action$")))) {
+        SCOPED_TRACE(each->objectName().toStdString());
+        EXPECT_FALSE(each->text().isEmpty());
+        EXPECT_FALSE(each->statusTip().isEmpty());
+        const QString keys = each->shortcut().toString(QKeySequence::NativeText);
+        EXPECT_TRUE(keys.isEmpty() || each->toolTip().endsWith(QStringLiteral(" (%1)").arg(keys)));
+    }
+}
+
+} // namespace
