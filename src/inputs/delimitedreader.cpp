@@ -135,7 +135,8 @@ void DelimitedReader::parse(Buffer &buffer, const DelimitedSyntax &syntax, RowBa
 
 void DelimitedReader::reportProgress()
 {
-    if (m_progress && m_source->total() > 0) {
-        m_progress(qMin(1.0, double(m_source->position()) / double(m_source->total())));
+    if (m_progress) {
+        const qint64 total = m_source->total();
+        m_progress(total > 0 ? qMin(1.0, double(m_source->position()) / double(total)) : 0.0);
     }
 }

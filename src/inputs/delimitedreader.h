@@ -33,7 +33,8 @@ public:
 
     DelimitedReader(const DelimitedOptions &options, TextSource *source);
 
-    /// Called now and then with the share done, 0 to 1; may throw, which ends the reading.
+    /// Called now and then with the share done, 0 to 1, or 0 all along for a source of unknown size; may throw, which
+    /// ends the reading.
     void setProgress(std::function<void(double)> progress) { m_progress = std::move(progress); }
     /// Bytes read at a time, about; at least 1.
     void setBlockSize(int size) { m_blockSize = size; }

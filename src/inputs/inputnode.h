@@ -28,7 +28,6 @@ public:
 
     QString name() const override;
     QString listName() const override;
-    QString typeName() const override { return kindName(); }
     /// A name for a file made of this input's data.
     QString defaultOutputName() const;
     QString description() const override;

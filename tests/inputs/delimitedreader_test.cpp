@@ -281,6 +281,49 @@ TEST(DelimitedReader, ReportsProgressUpToTheEnd)
 
 namespace {
 
+/// Gives its bytes once, and nobody knows how many there are.
+class Pipe : public QIODevice
+{
+public:
+    explicit Pipe(const QByteArray &bytes)
+        : m_rest(bytes)
+    {
+        open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    }
+    bool isSequential() const override { return true; }
+
+protected:
+    qint64 readData(char *data, qint64 maxSize) override
+    {
+        const int size = int(qMin<qint64>(maxSize, m_rest.size()));
+        std::memcpy(data, m_rest.constData(), size_t(size));
+        m_rest.remove(0, size);
+        return size;
+    }
+    qint64 writeData(const char *, qint64) override { return -1; }
+
+private:
+    QByteArray m_rest;
+};
+
+} // namespace
+
+TEST(DelimitedReader, ReportsProgressOfASourceOfUnknownSize)
+{
+    Pipe pipe(QByteArray("a,b\n").repeated(1000));
+    TextSource source(&pipe, "Automatic");
+    DelimitedReader reader(plainOptions(), &source);
+    reader.setBlockSize(400);
+    int reports = 0;
+    reader.setProgress([&reports](double share) { reports += share == 0.0; });
+    Dataset dataset;
+    reader.read(&dataset);
+    EXPECT_EQ(dataset.rowCount(), 1000);
+    EXPECT_GE(reports, 5);
+}
+
+namespace {
+
 const char *const alphabet[] = {",", ",", ",", "\"", "\"", "\"\"", "\r", "\n", "\r\n", "a", "b", "word", " ", "\t",
     "a longer text of many letters", "\u00E9", "\u00A0", "\u0085", "\u3000", "\u2028", "\u20AC", "\U0001F600", "\xFF",
     ";", "\u00A7", "\v", "\xE2\x82"};
