@@ -17,6 +17,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
@@ -56,7 +57,8 @@ CommandLineDialog::CommandLineDialog(
     new QVBoxLayout(this);
     buildForm();
     buildText();
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close | QDialogButtonBox::Help);
+    connect(buttons, &QDialogButtonBox::helpRequested, this, &CommandLineDialog::onHelpRequested);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     layout()->addWidget(buttons);
     restoreGeometry(Settings::current().commandLineWindowGeometry());
@@ -233,6 +235,19 @@ void CommandLineDialog::onBrowseLog()
     if (!path.isEmpty()) {
         m_logPath->setText(QDir::toNativeSeparators(path));
     }
+}
+
+void CommandLineDialog::onHelpRequested()
+{
+    QMessageBox::information(this, windowTitle(),
+        QStringLiteral(
+            "The command runs the saved document without a window.\n\n"
+            "-file \"alias=path\" and -folder \"alias=path\" put another file or folder in the place of that of the "
+            "item with this alias. Leave one out to use the document's own.\n\n"
+            "-verbosity sets how much is reported, from 0 to 4. -log writes the report to a file as well, behind what "
+            "is there, or anew with -overwrite.\n\n"
+            "The exit code is 0 when all went well, 1 when an item failed, and 255 when the command or the document "
+            "can't be used."));
 }
 
 void CommandLineDialog::onCopy()

@@ -30,6 +30,7 @@ private slots:
     void onBrowseFolder();
     void onBrowseLog();
     void onCopy();
+    void onHelpRequested();
 
 private:
     void buildForm();

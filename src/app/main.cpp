@@ -30,10 +30,8 @@ bool openLog(const CommandLine &commandLine, RunLog &log)
 int runWindow(Application &application, const CommandLine &commandLine, RunLog &log)
 {
     MainWindow window(application, commandLine, log);
-    if (!window.start()) {
-        return RunLog::fatalExitCode;
-    }
     QObject::connect(&application, &QGuiApplication::lastWindowClosed, &application, &QCoreApplication::quit);
+    window.start();
     return QApplication::exec();
 }
 

@@ -26,6 +26,7 @@
 #include <QScreen>
 #include <QSplitter>
 #include <QStyle>
+#include <QTimer>
 #include <QToolBar>
 
 namespace {
@@ -175,15 +176,20 @@ void MainWindow::connectDocuments()
     connect(m_documents, &DocumentCommands::overridesUnusable, this, &MainWindow::onOverridesUnusable);
 }
 
-bool MainWindow::start()
+void MainWindow::start()
 {
-    Settings &settings = m_application.settings();
+    const Settings &settings = m_application.settings();
     m_application.setLastDocDir(settings.lastDocDir());
     m_application.setLastDataDir(settings.lastDataDir());
     m_application.setLastOutputDataDir(settings.lastOutputDataDir());
     show();
     restoreLayout();
-    QCoreApplication::processEvents();
+    QTimer::singleShot(0, this, &MainWindow::onStarted);
+}
+
+void MainWindow::onStarted()
+{
+    const Settings &settings = m_application.settings();
     const QString path = documentToStartWith();
     if (!path.isEmpty() && QFileInfo::exists(path)) {
         m_documents->openDocument(path);
@@ -195,7 +201,6 @@ bool MainWindow::start()
                 "'Preferences' in the %2.")
                 .arg(QDir::toNativeSeparators(settings.fileName()), platform::settingsStoreName()));
     }
-    return !m_overridesFailed;
 }
 
 void MainWindow::restoreLayout()
@@ -283,6 +288,5 @@ bool MainWindow::raiseMemoryCeiling(double used, double limit)
 
 void MainWindow::onOverridesUnusable(const QString &error)
 {
-    m_overridesFailed = true;
     QCoreApplication::exit(m_log.fatal(error));
 }

@@ -25,8 +25,8 @@ public:
     MainWindow(Application &application, const CommandLine &commandLine, RunLog &log);
     ~MainWindow() override;
 
-    /// Shows the window and opens the document to begin with. False when the program has to give up.
-    bool start();
+    /// Shows the window; the document to begin with opens from the event loop, where exceptions are taken care of.
+    void start();
     bool isAutoRunOn() const { return m_scene.isAutoRunOn(); }
     GraphScene &scene() { return m_scene; }
     DocumentCommands &documents() { return *m_documents; }
@@ -39,6 +39,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private slots:
+    void onStarted();
     void onRecentDocSelected();
     void onClearRecentDocSelected();
     void onUpdateRecentDocs();
@@ -90,6 +91,5 @@ private:
     GraphPane *m_graphPane = nullptr;
     LogPane *m_logPane = nullptr;
     StatusBar *m_statusBar = nullptr;
-    bool m_overridesFailed = false;
     bool m_allowsInteraction = true; ///< false during a run
 };

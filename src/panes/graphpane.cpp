@@ -1,5 +1,6 @@
 #include "panes/graphpane.h"
 
+#include "graph/colors.h"
 #include "graph/graphscene.h"
 #include "settings/product.h"
 #include "settings/settings.h"
@@ -199,7 +200,7 @@ void GraphPane::drawForeground(QPainter *painter, const QRectF &)
     QFont font = this->font();
     font.setPointSizeF(font.pointSizeF() * 1.5);
     painter->setFont(font);
-    painter->setPen(palette().color(QPalette::Disabled, QPalette::Text));
+    painter->setPen(m_scene->colors().color(Colors::Arrow));
     painter->drawText(viewport()->rect(), Qt::AlignCenter,
         QStringLiteral("ADD YOUR DATA\ndrag files here; or\nclick [%1] or [%2] buttons")
             .arg(QStringLiteral("From File"), QStringLiteral("From Clipboard")));

@@ -318,6 +318,17 @@ TEST_F(CommandLineRunTest, MilestoneIsPassedInSilence)
     EXPECT_TRUE(readFile(path("config/Marlwick/Quillmere.conf")).contains("total_next_exp_rows_to_notify=8"));
 }
 
+TEST_F(CommandLineRunTest, WindowTakesOtherFilesTooOrGivesUp)
+{
+    ASSERT_TRUE(QDir().mkpath(path("config/Marlwick")));
+    writeFile(path("config/Marlwick/Quillmere.conf"), "[General]\nopen_auto_run=0\nwarn_on_locale_change=false\n");
+    const QStringList offscreen{"QT_QPA_PLATFORM=offscreen", "XDG_RUNTIME_DIR=" + root()};
+    const RunResult unknown = run({"flow.transform", "-file", "other=in.csv"}, offscreen);
+    EXPECT_EQ(unknown.exitCode, 255);
+    EXPECT_TRUE(unknown.said.contains(QStringLiteral("Alias 'other' not recognized"))) << unknown.said.toStdString();
+    EXPECT_EQ(run({"-verbosity", "7"}, offscreen).exitCode, 255);
+}
+
 TEST_F(CommandLineRunTest, NonAsciiComesOutAsUtf8InThePlainLocale)
 {
     const QString name = QStringLiteral("d\u00e9j\u00e0.csv");

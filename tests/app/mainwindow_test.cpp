@@ -40,7 +40,8 @@ protected:
         writeFile(path("in.csv"), "a\n1\n");
         writeFile(path("flow.transform"), plain().xml());
         m_window = std::make_unique<MainWindow>(*Application::instance(), CommandLine(), m_log);
-        ASSERT_TRUE(m_window->start());
+        m_window->start();
+        QCoreApplication::processEvents();
     }
     void TearDown() override
     {
