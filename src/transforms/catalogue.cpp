@@ -5,17 +5,21 @@
 #include <QHash>
 
 // Each class's source defines its own maker (TRANSFORM_FACTORY).
+Transform *makeTransformBin();
 Transform *makeTransformCase();
 Transform *makeTransformChop();
 Transform *makeTransformClone();
 Transform *makeTransformCompare();
 Transform *makeTransformConcat();
+Transform *makeTransformConcatRows();
 Transform *makeTransformCopy();
+Transform *makeTransformCount();
 Transform *makeTransformCross();
 Transform *makeTransformDedupe();
 Transform *makeTransformDiff();
 Transform *makeTransformExtract();
 Transform *makeTransformFilter();
+Transform *makeTransformGather();
 Transform *makeTransformHeader();
 Transform *makeTransformIf();
 Transform *makeTransformInsert();
@@ -24,19 +28,27 @@ Transform *makeTransformJoin();
 Transform *makeTransformLookup();
 Transform *makeTransformNewCol();
 Transform *makeTransformPad();
+Transform *makeTransformPivot();
 Transform *makeTransformPseudonym();
 Transform *makeTransformRandom();
 Transform *makeTransformRemoveCols();
 Transform *makeTransformRenameCols();
 Transform *makeTransformReorder();
+Transform *makeTransformReplaceMulti();
+Transform *makeTransformReshape();
 Transform *makeTransformRowNum();
 Transform *makeTransformSample();
 Transform *makeTransformSlice();
 Transform *makeTransformSort();
+Transform *makeTransformSplit();
+Transform *makeTransformSplitName();
+Transform *makeTransformSplitRows();
+Transform *makeTransformSpread();
 Transform *makeTransformStack();
 Transform *makeTransformStamp();
 Transform *makeTransformSubtract();
 Transform *makeTransformTranspose();
+Transform *makeTransformUnique();
 Transform *makeTransformWhitespace();
 
 namespace Catalogue {
@@ -46,7 +58,7 @@ const std::vector<CatalogueRow> &rows()
     constexpr int unlimited = Transform::unlimitedInputs;
     // id, stored name, button, category, inputs at least and at most, advanced, can compare, drill-down, maker
     static const std::vector<CatalogueRow> table{
-        {0, "Bin", "Bin", Transform::Analysis, 1, 1, true, false, true, nullptr},
+        {0, "Bin", "Bin", Transform::Analysis, 1, 1, true, false, true, makeTransformBin},
         {1, "Calculate", "Calculate", Transform::Column, 1, 1, false, false, false, nullptr},
         {2, "Case", "Case", Transform::Format, 1, 1, false, true, false, makeTransformCase},
         {3, "Chop", "Chop", Transform::Format, 1, 1, false, true, false, makeTransformChop},
@@ -54,10 +66,10 @@ const std::vector<CatalogueRow> &rows()
         {5, "Cluster", "Cluster", Transform::Analysis, 1, 1, true, false, false, nullptr},
         {6, "Compare_Cols", "Compare Cols", Transform::Column, 1, 1, true, false, false, makeTransformCompare},
         {7, "Concat", "Concat Cols", Transform::Column, 1, 1, false, false, false, makeTransformConcat},
-        {8, "Concat_Rows", "Concat Rows", Transform::Row, 1, 1, true, false, false, nullptr},
+        {8, "Concat_Rows", "Concat Rows", Transform::Row, 1, 1, true, false, false, makeTransformConcatRows},
         {9, "Copy", "Copy Cols", Transform::Column, 1, 1, false, false, false, makeTransformCopy},
         {10, "Correlate", "Correlate", Transform::Analysis, 1, 1, true, false, false, nullptr},
-        {11, "Count", "Count", Transform::Analysis, 1, 1, false, false, true, nullptr},
+        {11, "Count", "Count", Transform::Analysis, 1, 1, false, false, true, makeTransformCount},
         {12, "Cross", "Cross", Transform::Merge, 2, unlimited, true, false, false, makeTransformCross},
         {13, "Date_Format", "DateTime Format", Transform::Format, 1, 1, false, true, false, nullptr},
         {14, "Decode", "Decode", Transform::Format, 1, 1, true, true, false, nullptr},
@@ -66,7 +78,7 @@ const std::vector<CatalogueRow> &rows()
         {17, "Extract", "Extract", Transform::Format, 1, 1, false, true, false, makeTransformExtract},
         {18, "Fill", "Fill", Transform::Format, 1, 1, false, true, false, nullptr},
         {19, "Filter", "Filter", Transform::Row, 1, 1, false, false, false, makeTransformFilter},
-        {20, "Gather", "Gather", Transform::Column, 1, 1, true, false, false, nullptr},
+        {20, "Gather", "Gather", Transform::Column, 1, 1, true, false, false, makeTransformGather},
         {21, "Hash", "Hash", Transform::Other, 1, 1, true, true, false, nullptr},
         {22, "Header", "Header", Transform::Row, 1, 1, true, false, false, makeTransformHeader},
         {23, "If", "If", Transform::Column, 1, 1, true, false, false, makeTransformIf},
@@ -87,14 +99,14 @@ const std::vector<CatalogueRow> &rows()
         {38, "Offset", "Offset", Transform::Column, 1, 1, true, true, false, nullptr},
         {39, "Outliers", "Outliers", Transform::Other, 1, 1, true, true, false, nullptr},
         {40, "Pad", "Pad", Transform::Format, 1, 1, false, true, false, makeTransformPad},
-        {41, "Pivot", "Pivot", Transform::Analysis, 1, 1, true, false, true, nullptr},
+        {41, "Pivot", "Pivot", Transform::Analysis, 1, 1, true, false, true, makeTransformPivot},
         {42, "Pseudonym", "Pseudonym", Transform::Column, 1, 1, true, false, false, makeTransformPseudonym},
         {43, "Random", "Random", Transform::Other, 1, 1, true, false, false, makeTransformRandom},
         {44, "Remove", "Remove Cols", Transform::Column, 1, 1, false, false, false, makeTransformRemoveCols},
         {46, "Rename_Cols", "Rename Cols", Transform::Column, 1, 1, false, false, false, makeTransformRenameCols},
         {47, "Reorder", "Reorder Cols", Transform::Column, 1, 1, false, false, false, makeTransformReorder},
-        {49, "Replace_Multi", "Replace", Transform::Format, 1, 1, false, true, false, nullptr},
-        {50, "Reshape", "Reshape", Transform::Column, 1, 1, true, false, false, nullptr},
+        {49, "Replace_Multi", "Replace", Transform::Format, 1, 1, false, true, false, makeTransformReplaceMulti},
+        {50, "Reshape", "Reshape", Transform::Column, 1, 1, true, false, false, makeTransformReshape},
         {51, "Row_Num", "Row Num", Transform::Row, 1, 1, false, false, false, makeTransformRowNum},
         {52, "Sample", "Sample", Transform::Row, 1, 1, false, false, false, makeTransformSample},
         {53, "Scale", "Scale", Transform::Format, 1, 1, true, true, false, nullptr},
@@ -102,10 +114,10 @@ const std::vector<CatalogueRow> &rows()
         {55, "Slice", "Slice", Transform::Row, 1, 1, true, false, false, makeTransformSlice},
         {56, "Slide", "Slide", Transform::Format, 1, 1, true, true, false, nullptr},
         {57, "Sort", "Sort", Transform::Row, 1, 1, false, false, false, makeTransformSort},
-        {58, "Split", "Split Col", Transform::Column, 1, 1, false, false, false, nullptr},
-        {59, "Split_Name", "Split Name", Transform::Column, 1, 1, true, false, false, nullptr},
-        {60, "Split_Rows", "Split Rows", Transform::Row, 1, 1, true, false, false, nullptr},
-        {61, "Spread", "Spread", Transform::Column, 1, 1, true, false, false, nullptr},
+        {58, "Split", "Split Col", Transform::Column, 1, 1, false, false, false, makeTransformSplit},
+        {59, "Split_Name", "Split Name", Transform::Column, 1, 1, true, false, false, makeTransformSplitName},
+        {60, "Split_Rows", "Split Rows", Transform::Row, 1, 1, true, false, false, makeTransformSplitRows},
+        {61, "Spread", "Spread", Transform::Column, 1, 1, true, false, false, makeTransformSpread},
         {62, "Stack", "Stack", Transform::Merge, 1, unlimited, false, false, false, makeTransformStack},
         {63, "Stamp", "Stamp", Transform::Other, 1, 1, true, false, false, makeTransformStamp},
         {64, "Stats", "Stats", Transform::Analysis, 1, 1, true, false, false, nullptr},
@@ -115,7 +127,7 @@ const std::vector<CatalogueRow> &rows()
         {68, "Total", "Total", Transform::Analysis, 1, 1, true, false, false, nullptr},
         {69, "Transpose", "Transpose", Transform::Other, 1, 1, false, false, false, makeTransformTranspose},
         {71, "Unfill", "Unfill", Transform::Format, 1, 1, true, true, false, nullptr},
-        {72, "Unique", "Unique", Transform::Row, 1, 1, true, false, true, nullptr},
+        {72, "Unique", "Unique", Transform::Row, 1, 1, true, false, true, makeTransformUnique},
         {73, "Units", "Units", Transform::Other, 1, 1, true, true, false, nullptr},
         {74, "UUID", "UUID", Transform::Other, 1, 1, true, false, false, nullptr},
         {75, "Verify", "Verify", Transform::Other, 1, 1, true, false, false, nullptr},

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "data/dataset.h"
+#include "transforms/row/uniquemodes.h"
+#include "transforms/rowgroups.h"
+
+/// How the texts of a group are joined into one.
+struct Concatenation
+{
+    QString delimiter;
+    bool ignoreEmpty = false;
+};
+
+/// A column with one cell for each of `groups`, which is made from the group's cells in `column` of `dataset`. No group
+/// is empty, and rows within a group ascend. Throws std::bad_alloc when a joined text would pass one GiB.
+CellColumn groupColumn(const Dataset &dataset, ColumnIndex column, const RowGroups &groups, UniqueMode mode,
+    const Concatenation &concatenation);
+
+/// The number of rows of each group.
+CellColumn groupSizes(const RowGroups &groups);
