@@ -46,6 +46,9 @@ Dataset CellTransform::compute(const OptionValues &values, const Inputs &inputs)
             result.setColumn(columns.at(i), worker.take());
         }
     }
+    if (rule.warnings) {
+        warningList() += rule.warnings();
+    }
     setResultText(outcome(changed, qint64(rowCount) * columns.size() - changed));
     return result;
 }

@@ -42,6 +42,8 @@ struct CellRule
     Text text;
     Ascii ascii;
     Row row;
+    /// Optional: what there is to warn of, asked for when all cells are done.
+    std::function<QStringList()> warnings;
 };
 
 /// Frame of the transforms that change cells of the selected columns in place: it copies the table, walks rows and

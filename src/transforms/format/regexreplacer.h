@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QRegularExpression>
+#include <QString>
+#include <QStringView>
+#include <vector>
+
+/// Replaces all matches of one regular expression in many texts, with the results of QString::replace; unlike that it
+/// tells when a text couldn't be searched to its end, and leaves such a text alone.
+class RegexReplacer
+{
+public:
+    enum Effort {
+        Usual,  ///< as much work as the library allows a match
+        Bounded ///< for expressions that have been found too hard before
+    };
+
+    RegexReplacer(const QString &pattern, bool caseSensitive, Effort effort);
+
+    bool isValid() const { return m_isValid; }
+    /// Why the expression isn't valid.
+    QString errorString() const { return m_expression.errorString(); }
+    /// `with` may hold \1, \2 and so on for what the groups matched. False, and no change, when a match took too much
+    /// work or the text isn't well-formed.
+    bool replace(QString &text, const QString &with);
+
+private:
+    /// A piece of the new text: what a group matched, or the characters from `begin` to before `end` of `with`.
+    struct Piece
+    {
+        int group;
+        int begin;
+        int end;
+    };
+    void prepare(const QString &with);
+    bool replaceNonEmpty(const QString &text, QString &out, bool *hadEmpty) const;
+    bool replaceAny(const QString &text, QString &out) const;
+    void appendReplacement(const QRegularExpressionMatch &match, const QString &text, QString &out) const;
+
+    QRegularExpression m_expression;
+    bool m_isValid;
+    int m_groupCount;
+    QString m_with;
+    std::vector<Piece> m_pieces;
+};
