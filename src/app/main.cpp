@@ -29,6 +29,8 @@ bool openLog(const CommandLine &commandLine, RunLog &log)
 
 int runWindow(Application &application, const CommandLine &commandLine, RunLog &log)
 {
+    // The log is that of runs without a window.
+    log.close();
     MainWindow window(application, commandLine, log);
     QObject::connect(&application, &QGuiApplication::lastWindowClosed, &application, &QCoreApplication::quit);
     window.start();
@@ -46,6 +48,7 @@ int main(int argc, char **argv)
     const bool withoutWindow = asksForCommandLine(argc, argv);
     RunLog::installMessageHandler(withoutWindow);
     if (withoutWindow) {
+        platform::surviveClosedConsole();
         choosePlatform(argc, argv);
     }
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QTextCodec>
 #include <clocale>
+#include <csignal>
 #include <cstdio>
 #include <langinfo.h>
 
@@ -13,6 +14,11 @@ void platform::useUtf8InPlainLocale()
     if (qstrcmp(::nl_langinfo(CODESET), "ANSI_X3.4-1968") == 0) {
         QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     }
+}
+
+void platform::surviveClosedConsole()
+{
+    std::signal(SIGPIPE, SIG_IGN);
 }
 
 void platform::writeConsoleLine(const QString &line)

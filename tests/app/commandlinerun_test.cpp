@@ -1,5 +1,6 @@
 #include "app/testdocument.h"
 #include "support/printers.h"
+#include "support/waitfor.h"
 
 #include <QDir>
 #include <QProcess>
@@ -316,6 +317,17 @@ TEST_F(CommandLineRunTest, MilestoneIsPassedInSilence)
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.said, QString());
     EXPECT_TRUE(readFile(path("config/Marlwick/Quillmere.conf")).contains("total_next_exp_rows_to_notify=8"));
+}
+
+TEST_F(CommandLineRunTest, GoesOnWhenNobodyReadsTheReport)
+{
+    QProcess shell;
+    shell.setWorkingDirectory(root());
+    shell.start(
+        QStringLiteral("/bin/sh"), {"-c", QStringLiteral("{ '%1' flow.transform -cli -verbosity 4; } 2>&1 | true")
+                                              .arg(QStringLiteral(QUILLMERE_PROGRAM))});
+    ASSERT_TRUE(shell.waitForFinished(60000));
+    EXPECT_TRUE(waitFor([this] { return readFile(path("out.csv")).endsWith("2,b\n"); }));
 }
 
 TEST_F(CommandLineRunTest, WindowTakesOtherFilesTooOrGivesUp)
