@@ -53,6 +53,15 @@ QVector<int> rowsThat(const DuplicateSearch &search, bool areFirst)
     return rows;
 }
 
+/// The table as it came, for when every row stays.
+Dataset sharedCopy(const Dataset &dataset)
+{
+    Dataset result = dataset;
+    result.clearDrilldown();
+    result.clearIssues();
+    return result;
+}
+
 void addDrilldown(Dataset &result, const DuplicateSearch &search)
 {
     int row = 0;
@@ -83,9 +92,7 @@ Dataset withInformation(const Dataset &dataset, const DuplicateSearch &search)
             writers[Duplicates].appendEmpty();
         }
     }
-    Dataset result = dataset;
-    result.clearDrilldown();
-    result.clearIssues();
+    Dataset result = sharedCopy(dataset);
     result.setRowCount(rowCount);
     const int first = dataset.columnCount();
     appendDuplicateColumns(result);
@@ -115,7 +122,8 @@ Dataset findDuplicates(DedupeProgress *progress, const Dataset &dataset, const Q
     if (mode == DedupeMode::AddInformation) {
         result = withInformation(dataset, search);
     } else {
-        result = dataset.withRows(rowsThat(search, mode == DedupeMode::RemoveDuplicates));
+        const QVector<int> rows = rowsThat(search, mode == DedupeMode::RemoveDuplicates);
+        result = rows.size() == dataset.rowCount() ? sharedCopy(dataset) : dataset.withRows(rows);
         if (drilldown && mode == DedupeMode::RemoveDuplicates && closeness >= exact) {
             addDrilldown(result, search);
         }
