@@ -1,0 +1,98 @@
+#include "transforms/column/valuesplitter.h"
+
+#include <string_view>
+
+ValueSplitter::ValueSplitter(By by, const QString &pattern, bool keepEmpty)
+    : m_by(by)
+    , m_delimiter(pattern)
+    , m_behavior(keepEmpty ? Qt::KeepEmptyParts : Qt::SkipEmptyParts)
+{
+    setText(m_delimiterBytes, pattern);
+    if (by == Regex) {
+        m_expression.setPattern(pattern);
+        m_expression.optimize();
+    } else if (by == Lengths) {
+        parseLengths(pattern);
+    }
+}
+
+void ValueSplitter::parseLengths(const QString &list)
+{
+    int stars = 0;
+    for (const QString &part : list.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
+        const QString token = part.trimmed();
+        const bool skipped = token.startsWith(QLatin1Char('-'));
+        const QString size = skipped ? token.mid(1) : token;
+        bool isNumber = false;
+        const int length = size.toInt(&isNumber);
+        if (size == QLatin1String("*")) {
+            ++stars;
+            m_pieces.append({rest, skipped});
+        } else if (isNumber && length > 0 && size.at(0).isDigit()) {
+            m_pieces.append({length, skipped});
+        } else {
+            m_faults.append(QStringLiteral("unexpected token '%1'").arg(token));
+        }
+    }
+    if (stars > 1) {
+        m_faults.prepend(QStringLiteral("Only 1 '*' or '-*' allowed"));
+    }
+}
+
+QStringList ValueSplitter::split(const QString &text) const
+{
+    switch (m_by) {
+    case Text:
+        return m_delimiter.isEmpty() ? QStringList{text} : text.split(m_delimiter, m_behavior);
+    case Regex:
+        return m_delimiter.isEmpty() || !m_expression.isValid() ? QStringList{text}
+                                                                : text.split(m_expression, m_behavior);
+    default:
+        return splitByLengths(text);
+    }
+}
+
+void ValueSplitter::splitBytes(const char *bytes, int size, std::vector<Span> &spans) const
+{
+    spans.clear();
+    const std::string_view text(bytes, static_cast<size_t>(size));
+    const std::string_view delimiter(m_delimiterBytes.constData(), static_cast<size_t>(m_delimiterBytes.size()));
+    size_t begin = 0;
+    for (;;) {
+        const size_t found = text.find(delimiter, begin);
+        const size_t end = found == std::string_view::npos ? text.size() : found;
+        if (end > begin || m_behavior == Qt::KeepEmptyParts) {
+            spans.push_back({static_cast<int>(begin), static_cast<int>(end)});
+        }
+        if (found == std::string_view::npos) {
+            return;
+        }
+        begin = found + delimiter.size();
+    }
+}
+
+QStringList ValueSplitter::splitByLengths(const QString &text) const
+{
+    if (!m_faults.isEmpty() || m_pieces.isEmpty()) {
+        return {text};
+    }
+    // What stands behind the star is counted from the end, so the star's own length must be known first.
+    qint64 fixed = 0;
+    for (const Piece &piece : m_pieces) {
+        fixed += piece.length == rest ? 0 : piece.length;
+    }
+    const int left = static_cast<int>(qMax<qint64>(0, text.size() - fixed));
+    QStringList parts;
+    int at = 0;
+    for (const Piece &piece : m_pieces) {
+        const int length = piece.length == rest ? left : qMin(piece.length, text.size() - at);
+        if (!piece.skipped) {
+            const QString part = text.mid(at, length);
+            if (!part.isEmpty() || m_behavior == Qt::KeepEmptyParts) {
+                parts.append(part);
+            }
+        }
+        at = qMin(text.size(), at + length);
+    }
+    return parts;
+}
