@@ -185,7 +185,7 @@ TEST(TransformConcatRows, JoinsRows)
             {"k", "v", "k", "v", "k", "v", "k"}, {"a|1|a|2|A|3|b", "4|a|5||||"}, "5 rows concatenated into 2"},
         {"while values are numbers",
             {{"Mode", "Variable"}, {"While_Or_Until", "While"}, {"Matches", "<   Less than"}, {"Value", "9"}}, {"k"},
-            {"1", "2", "3", "4", "5"}, "No changes"},
+            {"1", "2", "3", "4", "5"}, "5 rows concatenated into 5"},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.what);
