@@ -15,6 +15,7 @@ Transform *makeTransformConcatRows();
 Transform *makeTransformCopy();
 Transform *makeTransformCount();
 Transform *makeTransformCross();
+Transform *makeTransformDateFormat();
 Transform *makeTransformDedupe();
 Transform *makeTransformDiff();
 Transform *makeTransformExtract();
@@ -25,8 +26,10 @@ Transform *makeTransformIf();
 Transform *makeTransformInsert();
 Transform *makeTransformIntersect();
 Transform *makeTransformJoin();
+Transform *makeTransformList();
 Transform *makeTransformLookup();
 Transform *makeTransformNewCol();
+Transform *makeTransformNumberFormat();
 Transform *makeTransformPad();
 Transform *makeTransformPivot();
 Transform *makeTransformPseudonym();
@@ -71,7 +74,7 @@ const std::vector<CatalogueRow> &rows()
         {10, "Correlate", "Correlate", Transform::Analysis, 1, 1, true, false, false, nullptr},
         {11, "Count", "Count", Transform::Analysis, 1, 1, false, false, true, makeTransformCount},
         {12, "Cross", "Cross", Transform::Merge, 2, unlimited, true, false, false, makeTransformCross},
-        {13, "Date_Format", "DateTime Format", Transform::Format, 1, 1, false, true, false, nullptr},
+        {13, "Date_Format", "DateTime Format", Transform::Format, 1, 1, false, true, false, makeTransformDateFormat},
         {14, "Decode", "Decode", Transform::Format, 1, 1, true, true, false, nullptr},
         {15, "Dedupe", "Dedupe", Transform::Row, 1, 1, false, false, true, makeTransformDedupe},
         {16, "Difference", "Difference", Transform::Analysis, 2, 2, true, false, false, makeTransformDiff},
@@ -88,14 +91,14 @@ const std::vector<CatalogueRow> &rows()
         {27, "Interpolate", "Interpolate", Transform::Merge, 2, 2, true, false, false, nullptr},
         {28, "Javascript", "Javascript", Transform::Other, 1, 1, true, false, false, nullptr},
         {29, "Join", "Join", Transform::Merge, 2, 2, false, false, false, makeTransformJoin},
-        {30, "List", "List", Transform::Format, 1, 1, false, false, false, nullptr},
+        {30, "List", "List", Transform::Format, 1, 1, false, false, false, makeTransformList},
         {31, "Lookup", "Lookup", Transform::Merge, 2, 2, false, false, false, makeTransformLookup},
         {32, "Moving", "Moving", Transform::Column, 1, 1, true, false, false, nullptr},
         {33, "New_Col", "New Col", Transform::Column, 1, 1, false, false, false, makeTransformNewCol},
         {34, "New_Rows", "New Rows", Transform::Row, 1, 1, true, false, false, nullptr},
         {35, "Ngram", "Ngram", Transform::Analysis, 1, 1, true, false, true, nullptr},
         {36, "Num_Base", "Num Base", Transform::Format, 1, 1, true, true, false, nullptr},
-        {37, "Num_Format", "Num Format", Transform::Format, 1, 1, false, true, false, nullptr},
+        {37, "Num_Format", "Num Format", Transform::Format, 1, 1, false, true, false, makeTransformNumberFormat},
         {38, "Offset", "Offset", Transform::Column, 1, 1, true, true, false, nullptr},
         {39, "Outliers", "Outliers", Transform::Other, 1, 1, true, true, false, nullptr},
         {40, "Pad", "Pad", Transform::Format, 1, 1, false, true, false, makeTransformPad},

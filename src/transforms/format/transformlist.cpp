@@ -1,0 +1,100 @@
+#include "transforms/column/listoperations.h"
+#include "transforms/messages.h"
+#include "transforms/newcolumn.h"
+#include "transforms/option.h"
+#include "transforms/optionvalues.h"
+#include "transforms/transform.h"
+
+#include <QRegularExpression>
+
+/// Adds a column with the outcome of one operation on the lists in a column's cells.
+class TransformList final : public Transform
+{
+    enum DelimiterType { TextDelimiter, RegexDelimiter };
+
+public:
+    TransformList()
+        : Transform("List", "Perform list operations on a column to create a new column.",
+            "product median mean average even elements tidy trim descending ascending sort reorder order empty remove "
+            "last first count duplicates dedupe reverse lists")
+    {
+    }
+
+private:
+    OptionTable options() const override
+    {
+        return {
+            Option::flag("Auto_New_Name", "automatic new column name", true)
+                .tip("Uncheck to manually set the new column name."),
+            Option::text("New_Name", "New column name")
+                .activeWhenFlag("Auto_New_Name", false)
+                .tip("The name for the new column."),
+            Option::column("Column", "Column").tip("Select the column to perform a list operation on."),
+            Option::selection("Delimiter_Type", "Using", {"Text delimiter", "Regex delimiter"})
+                .tip("Choose whether to delimit list elements using a text or regex delimiter."),
+            Option::text("Delimiter", "Delimiter")
+                .tip("Choose the list delimiter.\nThis will often be a single character of text, such as a Comma or "
+                     "Space."),
+            Option::selection("Operation", "Operation", ListOperations::names(), ListOperations::Count)
+                .tip("The list operation to perform.\nClick the ? button for details."),
+            Option::text("Output_Delimiter", "Output delimiter", ",")
+                .activeWhen("Delimiter_Type", {"Regex delimiter"})
+                .activeWhen(
+                    [](const OptionValues &values) { return ListOperations::givesList(values.choice("Operation")); })
+                .tip(
+                    "Choose the delimiter for the output list.\nThis will often be a single character of text, such as "
+                    "a Comma or Space."),
+        };
+    }
+
+    Dataset compute(const OptionValues &values, const Inputs &inputs) override
+    {
+        Dataset result = *inputs.first();
+        const ColumnIndex source = values.column("Column");
+        QString name = values.flag("Auto_New_Name") ? QString() : values.text("New_Name");
+        if (!source.isValid()) {
+            result.appendEmptyColumn();
+            setResultText(Messages::noChanges());
+        } else {
+            if (values.flag("Auto_New_Name")) {
+                name = QStringLiteral("%1(%2)").arg(values.choiceText("Operation"), result.columnName(source));
+            }
+            result.appendColumn(outcomes(values, result.column(source)));
+            setResultText(Messages::colsAdded(1));
+        }
+        if (!name.isEmpty()) {
+            result.setHeaderValue(result.lastColumn(), name);
+        }
+        return result;
+    }
+
+    CellColumn outcomes(const OptionValues &values, const CellColumn &cells)
+    {
+        const bool regex = values.choice("Delimiter_Type") == RegexDelimiter;
+        const QString delimiter = values.text("Delimiter");
+        const QRegularExpression expression(regex ? delimiter : QString());
+        const QString joiner = values.text(regex ? "Output_Delimiter" : "Delimiter");
+        const int operation = values.choice("Operation");
+        const bool givesList = ListOperations::givesList(operation);
+        const int rowCount = cells.size();
+        NewColumn column(rowCount);
+        for (int row = 0; row < rowCount; ++row) {
+            reportRow(row, rowCount);
+            const QStringList items = split(cells.at(row).text(), delimiter, regex ? &expression : nullptr);
+            column.append(givesList ? ListOperations::list(operation, items).join(joiner)
+                                    : ListOperations::value(operation, items));
+        }
+        return column.take();
+    }
+
+    /// One item when there is nothing to split at.
+    static QStringList split(const QString &text, const QString &delimiter, const QRegularExpression *expression)
+    {
+        if (delimiter.isEmpty() || (expression && !expression->isValid())) {
+            return {text};
+        }
+        return expression ? text.split(*expression) : text.split(delimiter);
+    }
+};
+
+TRANSFORM_FACTORY(TransformList)
