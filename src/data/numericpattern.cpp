@@ -84,37 +84,74 @@ bool NumericPattern::addDatePart(QChar letter, int count, const QByteArray &lite
     return true;
 }
 
-bool NumericPattern::hasWholeDate() const
+bool NumericPattern::addTimePart(QChar letter, int count, const QByteArray &literal)
 {
-    int counts[Second + 1] = {};
-    for (const Step &step : m_steps) {
-        ++counts[step.part];
+    const QChar lower = letter.toLower();
+    const bool isHour = lower == QLatin1Char('h');
+    if (count > 2 || (!isHour && letter != QLatin1Char('m') && letter != QLatin1Char('s'))) {
+        return false;
     }
-    return m_steps.size() == 3 && counts[Day] == 1 && counts[Month] == 1 && counts[Year] + counts[TwoDigitYear] == 1;
+    const Part part = isHour ? Hour : letter == QLatin1Char('m') ? Minute : Second;
+    m_steps.push_back({part, count == 2 ? 2 : 0, 0, isHour ? 23 : 59, literal});
+    return true;
 }
 
-NumericPattern NumericPattern::forDate(const QString &format)
+int NumericPattern::partCount(Part part) const
 {
-    NumericPattern pattern;
+    return static_cast<int>(
+        std::count_if(m_steps.cbegin(), m_steps.cend(), [part](const Step &step) { return step.part == part; }));
+}
+
+bool NumericPattern::hasWholeDate() const
+{
+    return partCount(Day) == 1 && partCount(Month) == 1 && partCount(Year) + partCount(TwoDigitYear) == 1;
+}
+
+bool NumericPattern::hasTime() const
+{
+    return partCount(Hour) == 1 && partCount(Minute) <= 1 && partCount(Second) <= 1;
+}
+
+/// Takes a format apart; false when there is something in it that is neither a part nor a fixed character.
+bool NumericPattern::compile(const QString &format)
+{
+    static const QString quotedT = QStringLiteral("'T'"); // as in 2024-02-29T10:30
     QByteArray literal;
     for (int i = 0; i < format.size();) {
         const QChar c = format.at(i);
         int next = i + 1;
         if (isFixedCharacter(c)) {
             TextCoding::appendEncoded(literal, &c, 1);
+        } else if (format.midRef(i, quotedT.size()) == quotedT) {
+            literal += 'T';
+            next = i + quotedT.size();
         } else {
             while (next < format.size() && format.at(next) == c) {
                 ++next;
             }
-            if (!pattern.addDatePart(c, next - i, literal)) {
-                return NumericPattern();
+            if (!addDatePart(c, next - i, literal) && !addTimePart(c, next - i, literal)) {
+                return false;
             }
             literal.clear();
         }
         i = next;
     }
-    pattern.m_tail = literal;
-    return pattern.hasWholeDate() ? pattern : NumericPattern();
+    m_tail = literal;
+    return true;
+}
+
+NumericPattern NumericPattern::forDate(const QString &format)
+{
+    NumericPattern pattern;
+    const bool isDate = pattern.compile(format) && pattern.hasWholeDate() && pattern.m_steps.size() == 3;
+    return isDate ? pattern : NumericPattern();
+}
+
+NumericPattern NumericPattern::forDateTime(const QString &format)
+{
+    NumericPattern pattern;
+    const bool isDateTime = pattern.compile(format) && pattern.hasWholeDate() && pattern.hasTime();
+    return isDateTime ? pattern : NumericPattern();
 }
 
 NumericPattern NumericPattern::forTime(bool withSeconds)

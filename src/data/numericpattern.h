@@ -32,6 +32,8 @@ public:
     NumericPattern() = default;
     /// A date format; unusable unless it holds day, month and year once each and no names, quotes or other letters.
     static NumericPattern forDate(const QString &format);
+    /// A format of a date and, in front of it or behind it, hours and more of a time of 24 hours; unusable otherwise.
+    static NumericPattern forDateTime(const QString &format);
     /// Hours and minutes, and seconds when asked for, separated by colons.
     static NumericPattern forTime(bool withSeconds);
 
@@ -44,7 +46,11 @@ public:
 
 private:
     bool addDatePart(QChar letter, int count, const QByteArray &literal);
+    bool addTimePart(QChar letter, int count, const QByteArray &literal);
+    int partCount(Part part) const;
     bool hasWholeDate() const;
+    bool hasTime() const;
+    bool compile(const QString &format);
 
     std::vector<Step> m_steps;
     QByteArray m_tail;

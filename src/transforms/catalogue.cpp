@@ -29,6 +29,7 @@ Transform *makeTransformJoin();
 Transform *makeTransformList();
 Transform *makeTransformLookup();
 Transform *makeTransformNewCol();
+Transform *makeTransformNumBase();
 Transform *makeTransformNumberFormat();
 Transform *makeTransformPad();
 Transform *makeTransformPivot();
@@ -52,6 +53,7 @@ Transform *makeTransformStamp();
 Transform *makeTransformSubtract();
 Transform *makeTransformTranspose();
 Transform *makeTransformUnique();
+Transform *makeTransformUnits();
 Transform *makeTransformWhitespace();
 
 namespace Catalogue {
@@ -97,7 +99,7 @@ const std::vector<CatalogueRow> &rows()
         {33, "New_Col", "New Col", Transform::Column, 1, 1, false, false, false, makeTransformNewCol},
         {34, "New_Rows", "New Rows", Transform::Row, 1, 1, true, false, false, nullptr},
         {35, "Ngram", "Ngram", Transform::Analysis, 1, 1, true, false, true, nullptr},
-        {36, "Num_Base", "Num Base", Transform::Format, 1, 1, true, true, false, nullptr},
+        {36, "Num_Base", "Num Base", Transform::Format, 1, 1, true, true, false, makeTransformNumBase},
         {37, "Num_Format", "Num Format", Transform::Format, 1, 1, false, true, false, makeTransformNumberFormat},
         {38, "Offset", "Offset", Transform::Column, 1, 1, true, true, false, nullptr},
         {39, "Outliers", "Outliers", Transform::Other, 1, 1, true, true, false, nullptr},
@@ -131,7 +133,7 @@ const std::vector<CatalogueRow> &rows()
         {69, "Transpose", "Transpose", Transform::Other, 1, 1, false, false, false, makeTransformTranspose},
         {71, "Unfill", "Unfill", Transform::Format, 1, 1, true, true, false, nullptr},
         {72, "Unique", "Unique", Transform::Row, 1, 1, true, false, true, makeTransformUnique},
-        {73, "Units", "Units", Transform::Other, 1, 1, true, true, false, nullptr},
+        {73, "Units", "Units", Transform::Other, 1, 1, true, true, false, makeTransformUnits},
         {74, "UUID", "UUID", Transform::Other, 1, 1, true, false, false, nullptr},
         {75, "Verify", "Verify", Transform::Other, 1, 1, true, false, false, nullptr},
         {76, "Whitespace", "Whitespace", Transform::Format, 1, 1, false, true, false, makeTransformWhitespace},

@@ -181,6 +181,12 @@ Option &Option::suffix(const QString &text)
     return *this;
 }
 
+Option &Option::leastText(const QString &text)
+{
+    m_parameter.setMinText(text);
+    return *this;
+}
+
 Option &Option::firstChoiceIsUnset()
 {
     m_parameter.setFirstChoiceIsUnset(true);

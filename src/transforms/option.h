@@ -58,6 +58,8 @@ public:
     Option &limits(int least, int most);
     Option &limits(double least, double most);
     Option &suffix(const QString &text);
+    /// What an integer's lower limit is shown as.
+    Option &leastText(const QString &text);
     Option &firstChoiceIsUnset();
     Option &hideSortOrder();
     /// Draws attention while checked.

@@ -100,6 +100,8 @@ public:
     /// Two column options change places: each takes the other's item and columns.
     void swapInput(Parameter &other);
     void setMinInt(int value) { m_minInt = value; }
+    /// What the lower bound of an Int is shown as; empty for the number itself.
+    void setMinText(const QString &text) { m_minText = text; }
     void setMaxInt(int value) { m_maxInt = value; }
     void setMinReal(double value) { m_minReal = value; }
     void setMaxReal(double value) { m_maxReal = value; }
@@ -114,6 +116,7 @@ public:
     void setNonZeroRequired(bool on) { m_nonZeroRequired = on; }
     void setHasUserDefault(bool on) { m_hasUserDefault = on; }
     int minInt() const { return m_minInt; }
+    const QString &minText() const { return m_minText; }
     int maxInt() const { return m_maxInt; }
     double minReal() const { return m_minReal; }
     double maxReal() const { return m_maxReal; }
@@ -183,6 +186,7 @@ private:
     int m_maxInt = 999999999;
     double m_minReal = 0.0;
     double m_maxReal = 100.0;
+    QString m_minText;
     QString m_suffix;
     DataSource *m_node = nullptr;
     QHash<ColumnId, QString> m_columnNames;

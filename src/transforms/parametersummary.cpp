@@ -81,7 +81,7 @@ QString Parameter::summary() const
     case Bool:
         return toBool() ? QStringLiteral("Yes") : QStringLiteral("No");
     case Int:
-        return formatInteger(toInt(), true);
+        return toInt() == m_minInt && !m_minText.isEmpty() ? m_minText : formatInteger(toInt(), true);
     case Char:
         return characterSummary(toChar());
     case If:

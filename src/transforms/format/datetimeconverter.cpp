@@ -1,0 +1,102 @@
+#include "transforms/format/datetimeconverter.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int mostRemembered = 20000;
+constexpr int longestRemembered = 100;
+
+bool hasTimeLetters(const QString &format)
+{
+    return std::any_of(format.cbegin(), format.cend(), [](QChar c) { return QStringLiteral("hHmszaAt").contains(c); });
+}
+
+} // namespace
+
+DateTimeConverter::DateTimeConverter(
+    const QString &inputFormat, const QLocale &input, const QString &outputFormat, const QLocale &output)
+    : m_inputFormat(inputFormat)
+    , m_input(input)
+    , m_pattern(NumericPattern::forDate(inputFormat))
+    , m_readsTime(!m_pattern.isUsable())
+    , m_outputFormat(outputFormat)
+    , m_output(output)
+    , m_writesTime(hasTimeLetters(outputFormat))
+    , m_dateWriter(outputFormat, output)
+{
+    if (m_readsTime) {
+        m_pattern = NumericPattern::forDateTime(inputFormat);
+    }
+    if (input.zeroDigit() != QLatin1Char('0')) {
+        m_pattern = NumericPattern();
+    }
+}
+
+NumericPattern::Outcome DateTimeConverter::readPlainly(const Cell &cell, QDate *date, QTime *time) const
+{
+    NumericPattern::Numbers numbers;
+    const NumericPattern::Outcome outcome = m_pattern.match(cell.bytes(), cell.size(), &numbers);
+    if (outcome == NumericPattern::Match) {
+        const int year = numbers[NumericPattern::Year];
+        *date = QDate(year ? year : 1900 + numbers[NumericPattern::TwoDigitYear], numbers[NumericPattern::Month],
+            numbers[NumericPattern::Day]);
+        *time = QTime(numbers[NumericPattern::Hour], numbers[NumericPattern::Minute], numbers[NumericPattern::Second]);
+    }
+    return outcome;
+}
+
+bool DateTimeConverter::write(const QDate &date, const QTime &time, TextBuffer &out) const
+{
+    if (!date.isValid()) {
+        return false;
+    }
+    if (!m_readsTime && !m_writesTime) {
+        m_dateWriter.write(date, out);
+        return true;
+    }
+    const QDateTime dateTime(date, time);
+    if (!dateTime.isValid()) {
+        return false; // in the hour that a change to summer time leaves out
+    }
+    if (m_writesTime) {
+        setText(out, m_output.toString(dateTime, m_outputFormat));
+    } else {
+        m_dateWriter.write(date, out);
+    }
+    return true;
+}
+
+bool DateTimeConverter::convert(const Cell &cell, TextBuffer &out)
+{
+    QDate date;
+    QTime time;
+    switch (readPlainly(cell, &date, &time)) {
+    case NumericPattern::Match:
+        return write(date, time, out);
+    case NumericPattern::NoMatch:
+        return false;
+    default:
+        return convertSlowly(cell, out);
+    }
+}
+
+bool DateTimeConverter::convertSlowly(const Cell &cell, TextBuffer &out)
+{
+    auto known = m_memory.constFind(QByteArray::fromRawData(cell.bytes(), cell.size()));
+    if (known == m_memory.constEnd()) {
+        const QDateTime dateTime = m_input.toDateTime(cell.text(), m_inputFormat);
+        const Known result{
+            dateTime.isValid(), dateTime.isValid() ? m_output.toString(dateTime, m_outputFormat) : QString()};
+        if (cell.size() > longestRemembered) {
+            setText(out, result.text);
+            return result.isRead;
+        }
+        if (m_memory.size() >= mostRemembered) {
+            m_memory.clear();
+        }
+        known = m_memory.insert(QByteArray(cell.bytes(), cell.size()), result);
+    }
+    setText(out, known->text);
+    return known->isRead;
+}
