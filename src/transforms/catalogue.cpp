@@ -6,6 +6,7 @@
 
 // Each class's source defines its own maker (TRANSFORM_FACTORY).
 Transform *makeTransformBin();
+Transform *makeTransformCalculate();
 Transform *makeTransformCase();
 Transform *makeTransformChop();
 Transform *makeTransformClone();
@@ -64,7 +65,7 @@ const std::vector<CatalogueRow> &rows()
     // id, stored name, button, category, inputs at least and at most, advanced, can compare, drill-down, maker
     static const std::vector<CatalogueRow> table{
         {0, "Bin", "Bin", Transform::Analysis, 1, 1, true, false, true, makeTransformBin},
-        {1, "Calculate", "Calculate", Transform::Column, 1, 1, false, false, false, nullptr},
+        {1, "Calculate", "Calculate", Transform::Column, 1, 1, false, false, false, makeTransformCalculate},
         {2, "Case", "Case", Transform::Format, 1, 1, false, true, false, makeTransformCase},
         {3, "Chop", "Chop", Transform::Format, 1, 1, false, true, false, makeTransformChop},
         {4, "Clone", "Clone", Transform::Other, 1, 1, true, false, false, makeTransformClone},
