@@ -58,6 +58,17 @@ VariableTemplate::VariableTemplate(const QHash<QString, ColumnIndex> &variables,
     split();
 }
 
+VariableTemplate VariableTemplate::inOrder(const QVector<QPair<QString, ColumnIndex>> &tokens, const QString &text)
+{
+    VariableTemplate result;
+    result.m_text = text;
+    for (const auto &token : tokens) {
+        result.m_variables.append({token.first, token.second, token.first.size()});
+    }
+    result.split();
+    return result;
+}
+
 void VariableTemplate::split()
 {
     // Replaces the variables in turn, as replaceInTurn() does, but in the text between those that were found before.

@@ -18,6 +18,9 @@ public:
     VariableTemplate(const Dataset &dataset, const QString &text);
     VariableTemplate(const QHash<QString, ColumnIndex> &variables, int columnCount, const QString &text);
 
+    /// A text in which `tokens`, such as "$(1)", are replaced by the values of their columns in the given order.
+    static VariableTemplate inOrder(const QVector<QPair<QString, ColumnIndex>> &tokens, const QString &text);
+
     /// True when every row gives the same text.
     bool isConstant() const { return m_pieces.isEmpty(); }
     QString text(const Dataset &dataset, RowIndex row) const;
@@ -42,11 +45,12 @@ private:
         QByteArray literal; ///< in front of the value
         ColumnIndex column;
     };
+    VariableTemplate() = default;
     void split();
     bool writeDirectly(const Dataset &dataset, RowIndex row, TextBuffer &out) const;
     QString replaceInTurn(const Dataset &dataset, RowIndex row) const;
 
-    QVector<Variable> m_variables; ///< longest first
+    QVector<Variable> m_variables; ///< in the order of their replacement
     QString m_text;
     QVector<Piece> m_pieces;
     QByteArray m_tail;

@@ -17,11 +17,13 @@ Transform *makeTransformCopy();
 Transform *makeTransformCount();
 Transform *makeTransformCross();
 Transform *makeTransformDateFormat();
+Transform *makeTransformDecode();
 Transform *makeTransformDedupe();
 Transform *makeTransformDiff();
 Transform *makeTransformExtract();
 Transform *makeTransformFilter();
 Transform *makeTransformGather();
+Transform *makeTransformHash();
 Transform *makeTransformHeader();
 Transform *makeTransformIf();
 Transform *makeTransformInsert();
@@ -51,8 +53,10 @@ Transform *makeTransformSplitRows();
 Transform *makeTransformSpread();
 Transform *makeTransformStack();
 Transform *makeTransformStamp();
+Transform *makeTransformSubstitute();
 Transform *makeTransformSubtract();
 Transform *makeTransformTranspose();
+Transform *makeTransformUUID();
 Transform *makeTransformUnique();
 Transform *makeTransformUnits();
 Transform *makeTransformWhitespace();
@@ -78,14 +82,14 @@ const std::vector<CatalogueRow> &rows()
         {11, "Count", "Count", Transform::Analysis, 1, 1, false, false, true, makeTransformCount},
         {12, "Cross", "Cross", Transform::Merge, 2, unlimited, true, false, false, makeTransformCross},
         {13, "Date_Format", "DateTime Format", Transform::Format, 1, 1, false, true, false, makeTransformDateFormat},
-        {14, "Decode", "Decode", Transform::Format, 1, 1, true, true, false, nullptr},
+        {14, "Decode", "Decode", Transform::Format, 1, 1, true, true, false, makeTransformDecode},
         {15, "Dedupe", "Dedupe", Transform::Row, 1, 1, false, false, true, makeTransformDedupe},
         {16, "Difference", "Difference", Transform::Analysis, 2, 2, true, false, false, makeTransformDiff},
         {17, "Extract", "Extract", Transform::Format, 1, 1, false, true, false, makeTransformExtract},
         {18, "Fill", "Fill", Transform::Format, 1, 1, false, true, false, nullptr},
         {19, "Filter", "Filter", Transform::Row, 1, 1, false, false, false, makeTransformFilter},
         {20, "Gather", "Gather", Transform::Column, 1, 1, true, false, false, makeTransformGather},
-        {21, "Hash", "Hash", Transform::Other, 1, 1, true, true, false, nullptr},
+        {21, "Hash", "Hash", Transform::Other, 1, 1, true, true, false, makeTransformHash},
         {22, "Header", "Header", Transform::Row, 1, 1, true, false, false, makeTransformHeader},
         {23, "If", "If", Transform::Column, 1, 1, true, false, false, makeTransformIf},
         {24, "Impute", "Impute", Transform::Other, 1, 1, true, true, false, nullptr},
@@ -127,7 +131,7 @@ const std::vector<CatalogueRow> &rows()
         {62, "Stack", "Stack", Transform::Merge, 1, unlimited, false, false, false, makeTransformStack},
         {63, "Stamp", "Stamp", Transform::Other, 1, 1, true, false, false, makeTransformStamp},
         {64, "Stats", "Stats", Transform::Analysis, 1, 1, true, false, false, nullptr},
-        {65, "Substitute", "Substitute", Transform::Other, 1, 1, true, false, false, nullptr},
+        {65, "Substitute", "Substitute", Transform::Other, 1, 1, true, false, false, makeTransformSubstitute},
         {66, "Subtract", "Subtract", Transform::Merge, 2, 2, true, false, false, makeTransformSubtract},
         {67, "Summary", "Summary", Transform::Analysis, 1, 1, false, false, false, nullptr},
         {68, "Total", "Total", Transform::Analysis, 1, 1, true, false, false, nullptr},
@@ -135,7 +139,7 @@ const std::vector<CatalogueRow> &rows()
         {71, "Unfill", "Unfill", Transform::Format, 1, 1, true, true, false, nullptr},
         {72, "Unique", "Unique", Transform::Row, 1, 1, true, false, true, makeTransformUnique},
         {73, "Units", "Units", Transform::Other, 1, 1, true, true, false, makeTransformUnits},
-        {74, "UUID", "UUID", Transform::Other, 1, 1, true, false, false, nullptr},
+        {74, "UUID", "UUID", Transform::Other, 1, 1, true, false, false, makeTransformUUID},
         {75, "Verify", "Verify", Transform::Other, 1, 1, true, false, false, nullptr},
         {76, "Whitespace", "Whitespace", Transform::Format, 1, 1, false, true, false, makeTransformWhitespace},
     };
