@@ -27,6 +27,7 @@ Transform *makeTransformHash();
 Transform *makeTransformHeader();
 Transform *makeTransformIf();
 Transform *makeTransformInsert();
+Transform *makeTransformInterpolate();
 Transform *makeTransformIntersect();
 Transform *makeTransformJoin();
 Transform *makeTransformList();
@@ -45,6 +46,7 @@ Transform *makeTransformReplaceMulti();
 Transform *makeTransformReshape();
 Transform *makeTransformRowNum();
 Transform *makeTransformSample();
+Transform *makeTransformScale();
 Transform *makeTransformSlice();
 Transform *makeTransformSort();
 Transform *makeTransformSplit();
@@ -56,9 +58,9 @@ Transform *makeTransformStamp();
 Transform *makeTransformSubstitute();
 Transform *makeTransformSubtract();
 Transform *makeTransformTranspose();
-Transform *makeTransformUUID();
 Transform *makeTransformUnique();
 Transform *makeTransformUnits();
+Transform *makeTransformUUID();
 Transform *makeTransformWhitespace();
 
 namespace Catalogue {
@@ -95,7 +97,7 @@ const std::vector<CatalogueRow> &rows()
         {24, "Impute", "Impute", Transform::Other, 1, 1, true, true, false, nullptr},
         {25, "Insert", "Insert", Transform::Format, 1, 1, false, true, false, makeTransformInsert},
         {26, "Intersect", "Intersect", Transform::Merge, 2, 2, true, false, false, makeTransformIntersect},
-        {27, "Interpolate", "Interpolate", Transform::Merge, 2, 2, true, false, false, nullptr},
+        {27, "Interpolate", "Interpolate", Transform::Merge, 2, 2, true, false, false, makeTransformInterpolate},
         {28, "Javascript", "Javascript", Transform::Other, 1, 1, true, false, false, nullptr},
         {29, "Join", "Join", Transform::Merge, 2, 2, false, false, false, makeTransformJoin},
         {30, "List", "List", Transform::Format, 1, 1, false, false, false, makeTransformList},
@@ -119,7 +121,7 @@ const std::vector<CatalogueRow> &rows()
         {50, "Reshape", "Reshape", Transform::Column, 1, 1, true, false, false, makeTransformReshape},
         {51, "Row_Num", "Row Num", Transform::Row, 1, 1, false, false, false, makeTransformRowNum},
         {52, "Sample", "Sample", Transform::Row, 1, 1, false, false, false, makeTransformSample},
-        {53, "Scale", "Scale", Transform::Format, 1, 1, true, true, false, nullptr},
+        {53, "Scale", "Scale", Transform::Format, 1, 1, true, true, false, makeTransformScale},
         {54, "Sequence", "Sequence", Transform::Row, 1, 1, true, false, false, nullptr},
         {55, "Slice", "Slice", Transform::Row, 1, 1, true, false, false, makeTransformSlice},
         {56, "Slide", "Slide", Transform::Format, 1, 1, true, true, false, nullptr},
