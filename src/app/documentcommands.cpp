@@ -137,11 +137,20 @@ bool DocumentCommands::takeFile(const QString &path)
     return answer == QMessageBox::Ok;
 }
 
+void DocumentCommands::holdAgain()
+{
+    m_session.releaseHold();
+    if (!m_session.path().isEmpty()) {
+        m_session.hold(m_session.path());
+    }
+}
+
 bool DocumentCommands::openDocument(const QString &givenPath)
 {
     const QString path = m_application.applicationDir().absoluteFilePath(givenPath);
     emit statusMessage(QStringLiteral("Loading %1").arg(QDir::toNativeSeparators(path)));
     if (!takeFile(path)) {
+        holdAgain();
         return false;
     }
     LoadedDocument loaded;
@@ -152,7 +161,7 @@ bool DocumentCommands::openDocument(const QString &givenPath)
         isLoaded = m_session.load(path, loaded, error);
     }
     if (!isLoaded) {
-        m_session.releaseHold();
+        holdAgain();
         critical(QStringLiteral("Unable to open '%1': %2").arg(QDir::toNativeSeparators(path), error));
         return false;
     }

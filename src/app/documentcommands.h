@@ -51,6 +51,8 @@ signals:
 
 private:
     bool takeFile(const QString &path);
+    /// Goes back to holding the file of the document that stays open.
+    void holdAgain();
     bool confirmReplacing(const QString &path);
     bool saveToPath(const QString &path);
     void setCurrentPath(const QString &path);

@@ -180,6 +180,8 @@ TEST_F(MainWindowTest, WhatCantBeOpenedLeavesThePresentDocument)
         answers.texts().first().startsWith(QStringLiteral("Unable to open '%1': ").arg(path("broken.transform"))));
     EXPECT_EQ(answers.texts().last(), QStringLiteral("'%1' not found.").arg(path("gone.transform")));
     EXPECT_EQ(m_window->scene().nodes().size(), 2);
+    EXPECT_FALSE(platform::FileHold().acquire(path("flow.transform"))) << "and its file stays held";
+    EXPECT_TRUE(platform::FileHold().acquire(path("broken.transform")));
 }
 
 struct MessageCase
