@@ -37,9 +37,21 @@ void DatasetIssues::addCellIssue(RowIndex row, ColumnIndex column, int level, in
     ++raised(column, level).columnRules[ruleId];
 }
 
-void DatasetIssues::addColumnIssue(ColumnIndex column, int level, int ruleId)
+void DatasetIssues::addCellIssues(const QVector<int> &rows, ColumnIndex column, int level, int ruleId)
 {
-    ++raised(column, level).columnRules[ruleId];
+    if (rows.isEmpty()) {
+        return;
+    }
+    for (int row : rows) {
+        m_fails.append({row, column.toInt(), static_cast<qint16>(level), static_cast<qint16>(ruleId)});
+    }
+    m_sorted = false;
+    raised(column, level).columnRules[ruleId] += rows.size();
+}
+
+void DatasetIssues::addColumnIssue(ColumnIndex column, int level, int ruleId, int count)
+{
+    raised(column, level).columnRules[ruleId] += count;
 }
 
 void DatasetIssues::addDatasetColumnIssue(ColumnIndex column, int level, int ruleId)

@@ -17,8 +17,10 @@ public:
 
     /// A rule of the column fails in a cell: counts for the cell, its row and its column.
     void addCellIssue(RowIndex row, ColumnIndex column, int level, int ruleId);
-    /// A rule of the column fails for the column as a whole.
-    void addColumnIssue(ColumnIndex column, int level, int ruleId);
+    /// The same for many cells of the column, of each row at most one.
+    void addCellIssues(const QVector<int> &rows, ColumnIndex column, int level, int ruleId);
+    /// A rule of the column fails for the column as a whole, for `count` reasons.
+    void addColumnIssue(ColumnIndex column, int level, int ruleId, int count = 1);
     /// A rule of the table fails because of a column.
     void addDatasetColumnIssue(ColumnIndex column, int level, int ruleId);
     /// A rule of the table fails because of a row.

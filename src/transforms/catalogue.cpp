@@ -61,6 +61,7 @@ Transform *makeTransformTranspose();
 Transform *makeTransformUnique();
 Transform *makeTransformUnits();
 Transform *makeTransformUUID();
+Transform *makeTransformVerify();
 Transform *makeTransformWhitespace();
 
 namespace Catalogue {
@@ -142,7 +143,7 @@ const std::vector<CatalogueRow> &rows()
         {72, "Unique", "Unique", Transform::Row, 1, 1, true, false, true, makeTransformUnique},
         {73, "Units", "Units", Transform::Other, 1, 1, true, true, false, makeTransformUnits},
         {74, "UUID", "UUID", Transform::Other, 1, 1, true, false, false, makeTransformUUID},
-        {75, "Verify", "Verify", Transform::Other, 1, 1, true, false, false, nullptr},
+        {75, "Verify", "Verify", Transform::Other, 1, 1, true, false, false, makeTransformVerify},
         {76, "Whitespace", "Whitespace", Transform::Format, 1, 1, false, true, false, makeTransformWhitespace},
     };
     return table;

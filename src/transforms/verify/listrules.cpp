@@ -2,8 +2,6 @@
 #include "transforms/verify/ruletable.h"
 #include "transforms/verify/textset.h"
 
-#include <algorithm>
-
 namespace {
 
 RuleCheckPointer listedCheck(const QStringList &entries, bool mustBeListed, const RuleContext &context)
@@ -15,6 +13,13 @@ RuleCheckPointer listedCheck(const QStringList &entries, bool mustBeListed, cons
     return cellCheck([list, mustBeListed](CellText &text) { return list.contains(text) != mustBeListed; });
 }
 
+QByteArray storedForm(const QString &text)
+{
+    QByteArray bytes;
+    TextCoding::appendEncoded(bytes, text.constData(), text.size());
+    return bytes;
+}
+
 /// Takes off its list what it sees.
 class RequiredTexts final : public RuleCheck
 {
@@ -23,9 +28,7 @@ public:
         : m_entries(entries)
     {
         for (const QString &entry : entries) {
-            QByteArray bytes;
-            TextCoding::appendEncoded(bytes, entry.constData(), entry.size());
-            m_missing.insert(bytes);
+            m_missing.insert(storedForm(entry));
         }
     }
 
@@ -44,9 +47,7 @@ public:
         }
         QStringList missing;
         for (const QString &entry : m_entries) {
-            QByteArray bytes;
-            TextCoding::appendEncoded(bytes, entry.constData(), entry.size());
-            if (m_missing.contains(bytes)) {
+            if (m_missing.contains(storedForm(entry))) {
                 missing.append(entry);
             }
         }
