@@ -46,8 +46,8 @@ bool HtmlText::plainTextQuickly(const QString &html, QString &text)
     QChar before(' ');
     for (int i = 0; i < html.size(); ++i) {
         const QChar c = html.at(i);
-        if (c.unicode() < ' ' || c.unicode() > 0x7E || c == QLatin1Char('<')
-            || (c == QLatin1Char(' ') && before == QLatin1Char(' '))) {
+        const bool isPlain = c.unicode() > 0x7E ? c.isLetterOrNumber() : c.unicode() >= ' ' && c != QLatin1Char('<');
+        if (!isPlain || (c == QLatin1Char(' ') && before == QLatin1Char(' '))) {
             return false;
         }
         before = c;

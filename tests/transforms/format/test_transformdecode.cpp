@@ -48,7 +48,7 @@ TEST(TransformDecode, ConvertsBothWays)
 TEST(HtmlText, IsQuickOnlyWhereItIsRight)
 {
     const QStringList pieces{"a", "B ", " ", "&", "&amp;", "&lt;", "&gt;", "&quot;", "&apos;", "<", ">", "<b>", "\t",
-        "é", "\"", "'", ";", "amp;", "#", "&nbsp;", "/"};
+        "é", "中", "\u00a0", "\u2003", "\"", "'", ";", "amp;", "#", "&nbsp;", "/"};
     QRandomGenerator random(5);
     int quick = 0;
     for (int i = 0; i < 20000; ++i) {
