@@ -29,6 +29,7 @@ Transform *makeTransformIf();
 Transform *makeTransformInsert();
 Transform *makeTransformInterpolate();
 Transform *makeTransformIntersect();
+Transform *makeTransformJavascript();
 Transform *makeTransformJoin();
 Transform *makeTransformList();
 Transform *makeTransformLookup();
@@ -99,7 +100,7 @@ const std::vector<CatalogueRow> &rows()
         {25, "Insert", "Insert", Transform::Format, 1, 1, false, true, false, makeTransformInsert},
         {26, "Intersect", "Intersect", Transform::Merge, 2, 2, true, false, false, makeTransformIntersect},
         {27, "Interpolate", "Interpolate", Transform::Merge, 2, 2, true, false, false, makeTransformInterpolate},
-        {28, "Javascript", "Javascript", Transform::Other, 1, 1, true, false, false, nullptr},
+        {28, "Javascript", "Javascript", Transform::Other, 1, 1, true, false, false, makeTransformJavascript},
         {29, "Join", "Join", Transform::Merge, 2, 2, false, false, false, makeTransformJoin},
         {30, "List", "List", Transform::Format, 1, 1, false, false, false, makeTransformList},
         {31, "Lookup", "Lookup", Transform::Merge, 2, 2, false, false, false, makeTransformLookup},
