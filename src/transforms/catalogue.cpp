@@ -26,6 +26,7 @@ Transform *makeTransformGather();
 Transform *makeTransformHash();
 Transform *makeTransformHeader();
 Transform *makeTransformIf();
+Transform *makeTransformImpute();
 Transform *makeTransformInsert();
 Transform *makeTransformInterpolate();
 Transform *makeTransformIntersect();
@@ -36,6 +37,7 @@ Transform *makeTransformLookup();
 Transform *makeTransformNewCol();
 Transform *makeTransformNumBase();
 Transform *makeTransformNumberFormat();
+Transform *makeTransformOutliers();
 Transform *makeTransformPad();
 Transform *makeTransformPivot();
 Transform *makeTransformPseudonym();
@@ -96,7 +98,7 @@ const std::vector<CatalogueRow> &rows()
         {21, "Hash", "Hash", Transform::Other, 1, 1, true, true, false, makeTransformHash},
         {22, "Header", "Header", Transform::Row, 1, 1, true, false, false, makeTransformHeader},
         {23, "If", "If", Transform::Column, 1, 1, true, false, false, makeTransformIf},
-        {24, "Impute", "Impute", Transform::Other, 1, 1, true, true, false, nullptr},
+        {24, "Impute", "Impute", Transform::Other, 1, 1, true, true, false, makeTransformImpute},
         {25, "Insert", "Insert", Transform::Format, 1, 1, false, true, false, makeTransformInsert},
         {26, "Intersect", "Intersect", Transform::Merge, 2, 2, true, false, false, makeTransformIntersect},
         {27, "Interpolate", "Interpolate", Transform::Merge, 2, 2, true, false, false, makeTransformInterpolate},
@@ -111,7 +113,7 @@ const std::vector<CatalogueRow> &rows()
         {36, "Num_Base", "Num Base", Transform::Format, 1, 1, true, true, false, makeTransformNumBase},
         {37, "Num_Format", "Num Format", Transform::Format, 1, 1, false, true, false, makeTransformNumberFormat},
         {38, "Offset", "Offset", Transform::Column, 1, 1, true, true, false, nullptr},
-        {39, "Outliers", "Outliers", Transform::Other, 1, 1, true, true, false, nullptr},
+        {39, "Outliers", "Outliers", Transform::Other, 1, 1, true, true, false, makeTransformOutliers},
         {40, "Pad", "Pad", Transform::Format, 1, 1, false, true, false, makeTransformPad},
         {41, "Pivot", "Pivot", Transform::Analysis, 1, 1, true, false, true, makeTransformPivot},
         {42, "Pseudonym", "Pseudonym", Transform::Column, 1, 1, true, false, false, makeTransformPseudonym},
