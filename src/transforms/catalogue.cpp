@@ -21,6 +21,7 @@ Transform *makeTransformDecode();
 Transform *makeTransformDedupe();
 Transform *makeTransformDiff();
 Transform *makeTransformExtract();
+Transform *makeTransformFillDown();
 Transform *makeTransformFilter();
 Transform *makeTransformGather();
 Transform *makeTransformHash();
@@ -37,6 +38,7 @@ Transform *makeTransformLookup();
 Transform *makeTransformNewCol();
 Transform *makeTransformNumBase();
 Transform *makeTransformNumberFormat();
+Transform *makeTransformOffset();
 Transform *makeTransformOutliers();
 Transform *makeTransformPad();
 Transform *makeTransformPivot();
@@ -51,6 +53,7 @@ Transform *makeTransformRowNum();
 Transform *makeTransformSample();
 Transform *makeTransformScale();
 Transform *makeTransformSlice();
+Transform *makeTransformSlide();
 Transform *makeTransformSort();
 Transform *makeTransformSplit();
 Transform *makeTransformSplitName();
@@ -61,6 +64,7 @@ Transform *makeTransformStamp();
 Transform *makeTransformSubstitute();
 Transform *makeTransformSubtract();
 Transform *makeTransformTranspose();
+Transform *makeTransformUnfill();
 Transform *makeTransformUnique();
 Transform *makeTransformUnits();
 Transform *makeTransformUUID();
@@ -92,7 +96,7 @@ const std::vector<CatalogueRow> &rows()
         {15, "Dedupe", "Dedupe", Transform::Row, 1, 1, false, false, true, makeTransformDedupe},
         {16, "Difference", "Difference", Transform::Analysis, 2, 2, true, false, false, makeTransformDiff},
         {17, "Extract", "Extract", Transform::Format, 1, 1, false, true, false, makeTransformExtract},
-        {18, "Fill", "Fill", Transform::Format, 1, 1, false, true, false, nullptr},
+        {18, "Fill", "Fill", Transform::Format, 1, 1, false, true, false, makeTransformFillDown},
         {19, "Filter", "Filter", Transform::Row, 1, 1, false, false, false, makeTransformFilter},
         {20, "Gather", "Gather", Transform::Column, 1, 1, true, false, false, makeTransformGather},
         {21, "Hash", "Hash", Transform::Other, 1, 1, true, true, false, makeTransformHash},
@@ -112,7 +116,7 @@ const std::vector<CatalogueRow> &rows()
         {35, "Ngram", "Ngram", Transform::Analysis, 1, 1, true, false, true, nullptr},
         {36, "Num_Base", "Num Base", Transform::Format, 1, 1, true, true, false, makeTransformNumBase},
         {37, "Num_Format", "Num Format", Transform::Format, 1, 1, false, true, false, makeTransformNumberFormat},
-        {38, "Offset", "Offset", Transform::Column, 1, 1, true, true, false, nullptr},
+        {38, "Offset", "Offset", Transform::Column, 1, 1, true, true, false, makeTransformOffset},
         {39, "Outliers", "Outliers", Transform::Other, 1, 1, true, true, false, makeTransformOutliers},
         {40, "Pad", "Pad", Transform::Format, 1, 1, false, true, false, makeTransformPad},
         {41, "Pivot", "Pivot", Transform::Analysis, 1, 1, true, false, true, makeTransformPivot},
@@ -128,7 +132,7 @@ const std::vector<CatalogueRow> &rows()
         {53, "Scale", "Scale", Transform::Format, 1, 1, true, true, false, makeTransformScale},
         {54, "Sequence", "Sequence", Transform::Row, 1, 1, true, false, false, nullptr},
         {55, "Slice", "Slice", Transform::Row, 1, 1, true, false, false, makeTransformSlice},
-        {56, "Slide", "Slide", Transform::Format, 1, 1, true, true, false, nullptr},
+        {56, "Slide", "Slide", Transform::Format, 1, 1, true, true, false, makeTransformSlide},
         {57, "Sort", "Sort", Transform::Row, 1, 1, false, false, false, makeTransformSort},
         {58, "Split", "Split Col", Transform::Column, 1, 1, false, false, false, makeTransformSplit},
         {59, "Split_Name", "Split Name", Transform::Column, 1, 1, true, false, false, makeTransformSplitName},
@@ -142,7 +146,7 @@ const std::vector<CatalogueRow> &rows()
         {67, "Summary", "Summary", Transform::Analysis, 1, 1, false, false, false, nullptr},
         {68, "Total", "Total", Transform::Analysis, 1, 1, true, false, false, nullptr},
         {69, "Transpose", "Transpose", Transform::Other, 1, 1, false, false, false, makeTransformTranspose},
-        {71, "Unfill", "Unfill", Transform::Format, 1, 1, true, true, false, nullptr},
+        {71, "Unfill", "Unfill", Transform::Format, 1, 1, true, true, false, makeTransformUnfill},
         {72, "Unique", "Unique", Transform::Row, 1, 1, true, false, true, makeTransformUnique},
         {73, "Units", "Units", Transform::Other, 1, 1, true, true, false, makeTransformUnits},
         {74, "UUID", "UUID", Transform::Other, 1, 1, true, false, false, makeTransformUUID},

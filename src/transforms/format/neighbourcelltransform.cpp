@@ -1,0 +1,39 @@
+#include "transforms/format/neighbourcelltransform.h"
+
+#include "transforms/messages.h"
+#include "transforms/optionvalues.h"
+
+#include <algorithm>
+
+Dataset NeighbourCellTransform::compute(const OptionValues &values, const Inputs &inputs)
+{
+    Dataset result = *inputs.first();
+    const int direction = values.choice("Direction");
+    QVector<ColumnIndex> columns = values.columns("Columns");
+    if (walksBack(direction)) {
+        std::reverse(columns.begin(), columns.end());
+    }
+    Neighbours neighbours;
+    neighbours.step = direction == Down || direction == Right ? 1 : -1;
+    neighbours.keys = keyCells(values, *inputs.first());
+    qint64 changed = 0;
+    for (int i = 0; i < columns.size() && result.hasRows(); ++i) {
+        emit processed(static_cast<qreal>(i) / columns.size());
+        const int at = columns.at(i).toInt();
+        const int beside = at - neighbours.step;
+        if (!isVertical(direction)) {
+            if (beside < 0 || beside >= result.columnCount()) {
+                continue;
+            }
+            neighbours.column = &qAsConst(result).column(ColumnIndex(beside));
+        }
+        CellColumn column = result.column(columns.at(i));
+        const int changedHere = edit(column, neighbours);
+        if (changedHere > 0) {
+            result.setColumn(columns.at(i), column);
+        }
+        changed += changedHere;
+    }
+    setResultText(Messages::changed(changed, static_cast<qint64>(result.rowCount()) * columns.size() - changed));
+    return result;
+}
