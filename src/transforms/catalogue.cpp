@@ -35,6 +35,7 @@ Transform *makeTransformJavascript();
 Transform *makeTransformJoin();
 Transform *makeTransformList();
 Transform *makeTransformLookup();
+Transform *makeTransformMoving();
 Transform *makeTransformNewCol();
 Transform *makeTransformNumBase();
 Transform *makeTransformNumberFormat();
@@ -61,8 +62,11 @@ Transform *makeTransformSplitRows();
 Transform *makeTransformSpread();
 Transform *makeTransformStack();
 Transform *makeTransformStamp();
+Transform *makeTransformStats();
 Transform *makeTransformSubstitute();
 Transform *makeTransformSubtract();
+Transform *makeTransformSummary();
+Transform *makeTransformTotal();
 Transform *makeTransformTranspose();
 Transform *makeTransformUnfill();
 Transform *makeTransformUnique();
@@ -110,7 +114,7 @@ const std::vector<CatalogueRow> &rows()
         {29, "Join", "Join", Transform::Merge, 2, 2, false, false, false, makeTransformJoin},
         {30, "List", "List", Transform::Format, 1, 1, false, false, false, makeTransformList},
         {31, "Lookup", "Lookup", Transform::Merge, 2, 2, false, false, false, makeTransformLookup},
-        {32, "Moving", "Moving", Transform::Column, 1, 1, true, false, false, nullptr},
+        {32, "Moving", "Moving", Transform::Column, 1, 1, true, false, false, makeTransformMoving},
         {33, "New_Col", "New Col", Transform::Column, 1, 1, false, false, false, makeTransformNewCol},
         {34, "New_Rows", "New Rows", Transform::Row, 1, 1, true, false, false, nullptr},
         {35, "Ngram", "Ngram", Transform::Analysis, 1, 1, true, false, true, nullptr},
@@ -140,11 +144,11 @@ const std::vector<CatalogueRow> &rows()
         {61, "Spread", "Spread", Transform::Column, 1, 1, true, false, false, makeTransformSpread},
         {62, "Stack", "Stack", Transform::Merge, 1, unlimited, false, false, false, makeTransformStack},
         {63, "Stamp", "Stamp", Transform::Other, 1, 1, true, false, false, makeTransformStamp},
-        {64, "Stats", "Stats", Transform::Analysis, 1, 1, true, false, false, nullptr},
+        {64, "Stats", "Stats", Transform::Analysis, 1, 1, true, false, false, makeTransformStats},
         {65, "Substitute", "Substitute", Transform::Other, 1, 1, true, false, false, makeTransformSubstitute},
         {66, "Subtract", "Subtract", Transform::Merge, 2, 2, true, false, false, makeTransformSubtract},
-        {67, "Summary", "Summary", Transform::Analysis, 1, 1, false, false, false, nullptr},
-        {68, "Total", "Total", Transform::Analysis, 1, 1, true, false, false, nullptr},
+        {67, "Summary", "Summary", Transform::Analysis, 1, 1, false, false, false, makeTransformSummary},
+        {68, "Total", "Total", Transform::Analysis, 1, 1, true, false, false, makeTransformTotal},
         {69, "Transpose", "Transpose", Transform::Other, 1, 1, false, false, false, makeTransformTranspose},
         {71, "Unfill", "Unfill", Transform::Format, 1, 1, true, true, false, makeTransformUnfill},
         {72, "Unique", "Unique", Transform::Row, 1, 1, true, false, true, makeTransformUnique},

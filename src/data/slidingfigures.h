@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+/// Windows over a list of numbers, as positions from `begins` to before `ends`. Neither bound ever falls from one
+/// window to the next. A window may be empty.
+struct SlidingWindows
+{
+    std::vector<int> begins;
+    std::vector<int> ends;
+
+    void add(int begin, int end)
+    {
+        begins.push_back(begin);
+        ends.push_back(end);
+    }
+    std::size_t count() const { return begins.size(); }
+    int size(std::size_t window) const { return ends[window] - begins[window]; }
+};
+
+/// Figures of each of many windows: the very numbers that come of computing each window on its own, from its first to
+/// its last number. The figure of an empty window is 0. No number may be NaN.
+namespace SlidingFigures {
+
+std::vector<double> sums(const std::vector<double> &numbers, const SlidingWindows &windows);
+std::vector<double> minimums(const std::vector<double> &numbers, const SlidingWindows &windows);
+std::vector<double> maximums(const std::vector<double> &numbers, const SlidingWindows &windows);
+std::vector<double> medians(const std::vector<double> &numbers, const SlidingWindows &windows);
+
+} // namespace SlidingFigures

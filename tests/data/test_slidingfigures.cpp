@@ -1,0 +1,76 @@
+#include "data/slidingfigures.h"
+#include "data/statistics.h"
+
+#include <algorithm>
+#include <functional>
+#include <gtest/gtest.h>
+#include <random>
+
+namespace {
+
+using Figure = std::function<double(double *, double *)>;
+
+std::vector<double> oneByOne(const std::vector<double> &numbers, const SlidingWindows &windows, const Figure &figure)
+{
+    std::vector<double> figures;
+    for (size_t i = 0; i < windows.count(); ++i) {
+        std::vector<double> window(numbers.begin() + windows.begins[i], numbers.begin() + windows.ends[i]);
+        figures.push_back(window.empty() ? 0.0 : figure(window.data(), window.data() + window.size()));
+    }
+    return figures;
+}
+
+std::vector<double> randomNumbers(std::mt19937 &random, int kind, int count)
+{
+    std::vector<double> numbers;
+    for (int i = 0; i < count; ++i) {
+        const int drawn = static_cast<int>(random() % 2001) - 1000;
+        switch (kind) {
+        case 0:
+            numbers.push_back(drawn);
+            break;
+        case 1:
+            numbers.push_back(drawn / 100.0);
+            break;
+        case 2:
+            numbers.push_back(drawn * 1e300);
+            break;
+        default:
+            numbers.push_back(drawn * 1e13 + 0.3);
+        }
+    }
+    return numbers;
+}
+
+/// Windows whose bounds rise by chance, now and then by much.
+SlidingWindows randomWindows(std::mt19937 &random, int numbers, int count)
+{
+    SlidingWindows windows;
+    int begin = 0;
+    int end = 0;
+    for (int i = 0; i < count; ++i) {
+        end = std::min(numbers, end + static_cast<int>(random() % (random() % 20 == 0 ? 50 : 3)));
+        begin = std::min(end, begin + static_cast<int>(random() % (random() % 20 == 0 ? 50 : 3)));
+        windows.add(begin, end);
+    }
+    return windows;
+}
+
+TEST(SlidingFigures, AreThoseOfEachWindowOnItsOwn)
+{
+    std::mt19937 random(7);
+    for (int round = 0; round < 200; ++round) {
+        SCOPED_TRACE(round);
+        const int count = static_cast<int>(random() % 300);
+        const std::vector<double> numbers = randomNumbers(random, round % 4, count);
+        const SlidingWindows windows = randomWindows(random, count, static_cast<int>(random() % 300));
+        EXPECT_EQ(SlidingFigures::sums(numbers, windows), oneByOne(numbers, windows, Statistics::sum));
+        EXPECT_EQ(SlidingFigures::medians(numbers, windows), oneByOne(numbers, windows, Statistics::median));
+        EXPECT_EQ(SlidingFigures::minimums(numbers, windows),
+            oneByOne(numbers, windows, [](double *begin, double *end) { return *std::min_element(begin, end); }));
+        EXPECT_EQ(SlidingFigures::maximums(numbers, windows),
+            oneByOne(numbers, windows, [](double *begin, double *end) { return *std::max_element(begin, end); }));
+    }
+}
+
+} // namespace
