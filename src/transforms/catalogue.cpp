@@ -37,6 +37,7 @@ Transform *makeTransformList();
 Transform *makeTransformLookup();
 Transform *makeTransformMoving();
 Transform *makeTransformNewCol();
+Transform *makeTransformNewRows();
 Transform *makeTransformNumBase();
 Transform *makeTransformNumberFormat();
 Transform *makeTransformOffset();
@@ -53,6 +54,7 @@ Transform *makeTransformReshape();
 Transform *makeTransformRowNum();
 Transform *makeTransformSample();
 Transform *makeTransformScale();
+Transform *makeTransformSequence();
 Transform *makeTransformSlice();
 Transform *makeTransformSlide();
 Transform *makeTransformSort();
@@ -116,7 +118,7 @@ const std::vector<CatalogueRow> &rows()
         {31, "Lookup", "Lookup", Transform::Merge, 2, 2, false, false, false, makeTransformLookup},
         {32, "Moving", "Moving", Transform::Column, 1, 1, true, false, false, makeTransformMoving},
         {33, "New_Col", "New Col", Transform::Column, 1, 1, false, false, false, makeTransformNewCol},
-        {34, "New_Rows", "New Rows", Transform::Row, 1, 1, true, false, false, nullptr},
+        {34, "New_Rows", "New Rows", Transform::Row, 1, 1, true, false, false, makeTransformNewRows},
         {35, "Ngram", "Ngram", Transform::Analysis, 1, 1, true, false, true, nullptr},
         {36, "Num_Base", "Num Base", Transform::Format, 1, 1, true, true, false, makeTransformNumBase},
         {37, "Num_Format", "Num Format", Transform::Format, 1, 1, false, true, false, makeTransformNumberFormat},
@@ -134,7 +136,7 @@ const std::vector<CatalogueRow> &rows()
         {51, "Row_Num", "Row Num", Transform::Row, 1, 1, false, false, false, makeTransformRowNum},
         {52, "Sample", "Sample", Transform::Row, 1, 1, false, false, false, makeTransformSample},
         {53, "Scale", "Scale", Transform::Format, 1, 1, true, true, false, makeTransformScale},
-        {54, "Sequence", "Sequence", Transform::Row, 1, 1, true, false, false, nullptr},
+        {54, "Sequence", "Sequence", Transform::Row, 1, 1, true, false, false, makeTransformSequence},
         {55, "Slice", "Slice", Transform::Row, 1, 1, true, false, false, makeTransformSlice},
         {56, "Slide", "Slide", Transform::Format, 1, 1, true, true, false, makeTransformSlide},
         {57, "Sort", "Sort", Transform::Row, 1, 1, false, false, false, makeTransformSort},
