@@ -51,3 +51,15 @@ void DateWriter::write(const QDate &date, TextBuffer &out) const
     }
     setText(out, m_locale.toString(date, m_format));
 }
+
+void DateWriter::write(int year, int month, int day, TextBuffer &out) const
+{
+    if (!m_pattern.isUsable() || year < 1 || year > 9999) {
+        write(QDate(year, month, day), out);
+        return;
+    }
+    out.resize(longestPlain);
+    char *end = out.data();
+    m_pattern.writeDate(year, month, day, end);
+    out.resize(static_cast<int>(end - out.data()));
+}

@@ -15,6 +15,8 @@ public:
     QString text(const QDate &date) const;
     /// Replaces what `out` holds by the text in storage form.
     void write(const QDate &date, TextBuffer &out) const;
+    /// The same for a day of the Gregorian calendar that exists.
+    void write(int year, int month, int day, TextBuffer &out) const;
 
 private:
     int writePlainly(const QDate &date, char *out) const;

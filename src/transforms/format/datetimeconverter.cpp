@@ -33,47 +33,37 @@ DateTimeConverter::DateTimeConverter(
     }
 }
 
-NumericPattern::Outcome DateTimeConverter::readPlainly(const Cell &cell, QDate *date, QTime *time) const
+bool DateTimeConverter::write(const NumericPattern::Numbers &numbers, TextBuffer &out) const
 {
-    NumericPattern::Numbers numbers;
-    const NumericPattern::Outcome outcome = m_pattern.match(cell.bytes(), cell.size(), &numbers);
-    if (outcome == NumericPattern::Match) {
-        const int year = numbers[NumericPattern::Year];
-        *date = QDate(year ? year : 1900 + numbers[NumericPattern::TwoDigitYear], numbers[NumericPattern::Month],
-            numbers[NumericPattern::Day]);
-        *time = QTime(numbers[NumericPattern::Hour], numbers[NumericPattern::Minute], numbers[NumericPattern::Second]);
-    }
-    return outcome;
-}
-
-bool DateTimeConverter::write(const QDate &date, const QTime &time, TextBuffer &out) const
-{
-    if (!date.isValid()) {
+    const int fullYear = numbers[NumericPattern::Year];
+    const int year = fullYear ? fullYear : 1900 + numbers[NumericPattern::TwoDigitYear];
+    const int month = numbers[NumericPattern::Month];
+    const int day = numbers[NumericPattern::Day];
+    if (!QDate::isValid(year, month, day)) {
         return false;
     }
-    if (!m_readsTime && !m_writesTime) {
-        m_dateWriter.write(date, out);
-        return true;
+    if (m_readsTime || m_writesTime) {
+        const QTime time(
+            numbers[NumericPattern::Hour], numbers[NumericPattern::Minute], numbers[NumericPattern::Second]);
+        const QDateTime dateTime(QDate(year, month, day), time);
+        if (!dateTime.isValid()) {
+            return false; // in the hour that a change to summer time leaves out
+        }
+        if (m_writesTime) {
+            setText(out, m_output.toString(dateTime, m_outputFormat));
+            return true;
+        }
     }
-    const QDateTime dateTime(date, time);
-    if (!dateTime.isValid()) {
-        return false; // in the hour that a change to summer time leaves out
-    }
-    if (m_writesTime) {
-        setText(out, m_output.toString(dateTime, m_outputFormat));
-    } else {
-        m_dateWriter.write(date, out);
-    }
+    m_dateWriter.write(year, month, day, out);
     return true;
 }
 
 bool DateTimeConverter::convert(const Cell &cell, TextBuffer &out)
 {
-    QDate date;
-    QTime time;
-    switch (readPlainly(cell, &date, &time)) {
+    NumericPattern::Numbers numbers;
+    switch (m_pattern.match(cell.bytes(), cell.size(), &numbers)) {
     case NumericPattern::Match:
-        return write(date, time, out);
+        return write(numbers, out);
     case NumericPattern::NoMatch:
         return false;
     default:

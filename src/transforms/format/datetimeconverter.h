@@ -26,8 +26,7 @@ private:
         bool isRead;
         QString text;
     };
-    NumericPattern::Outcome readPlainly(const Cell &cell, QDate *date, QTime *time) const;
-    bool write(const QDate &date, const QTime &time, TextBuffer &out) const;
+    bool write(const NumericPattern::Numbers &numbers, TextBuffer &out) const;
     bool convertSlowly(const Cell &cell, TextBuffer &out);
 
     QString m_inputFormat;

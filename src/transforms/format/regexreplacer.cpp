@@ -115,7 +115,7 @@ bool RegexReplacer::replaceAny(const QString &text, QString &out) const
 
 bool RegexReplacer::replace(QString &text, const QString &with)
 {
-    if (m_pieces.empty() || with != m_with) {
+    if (m_pieces.empty() || (with.constData() != m_with.constData() && with != m_with)) {
         prepare(with);
     }
     QString result;

@@ -36,6 +36,12 @@ bool isOfClass(int mode, uint c)
     }
 }
 
+/// Quick for the same text, which is what terms without variables give.
+bool isSameText(const QString &a, const QString &b)
+{
+    return a.constData() == b.constData() || a == b;
+}
+
 /// Puts `with` in the place of each character of the class; a character outside the basic plane counts as one.
 void replaceCharacters(int mode, const QString &with, QString &text)
 {
@@ -135,7 +141,7 @@ void ReplaceChain::applyStep(
 
 void ReplaceChain::replaceByExpression(Step &step, const QString &pattern, const QString &with, QString &text) const
 {
-    if (!step.expression || step.pattern != pattern) {
+    if (!step.expression || !isSameText(step.pattern, pattern)) {
         const auto effort = step.failures < mostFailures ? RegexReplacer::Usual : RegexReplacer::Bounded;
         step.expression = std::make_unique<RegexReplacer>(pattern, m_caseSensitive, effort);
         step.pattern = pattern;
