@@ -1,7 +1,9 @@
 #include "data/numberreader.h"
 #include "transforms/column/calculation.h"
+#include "transforms/column/isodatetimes.h"
 
 #include <QDateTime>
+#include <optional>
 
 namespace {
 
@@ -14,7 +16,8 @@ struct Unit
 {
     CalculateOp op;
     const char *name;
-    qint64 most; ///< more leads out of the years 1 to 9999 from any date in them, and would overflow Qt's sums
+    qint64 msecs; ///< 0 for those that depend on the calendar
+    qint64 most;  ///< more leads out of the years 1 to 9999 from any date in them, and would overflow Qt's sums
     QDateTime (*add)(const QDateTime &dateTime, qint64 number);
 };
 
@@ -24,17 +27,17 @@ constexpr qint64 mostSeconds = 86400 * mostDays;
 constexpr qint64 mostMsecs = 1000 * mostSeconds;
 
 const Unit units[] = {
-    {CalculateOp::DateTimeAddMSecs, "millisecond(s)", mostMsecs,
+    {CalculateOp::DateTimeAddMSecs, "millisecond(s)", 1, mostMsecs,
         [](const QDateTime &dateTime, qint64 number) { return dateTime.addMSecs(number); }},
-    {CalculateOp::DateTimeAddSecs, "second(s)", mostSeconds,
+    {CalculateOp::DateTimeAddSecs, "second(s)", 1000, mostSeconds,
         [](const QDateTime &dateTime, qint64 number) { return dateTime.addSecs(number); }},
-    {CalculateOp::DateTimeAddHours, "hour(s)", 24 * mostDays,
+    {CalculateOp::DateTimeAddHours, "hour(s)", 3600000, 24 * mostDays,
         [](const QDateTime &dateTime, qint64 number) { return dateTime.addSecs(number * 3600); }},
-    {CalculateOp::DateTimeAddDays, "day(s)", mostDays,
+    {CalculateOp::DateTimeAddDays, "day(s)", 0, mostDays,
         [](const QDateTime &dateTime, qint64 number) { return dateTime.addDays(number); }},
-    {CalculateOp::DateTimeAddMonths, "month(s)", 12 * mostYears,
+    {CalculateOp::DateTimeAddMonths, "month(s)", 0, 12 * mostYears,
         [](const QDateTime &dateTime, qint64 number) { return dateTime.addMonths(static_cast<int>(number)); }},
-    {CalculateOp::DateTimeAddYears, "year(s)", mostYears,
+    {CalculateOp::DateTimeAddYears, "year(s)", 0, mostYears,
         [](const QDateTime &dateTime, qint64 number) { return dateTime.addYears(static_cast<int>(number)); }},
 };
 
@@ -64,6 +67,10 @@ public:
         if (op() == CalculateOp::MSecsToDateTime) {
             return fromEpoch(row, out);
         }
+        const std::optional<IsoDateTime> plain = IsoDateTimes::read(first().at(row));
+        if (plain && computePlainly(*plain, row, out)) {
+            return true;
+        }
         const QDateTime &dateTime = m_dateTime.of(first().at(row),
             [](const Cell &cell) { return QDateTime::fromString(cell.text().trimmed(), Qt::ISODateWithMs); });
         if (!dateTime.isValid()) {
@@ -80,6 +87,41 @@ public:
     }
 
 private:
+    /// False where QDateTime has to decide.
+    bool computePlainly(const IsoDateTime &dateTime, int row, TextBuffer &out)
+    {
+        if (m_unit) {
+            const std::optional<IsoDateTime> sum = addedPlainly(dateTime, row);
+            return sum && IsoDateTimes::write(*sum, out);
+        }
+        const std::optional<qint64> epoch = m_plainly.toEpoch(dateTime);
+        return epoch
+               && (op() == CalculateOp::DateTimeToMSecs ? succeedWhole(*epoch, out)
+                                                        : IsoDateTimes::write({*epoch, true}, out));
+    }
+
+    std::optional<IsoDateTime> addedPlainly(const IsoDateTime &dateTime, int row) const
+    {
+        bool ok = false;
+        const qint64 number = m_reader.readLongLong(second().at(row), &ok);
+        if (!ok || number < -m_unit->most || number > m_unit->most) {
+            return std::nullopt;
+        }
+        if (m_unit->msecs > 0) {
+            return m_plainly.added(dateTime, number * m_unit->msecs);
+        }
+        const int count = static_cast<int>(number);
+        const QDate date = dateTime.date();
+        const QDate day = op() == CalculateOp::DateTimeAddDays     ? date.addDays(number)
+                          : op() == CalculateOp::DateTimeAddMonths ? date.addMonths(count)
+                                                                   : date.addYears(count);
+        if (!day.isValid() || !m_plainly.isPlainDay(dateTime)) {
+            return std::nullopt;
+        }
+        const IsoDateTime sum = dateTime.on(day);
+        return m_plainly.isPlainDay(sum) ? std::optional<IsoDateTime>(sum) : std::nullopt;
+    }
+
     /// Empty for what has no ISO form.
     static QString isoText(const QDateTime &dateTime)
     {
@@ -112,6 +154,10 @@ private:
         }
         QDateTime dateTime;
         if (msecs >= -mostMsecs && msecs <= mostMsecs) {
+            const std::optional<IsoDateTime> plain = m_plainly.toLocal(msecs);
+            if (plain && IsoDateTimes::write(*plain, out)) {
+                return true;
+            }
             dateTime.setMSecsSinceEpoch(msecs);
         }
         const QString text = isoText(dateTime);
@@ -121,6 +167,7 @@ private:
     const Unit *const m_unit;
     const NumberReader m_reader;
     LastRead<QDateTime> m_dateTime;
+    IsoDateTimes m_plainly;
 };
 
 } // namespace

@@ -7,7 +7,9 @@
 #include "transforms/transform.h"
 
 #include <cmath>
+#include <cstring>
 #include <limits>
+#include <vector>
 
 namespace {
 

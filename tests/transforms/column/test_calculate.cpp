@@ -6,6 +6,8 @@
 #include "transforms/parameter.h"
 
 #include <QDateTime>
+#include <QRandomGenerator>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
@@ -403,4 +405,67 @@ TEST(TransformCalculate, FollowsTheLocale)
     const QString sum = resultOf(calculateConstants("Decrement", QLocale().toString(1), QString()));
     EXPECT_EQ(sum, QLocale().toString(0));
     EXPECT_EQ(resultOf(calculateConstants("Abs", QLocale().toString(-5), QString())), QLocale().toString(5));
+}
+
+TEST(TransformCalculate, CountsTimeAsTheLibraryDoes)
+{
+    const QByteArray before = qgetenv("TZ");
+    qputenv("TZ", "Europe/Berlin"); // clocks are changed twice a year
+    QRandomGenerator random(11);
+    QStringList lines{"ms|iso|number"};
+    for (int i = 0; i < 3000; ++i) {
+        // Three in four lie within hours of a change of the clocks, and some are written in universal time.
+        const qint64 change = i % 2 ? 1711846800000 : 1729990800000;
+        const qint64 msecs = i % 4 ? change + random.bounded(259200000) - 129600000
+                                   : qint64(random.bounded(4e12)) - qint64(2e12);
+        // Written as clocks that are never changed show it, so that some local times don't exist.
+        const QDateTime dateTime = QDateTime::fromMSecsSinceEpoch(msecs, Qt::UTC);
+        const QString iso = dateTime.toString(i % 3 ? Qt::ISODateWithMs : Qt::ISODate);
+        if (iso.startsWith("2024-10-27T02")) {
+            continue; // which of the two hours is meant, the C library decides by its last call
+        }
+        lines.append(
+            QStringLiteral("%1|%2|%3")
+                .arg(QString::number(msecs), i % 5 ? iso.chopped(1) : iso, QString::number(random.bounded(-400, 400))));
+    }
+    const Dataset input = grid(lines);
+    struct
+    {
+        const char *operation;
+        std::function<QDateTime(const QDateTime &, int)> sum;
+    } const sums[] = {
+        {"DateTimeAddMSecs", [](const QDateTime &time, int n) { return time.addMSecs(n); }},
+        {"DateTimeAddSecs", [](const QDateTime &time, int n) { return time.addSecs(n); }},
+        {"DateTimeAddHours", [](const QDateTime &time, int n) { return time.addSecs(n * 3600); }},
+        {"DateTimeAddDays", [](const QDateTime &time, int n) { return time.addDays(n); }},
+        {"DateTimeAddMonths", [](const QDateTime &time, int n) { return time.addMonths(n); }},
+        {"DateTimeAddYears", [](const QDateTime &time, int n) { return time.addYears(n); }},
+        {"DateTimeToUTC", [](const QDateTime &time, int) { return time.toUTC(); }},
+    };
+    for (const auto &c : sums) {
+        SCOPED_TRACE(c.operation);
+        const Dataset result = runOn("Calculate", {{"Operation", c.operation}, {"Column1", 2}, {"Column2", 3}}, input);
+        for (int row = 0; row < input.rowCount(); ++row) {
+            const QStringList cells = result.row(RowIndex(row));
+            const QDateTime start = QDateTime::fromString(cells.at(1), Qt::ISODateWithMs);
+            const QString text = c.sum(start, cells.at(2).toInt()).toString(Qt::ISODateWithMs);
+            const QString expected = !start.isValid() ? "Error: ISO datetime expected"
+                                     : text.isEmpty() ? "Error: Cannot convert datetime"
+                                                      : text;
+            ASSERT_EQ(cells.at(3), expected) << cells.join(' ').toStdString();
+        }
+    }
+    const Dataset shown = runOn("Calculate", {{"Operation", "MSecsToDateTime"}, {"Column1", 1}}, input);
+    const Dataset counted = runOn("Calculate", {{"Operation", "DateTimeToMSecs"}, {"Column1", 2}}, input);
+    for (int row = 0; row < input.rowCount(); ++row) {
+        const QDateTime time = QDateTime::fromMSecsSinceEpoch(shown.value(RowIndex(row), ColumnIndex(0)).toLongLong());
+        ASSERT_EQ(shown.value(RowIndex(row), ColumnIndex(3)), time.toString(Qt::ISODateWithMs));
+        const QString iso = counted.value(RowIndex(row), ColumnIndex(1));
+        const QDateTime dateTime = QDateTime::fromString(iso, Qt::ISODateWithMs);
+        const QString epoch = QString::number(dateTime.toMSecsSinceEpoch());
+        ASSERT_EQ(
+            counted.value(RowIndex(row), ColumnIndex(3)), dateTime.isValid() ? epoch : "Error: ISO datetime expected")
+            << iso.toStdString();
+    }
+    before.isNull() ? qunsetenv("TZ") : qputenv("TZ", before);
 }
