@@ -45,7 +45,7 @@ public:
             if (node->alias().trimmed() != m_alias || m_alias.isEmpty()) {
                 continue;
             }
-            const QString error = applyTo(*node);
+            QString error = applyTo(*node);
             if (!error.isEmpty()) {
                 return error;
             }

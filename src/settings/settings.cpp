@@ -163,7 +163,7 @@ QVariant Settings::stored(const QString &key) const
     if (cached != m_cache.cend()) {
         return *cached;
     }
-    const QVariant value = m_store->value(key);
+    QVariant value = m_store->value(key);
     if (value.isValid()) {
         m_cache.insert(key, value);
     }
