@@ -8,6 +8,8 @@
 #include "transforms/verify/datasetrules.h"
 #include "transforms/verify/ruletable.h"
 
+#include <limits>
+
 /// Checks the table and its columns against rules, marks what fails and can keep or remove rows by that.
 class TransformVerify final : public Transform
 {
@@ -183,7 +185,7 @@ private:
                     result.addDatasetColumnIssue(ColumnIndex(column), rule.severity, rule.ruleId);
                 }
             } else if (outcome.fails.rows.isEmpty()) {
-                const auto count = static_cast<int>(qMin<qint64>(outcome.fails.count, INT_MAX));
+                const auto count = static_cast<int>(qMin<qint64>(outcome.fails.count, std::numeric_limits<int>::max()));
                 result.issues().addColumnIssue(ColumnIndex(outcome.column), rule.severity, rule.ruleId, count);
             } else {
                 result.issues().addCellIssues(rows, ColumnIndex(outcome.column), rule.severity, rule.ruleId);

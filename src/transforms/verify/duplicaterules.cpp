@@ -1,3 +1,4 @@
+#include "data/dateparser.h"
 #include "data/numberreader.h"
 #include "data/rowkeyindex.h"
 #include "data/textorder.h"

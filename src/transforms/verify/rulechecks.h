@@ -1,6 +1,5 @@
 #pragma once
 
-#include "data/dateparser.h"
 #include "transforms/verify/rulecheck.h"
 #include "transforms/verifyrules.h"
 

@@ -1,6 +1,5 @@
 #include "transforms/verify/textset.h"
 
-#include <QStringList>
 #include <algorithm>
 
 namespace {
