@@ -25,13 +25,13 @@ public:
     {
         for (int count : {m_profile.m_empty, m_profile.m_nonEmpty, m_profile.m_numeric, m_profile.m_integer,
                  m_profile.m_real, m_profile.m_boolean}) {
-            add(count);
+            addCount(count);
         }
         if (withDates) {
-            add(m_profile.m_date);
+            addCount(m_profile.m_date);
         }
         for (int count : {m_profile.m_text, m_profile.m_distinct, m_profile.m_unique, m_profile.m_duplicated}) {
-            add(count);
+            addCount(count);
         }
     }
 
@@ -40,34 +40,34 @@ public:
         const int nonEmpty = m_profile.m_nonEmpty;
         const int all = nonEmpty + m_profile.m_empty;
         const auto sum = static_cast<double>(m_profile.m_lengthSum);
-        add(m_profile.m_minLength, all > 0);
-        add(m_profile.m_minLengthNonEmpty, nonEmpty > 0);
-        add(m_profile.m_maxLength, all > 0);
-        add(sum / all, all > 0);
-        add(sum / nonEmpty, nonEmpty > 0);
+        addMeasure(m_profile.m_minLength, all > 0);
+        addMeasure(m_profile.m_minLengthNonEmpty, nonEmpty > 0);
+        addMeasure(m_profile.m_maxLength, all > 0);
+        addMeasure(sum / all, all > 0);
+        addMeasure(sum / nonEmpty, nonEmpty > 0);
     }
 
     void addNumbers()
     {
         const bool any = m_profile.m_numeric > 0;
-        add(m_profile.m_minNumber, any);
-        add(m_profile.m_maxNumber, any);
-        add(m_profile.m_maxNumber - m_profile.m_minNumber, any);
+        addMeasure(m_profile.m_minNumber, any);
+        addMeasure(m_profile.m_maxNumber, any);
+        addMeasure(m_profile.m_maxNumber - m_profile.m_minNumber, any);
         for (int count : {m_profile.m_negative, m_profile.m_zero, m_profile.m_positive}) {
-            add(count);
+            addCount(count);
         }
     }
 
     void addStatistics()
     {
         const NumberFigures &numbers = m_profile.m_numbers;
-        add(numbers.sum());
-        add(numbers.mean());
-        add(numbers.median());
+        addMeasure(numbers.sum());
+        addMeasure(numbers.mean());
+        addMeasure(numbers.median());
         addModes(numbers.modes());
         for (const std::optional<double> &figure : {numbers.standardDeviation(), numbers.variance(),
                  numbers.lowerQuartile(), numbers.upperQuartile(), numbers.interquartileRange(), numbers.skew()}) {
-            add(figure);
+            addMeasure(figure);
         }
     }
 
@@ -81,7 +81,7 @@ public:
         m_texts.append(
             any ? QStringLiteral("%1 %2").arg(formatInteger(days, false), QLatin1String(days == 1 ? "day" : "days"))
                 : QString(notAvailable));
-        add(m_profile.m_distinctDates);
+        addCount(m_profile.m_distinctDates);
         m_texts.append(formatInteger(days - m_profile.m_distinctDates, false));
     }
 
@@ -96,9 +96,12 @@ public:
     }
 
 private:
-    void add(int count) { m_texts.append(formatInteger(count, false)); }
-    void add(double value, bool exists) { m_texts.append(exists ? m_writer.text(value) : QString(notAvailable)); }
-    void add(const std::optional<double> &value) { add(value.value_or(0.0), value.has_value()); }
+    void addCount(int count) { m_texts.append(formatInteger(count, false)); }
+    void addMeasure(double value, bool exists)
+    {
+        m_texts.append(exists ? m_writer.text(value) : QString(notAvailable));
+    }
+    void addMeasure(const std::optional<double> &value) { addMeasure(value.value_or(0.0), value.has_value()); }
 
     void addModes(const std::vector<double> &modes)
     {

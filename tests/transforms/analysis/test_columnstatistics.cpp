@@ -274,6 +274,7 @@ TEST(TransformSummary, AddsStatistics)
             {{"Sum numeric", "18"}, {"Average numeric", "3"}, {"Median numeric", "3"}, {"Mode numeric", "3"},
                 {"Stddev numeric", "1.4142135623731"}, {"Variance numeric", "2"}, {"Q1 numeric", "2"},
                 {"Q3 numeric", "4"}, {"IQR numeric", "2"}, {"Skew numeric", "0"}}},
+        {"of fractions", {"0.1", "2.25"}, {{"Sum numeric", "2.35"}, {"Average numeric", "1.175"}}},
         {"of one number", {"5"},
             {{"Stddev numeric", "N/A"}, {"Variance numeric", "N/A"}, {"Q1 numeric", "5"}, {"Skew numeric", "N/A"}}},
         {"of none", {"x"}, {{"Sum numeric", "0"}, {"Median numeric", "N/A"}, {"Mode numeric", "N/A"}}},

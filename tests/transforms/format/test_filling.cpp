@@ -3,6 +3,7 @@
 #include "transforms/parameter.h"
 
 #include <gtest/gtest.h>
+#include <random>
 
 namespace {
 
@@ -118,6 +119,42 @@ TEST(TransformSlide, MovesValuesIntoEmptyCells)
                 keyed("Down", {"k", "a"}), {"1||", "1|x|", "||", "|y|"}, "1 column changed"},
             {"nothing to move", {"k|a|b", "1|x|", "2||"}, all("Up"), {"1|x|", "2||"}, "No changes"},
         });
+}
+
+/// Moves values up one row at a time for as long as any moves.
+QStringList bubbledUp(QStringList cells, const QStringList &keys)
+{
+    for (bool moved = true; moved;) {
+        moved = false;
+        for (int row = 0; row + 1 < cells.size(); ++row) {
+            if (cells.at(row).isEmpty() && !cells.at(row + 1).isEmpty() && keys.at(row) == keys.at(row + 1)) {
+                std::swap(cells[row], cells[row + 1]);
+                moved = true;
+            }
+        }
+    }
+    return cells;
+}
+
+TEST(TransformSlide, MovesAsFarAsStepByStep)
+{
+    std::mt19937 random(3);
+    for (int round = 0; round < 100; ++round) {
+        SCOPED_TRACE(round);
+        QStringList lines("k|a");
+        QStringList keys;
+        QStringList cells;
+        for (int row = 0, count = static_cast<int>(random() % 30); row < count; ++row) {
+            keys.append(QString::number(random() % 2));
+            cells.append(random() % 2 ? QString() : QString::number(row));
+            lines.append(keys.last() + '|' + cells.last());
+        }
+        EXPECT_EQ(runOn("Slide", keyed("Up", {"a"}), grid(lines)).columnValues(ColumnIndex(1)), bubbledUp(cells, keys));
+        std::reverse(lines.begin() + 1, lines.end());
+        QStringList down = runOn("Slide", keyed("Down", {"a"}), grid(lines)).columnValues(ColumnIndex(1));
+        std::reverse(down.begin(), down.end());
+        EXPECT_EQ(down, bubbledUp(cells, keys));
+    }
 }
 
 TEST(TransformOffset, ShiftsColumns)
