@@ -10,10 +10,12 @@ Transform *makeTransformCalculate();
 Transform *makeTransformCase();
 Transform *makeTransformChop();
 Transform *makeTransformClone();
+Transform *makeTransformCluster();
 Transform *makeTransformCompare();
 Transform *makeTransformConcat();
 Transform *makeTransformConcatRows();
 Transform *makeTransformCopy();
+Transform *makeTransformCorrelate();
 Transform *makeTransformCount();
 Transform *makeTransformCross();
 Transform *makeTransformDateFormat();
@@ -38,6 +40,7 @@ Transform *makeTransformLookup();
 Transform *makeTransformMoving();
 Transform *makeTransformNewCol();
 Transform *makeTransformNewRows();
+Transform *makeTransformNgram();
 Transform *makeTransformNumBase();
 Transform *makeTransformNumberFormat();
 Transform *makeTransformOffset();
@@ -89,12 +92,12 @@ const std::vector<CatalogueRow> &rows()
         {2, "Case", "Case", Transform::Format, 1, 1, false, true, false, makeTransformCase},
         {3, "Chop", "Chop", Transform::Format, 1, 1, false, true, false, makeTransformChop},
         {4, "Clone", "Clone", Transform::Other, 1, 1, true, false, false, makeTransformClone},
-        {5, "Cluster", "Cluster", Transform::Analysis, 1, 1, true, false, false, nullptr},
+        {5, "Cluster", "Cluster", Transform::Analysis, 1, 1, true, false, false, makeTransformCluster},
         {6, "Compare_Cols", "Compare Cols", Transform::Column, 1, 1, true, false, false, makeTransformCompare},
         {7, "Concat", "Concat Cols", Transform::Column, 1, 1, false, false, false, makeTransformConcat},
         {8, "Concat_Rows", "Concat Rows", Transform::Row, 1, 1, true, false, false, makeTransformConcatRows},
         {9, "Copy", "Copy Cols", Transform::Column, 1, 1, false, false, false, makeTransformCopy},
-        {10, "Correlate", "Correlate", Transform::Analysis, 1, 1, true, false, false, nullptr},
+        {10, "Correlate", "Correlate", Transform::Analysis, 1, 1, true, false, false, makeTransformCorrelate},
         {11, "Count", "Count", Transform::Analysis, 1, 1, false, false, true, makeTransformCount},
         {12, "Cross", "Cross", Transform::Merge, 2, unlimited, true, false, false, makeTransformCross},
         {13, "Date_Format", "DateTime Format", Transform::Format, 1, 1, false, true, false, makeTransformDateFormat},
@@ -119,7 +122,7 @@ const std::vector<CatalogueRow> &rows()
         {32, "Moving", "Moving", Transform::Column, 1, 1, true, false, false, makeTransformMoving},
         {33, "New_Col", "New Col", Transform::Column, 1, 1, false, false, false, makeTransformNewCol},
         {34, "New_Rows", "New Rows", Transform::Row, 1, 1, true, false, false, makeTransformNewRows},
-        {35, "Ngram", "Ngram", Transform::Analysis, 1, 1, true, false, true, nullptr},
+        {35, "Ngram", "Ngram", Transform::Analysis, 1, 1, true, false, true, makeTransformNgram},
         {36, "Num_Base", "Num Base", Transform::Format, 1, 1, true, true, false, makeTransformNumBase},
         {37, "Num_Format", "Num Format", Transform::Format, 1, 1, false, true, false, makeTransformNumberFormat},
         {38, "Offset", "Offset", Transform::Column, 1, 1, true, true, false, makeTransformOffset},
