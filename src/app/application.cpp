@@ -3,6 +3,7 @@
 #include "app/exceptionreport.h"
 #include "app/mainwindow.h"
 #include "charts/chartnode.h"
+#include "data/dataset.h"
 #include "graph/colors.h"
 #include "graph/nodefactory.h"
 #include "graph/runcontrol.h"
@@ -42,6 +43,9 @@ QString productName()
 
 } // namespace
 
+// The value of the setting that asks for speed rather than for little memory.
+static constexpr int optimizeForSpeed = 1;
+
 Application::Application(int &argc, char **argv, Mode mode)
     : QApplication(argc, argv)
     , m_memoryReserve(std::malloc(reserveSize))
@@ -51,6 +55,7 @@ Application::Application(int &argc, char **argv, Mode mode)
     setOrganizationName(QString::fromLatin1(Product::organisation));
     m_settings = openSettings(m_applicationDir);
     Settings::setCurrent(m_settings.get());
+    Dataset::setMaximumSpeed(m_settings->optimizeFor() == optimizeForSpeed);
     if (mode == Mode::Window) {
         setUpWindowDefaults();
     }

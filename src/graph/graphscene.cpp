@@ -16,6 +16,7 @@
 #include "graph/undostep.h"
 #include "graph/waitcursor.h"
 #include "transforms/catalogue.h"
+#include "transforms/documentcontext.h"
 #include "transforms/transform.h"
 
 #include <QAction>
@@ -226,6 +227,12 @@ Node *GraphScene::addChart()
 NoteNode *GraphScene::addNote(const QPointF &pos, int arrowType)
 {
     return NodeAdder(*this).addNote(pos, arrowType);
+}
+
+void GraphScene::setDocumentPath(const QString &path)
+{
+    m_documentPath = path;
+    DocumentContext::setPath(path);
 }
 
 void GraphScene::insertNode(Node *node, const QPointF &pos)

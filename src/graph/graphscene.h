@@ -102,7 +102,7 @@ public:
     void updateSceneRect();
 
     const QString &documentPath() const { return m_documentPath; }
-    void setDocumentPath(const QString &path) { m_documentPath = path; }
+    void setDocumentPath(const QString &path);
     /// The colours in use: an override of the preview in the preferences, else those of the program.
     const Colors &colors() const;
     void setColorsOverride(const Colors *colors);
