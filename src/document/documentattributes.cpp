@@ -1,5 +1,7 @@
 #include "document/documentattributes.h"
 
+#include <limits>
+
 QString AttributeReader::stored(const char *name) const
 {
     const QString key = QString::fromLatin1(name);
@@ -48,11 +50,12 @@ void AttributeReader::list(const char *name, QStringList &field) const
     field = DocumentValue::toList(stored(name));
 }
 
-void AttributeReader::choice(const char *name, int &field, int off, int on) const
+void AttributeReader::choice(const char *name, int &field, int last) const
 {
-    bool isOn = false;
-    boolean(name, isOn, false);
-    field = isOn ? on : off;
+    integer(name, field, 0, std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
+    if (field < 0 || field > last) {
+        field = 1;
+    }
 }
 
 void AttributeReader::listByPosition(const char *name, QStringList &field) const

@@ -24,8 +24,8 @@ public:
     void boolean(const char *name, bool &field, bool fallback) const;
     void real(const char *name, double &field, double fallback) const;
     void character(const char *name, QChar &field, QChar fallback) const;
-    /// One of two numbers, stored as a boolean.
-    void choice(const char *name, int &field, int off, int on) const;
+    /// A choice from 0 to `last`, 0 when it isn't there; a number beyond it says no more than "not 0" and means 1.
+    void choice(const char *name, int &field, int last) const;
     void list(const char *name, QStringList &field) const;
     void listByPosition(const char *name, QStringList &field) const;
     void integerList(const char *name, QList<int> &field) const;
@@ -56,7 +56,7 @@ public:
     void boolean(const char *name, bool field, bool);
     void real(const char *name, double field, double);
     void character(const char *name, QChar field, QChar);
-    void choice(const char *name, int field, int off, int) { boolean(name, field != off, false); }
+    void choice(const char *name, int field, int) { integer(name, field, 0, 0, 0); }
     void list(const char *name, const QStringList &field);
     void listByPosition(const char *name, const QStringList &field) { list(name, field); }
     void integerList(const char *name, const QList<int> &field);

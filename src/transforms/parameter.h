@@ -154,6 +154,10 @@ public:
 
 private:
     void initialiseFromNode();
+    /// Keeps the stored text of the columns while they are known: a table that can't be read any more, because its file
+    /// is gone, must not cost the document its choices.
+    void rememberColumnText();
+    QString columnText() const;
     void dropDeferred();
     /// Calls `change` for each column that `value` names, in order; it may set another id and then returns true. True
     /// when one did.
@@ -190,6 +194,8 @@ private:
     QString m_suffix;
     DataSource *m_node = nullptr;
     QHash<ColumnId, QString> m_columnNames;
+    QString m_knownText;   ///< the stored text that m_knownValue had
+    QVariant m_knownValue; ///< the value when its columns were last known
     bool m_canReconnect = false;
     QString m_toolTip;
     bool m_highlightChecked = false;

@@ -198,6 +198,7 @@ void Parameter::reconnectColumns(QStringList &warnings, QStringList &infos)
     });
     m_columnNames = names;
     m_canReconnect = false;
+    rememberColumnText();
 }
 
 void Parameter::remapColumnIds(const QHash<ColumnId, ColumnId> &map)

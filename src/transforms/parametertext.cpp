@@ -1,3 +1,4 @@
+#include "data/dataset.h"
 #include "data/datasource.h"
 #include "transforms/columnnumbers.h"
 #include "transforms/parameter.h"
@@ -103,7 +104,24 @@ QString Parameter::toDocumentText() const
     if (m_kind == ReplaceTerms) {
         return RecordText::parts(toReplaceTerms()).join(separator);
     }
+    const bool isTableGone = m_node && m_node->datasetConst().columnCount() == 0;
+    if (isTableGone && m_knownValue.isValid() && m_knownValue == m_value) {
+        return m_knownText;
+    }
+    return columnText();
+}
+
+QString Parameter::columnText() const
+{
     return hasSeveralParts() ? columnParts().join(separator) : singleText();
+}
+
+void Parameter::rememberColumnText()
+{
+    if (dependsOnColumns() && m_kind != Script && m_node && m_node->datasetConst().columnCount() > 0) {
+        m_knownValue = m_value;
+        m_knownText = columnText();
+    }
 }
 
 // Reading

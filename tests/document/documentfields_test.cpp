@@ -27,7 +27,7 @@ struct Field
 using Attributes = QMap<QString, QString>;
 
 const std::vector<Field> inputFieldTable{{"medium", "0", "2"}, {"comment", nullptr, "a%20%3C%0A%C3%A9"},
-    {"ignored_rows", "0", "3"}, {"header", "0", "1"}, {"watching", "0", "1"}, {"json_arrays_as_rows", "1", "0"},
+    {"ignored_rows", "0", "3"}, {"header", "0", "2"}, {"watching", "0", "1"}, {"json_arrays_as_rows", "1", "0"},
     {"trim", "0", "1"}, {"simplify", "0", "1"}, {"ignore_empty", "1", "0"}, {"ignore_empty_cols", "0", "1"},
     {"ignore_excel_hidden_cols", "0", "1"}, {"ignore_excel_hidden_rows", "0", "1"}, {"show_meta", "0", "3"},
     {"meta_text", nullptr, "%24%28FileName%29"}, {"meta_col_name", "Meta%20Info", "Source"},

@@ -235,3 +235,20 @@ TEST(ParameterColumns, OfAScriptTakeNoPart)
     script.remapColumnIds({{a, b}});
     EXPECT_EQ(script.toText(), "return $(a)");
 }
+
+TEST(ParameterColumns, AreSavedThoughTheTableUpstreamCanNotBeReadAnyMore)
+{
+    for (const ReferenceCase &c : references) {
+        SCOPED_TRACE(c.what);
+        FakeSource source(grid({"x|y", "1|2"}));
+        Parameter parameter(c.kind, "Columns", "Columns", &source);
+        parameter.setValue(c.value(a, b));
+        QStringList messages;
+        parameter.reconnectColumns(messages, messages);
+        const QString stored = parameter.toDocumentText();
+        source.dataset() = Dataset();
+        EXPECT_EQ(parameter.toDocumentText(), stored);
+        parameter.reconnectColumns(messages, messages);
+        EXPECT_EQ(parameter.toDocumentText(), stored) << "a run without the table forgets nothing";
+    }
+}
