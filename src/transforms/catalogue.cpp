@@ -73,10 +73,10 @@ Transform *makeTransformSubtract();
 Transform *makeTransformSummary();
 Transform *makeTransformTotal();
 Transform *makeTransformTranspose();
+Transform *makeTransformUUID();
 Transform *makeTransformUnfill();
 Transform *makeTransformUnique();
 Transform *makeTransformUnits();
-Transform *makeTransformUUID();
 Transform *makeTransformVerify();
 Transform *makeTransformWhitespace();
 
