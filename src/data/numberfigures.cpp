@@ -65,7 +65,15 @@ double NumberFigures::middleOf(int begin, int end) const
 
 std::optional<double> NumberFigures::median() const
 {
-    return m_numbers.empty() ? std::nullopt : std::make_optional(middleOf(0, count()));
+    if (m_numbers.empty()) {
+        return std::nullopt;
+    }
+    if (!m_isSorted) {
+        // Finding the middle is far cheaper than sorting.
+        m_sorted.assign(m_numbers.cbegin(), m_numbers.cend());
+        return Statistics::median(m_sorted.data(), m_sorted.data() + m_sorted.size());
+    }
+    return middleOf(0, count());
 }
 
 std::vector<double> NumberFigures::modes() const

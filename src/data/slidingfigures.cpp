@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <functional>
+#include <numeric>
 
 namespace {
 
@@ -35,30 +36,49 @@ std::vector<double> exactSums(const std::vector<double> &numbers, const SlidingW
     return sums;
 }
 
-constexpr size_t lanes = 8;
+constexpr size_t lanes = 16;
+constexpr size_t additionsPerReport = size_t{1} << 24;
 
-/// Sums `lanes` windows side by side, since each addition of one sum has to wait for the one before.
-void addLanes(const double *numbers, const SlidingWindows &windows, size_t first, double *sums)
+/// Sums `lanes` windows that begin one number after the other side by side, since each addition of one sum has to wait
+/// for the one before.
+void addLanes(const double *numbers, const SlidingWindows &windows, const size_t *which, double *sums)
 {
-    std::array<const double *, lanes> starts;
-    int common = windows.size(first);
-    for (size_t lane = 0; lane < lanes; ++lane) {
-        starts[lane] = numbers + windows.begins[first + lane];
-        common = std::min(common, windows.size(first + lane));
+    const double *const start = numbers + windows.begins[which[0]];
+    int common = windows.size(which[0]);
+    for (size_t lane = 1; lane < lanes; ++lane) {
+        common = std::min(common, windows.size(which[lane]));
     }
     std::array<double, lanes> totals{};
     for (int i = 0; i < common; ++i) {
         for (size_t lane = 0; lane < lanes; ++lane) {
-            totals[lane] += starts[lane][i];
+            totals[lane] += start[static_cast<size_t>(i) + lane];
         }
     }
     for (size_t lane = 0; lane < lanes; ++lane) {
         double total = totals[lane];
-        for (int i = common; i < windows.size(first + lane); ++i) {
-            total += starts[lane][i];
+        for (int i = common; i < windows.size(which[lane]); ++i) {
+            total += start[static_cast<size_t>(i) + lane];
         }
-        sums[first + lane] = total;
+        sums[which[lane]] = total;
     }
+}
+
+bool growsFromLast(const SlidingWindows &windows, size_t window)
+{
+    return window > 0 && windows.begins[window] == windows.begins[window - 1];
+}
+
+/// Windows that begin elsewhere than the one before.
+std::vector<size_t> newWindows(const SlidingWindows &windows)
+{
+    std::vector<size_t> found;
+    found.reserve(windows.count());
+    for (size_t i = 0; i < windows.count(); ++i) {
+        if (!growsFromLast(windows, i)) {
+            found.push_back(i);
+        }
+    }
+    return found;
 }
 
 /// Binary tree of counts by which the number at a place in the order of a changing set is found.
@@ -137,25 +157,38 @@ std::vector<double> extremes(const std::vector<double> &numbers, const SlidingWi
 
 } // namespace
 
-std::vector<double> SlidingFigures::sums(const std::vector<double> &numbers, const SlidingWindows &windows)
+std::vector<double> SlidingFigures::sums(
+    const std::vector<double> &numbers, const SlidingWindows &windows, const Progress &progress)
 {
     if (addExactly(numbers)) {
         return exactSums(numbers, windows);
     }
     std::vector<double> sums(windows.count(), 0.0);
-    size_t i = 0;
-    while (i < sums.size()) {
-        const bool grows = i > 0 && windows.begins[i] == windows.begins[i - 1];
-        if (!grows && i + lanes <= sums.size()) {
-            addLanes(numbers.data(), windows, i, sums.data());
+    const std::vector<size_t> anew = newWindows(windows);
+    size_t additions = 0;
+    for (size_t i = 0; i < anew.size();) {
+        const size_t last = i + lanes - 1;
+        const auto size = static_cast<size_t>(windows.size(anew[i]));
+        if (last < anew.size() && windows.begins[anew[last]] == windows.begins[anew[i]] + static_cast<int>(lanes) - 1) {
+            addLanes(numbers.data(), windows, &anew[i], sums.data());
             i += lanes;
-            continue;
+            additions += size * lanes;
+        } else {
+            const double *const first = numbers.data() + windows.begins[anew[i]];
+            sums[anew[i]] = std::accumulate(first, first + size, 0.0);
+            ++i;
+            additions += size;
         }
-        double total = grows ? sums[i - 1] : 0.0;
-        for (int at = grows ? windows.ends[i - 1] : windows.begins[i]; at < windows.ends[i]; ++at) {
-            total += numbers[static_cast<size_t>(at)];
+        if (additions >= additionsPerReport && progress) {
+            progress(static_cast<double>(i) / static_cast<double>(anew.size()));
+            additions = 0;
         }
-        sums[i++] = total;
+    }
+    for (size_t i = 1; i < sums.size(); ++i) {
+        if (growsFromLast(windows, i)) {
+            const auto begin = numbers.cbegin() + windows.ends[i - 1];
+            sums[i] = std::accumulate(begin, numbers.cbegin() + windows.ends[i], sums[i - 1]);
+        }
     }
     return sums;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <vector>
 
 /// Windows over a list of numbers, as positions from `begins` to before `ends`. Neither bound ever falls from one
@@ -23,7 +24,12 @@ struct SlidingWindows
 /// its last number. The figure of an empty window is 0. No number may be NaN.
 namespace SlidingFigures {
 
-std::vector<double> sums(const std::vector<double> &numbers, const SlidingWindows &windows);
+/// Takes the fraction done, now and then.
+using Progress = std::function<void(double)>;
+
+/// Numbers whose sums may be rounded are added anew for each window, so wide windows take their time.
+std::vector<double> sums(
+    const std::vector<double> &numbers, const SlidingWindows &windows, const Progress &progress = nullptr);
 std::vector<double> minimums(const std::vector<double> &numbers, const SlidingWindows &windows);
 std::vector<double> maximums(const std::vector<double> &numbers, const SlidingWindows &windows);
 std::vector<double> medians(const std::vector<double> &numbers, const SlidingWindows &windows);

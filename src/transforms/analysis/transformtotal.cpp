@@ -13,6 +13,7 @@
 class TransformTotal final : public Transform
 {
     static constexpr int shownFailures = 5;
+    static constexpr int announced = 32; ///< rows that the index of groups fetches ahead
 
 public:
     TransformTotal()
@@ -66,6 +67,9 @@ private:
         TextBuffer text;
         for (int row = 0; row < rowCount; ++row) {
             reportRow(row, rowCount);
+            if (groups && row % announced == 0) {
+                groups->announce(row, qMin(row + announced, rowCount));
+            }
             const size_t group = groups ? static_cast<size_t>(groups->add(row)) : 0;
             if (group >= sums.size()) {
                 sums.push_back(0.0);

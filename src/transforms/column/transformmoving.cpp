@@ -15,6 +15,8 @@ class TransformMoving final : public Transform
 
     static constexpr int shownFailures = 4;
     static constexpr int mostRows = 999999;
+    static constexpr double begunFigures = 0.5; ///< of the progress
+    static constexpr double begunWriting = 0.75;
 
 public:
     TransformMoving()
@@ -77,7 +79,7 @@ private:
         NewColumn out(column.size());
         TextBuffer text;
         for (int row = 0; row < column.size(); ++row) {
-            reportHalf(0.5, row, column.size());
+            report(begunWriting, 1.0, row, column.size());
             if (windows.size(static_cast<size_t>(row)) == 0) {
                 out.appendEmpty();
                 continue;
@@ -98,7 +100,7 @@ private:
         NumberFailures failures(shownFailures);
         before.reserve(static_cast<size_t>(column.size()) + 1);
         for (int row = 0; row < column.size(); ++row) {
-            reportHalf(0.0, row, column.size());
+            report(0.0, begunFigures, row, column.size());
             before.push_back(static_cast<int>(numbers.size()));
             bool ok = false;
             const double number = reader.read(cells[row], &ok);
@@ -113,10 +115,10 @@ private:
         return numbers;
     }
 
-    void reportHalf(double begin, int row, int rowCount)
+    void report(double begin, double end, int row, int rowCount)
     {
         if (row % progressStep == 0) {
-            emit processed(begin + 0.5 * row / rowCount);
+            emit processed(begin + (end - begin) * row / rowCount);
         }
     }
 
@@ -142,14 +144,13 @@ private:
         return windows;
     }
 
-    static std::vector<double> figuresOf(
-        int calculation, const std::vector<double> &numbers, const SlidingWindows &windows)
+    std::vector<double> figuresOf(int calculation, const std::vector<double> &numbers, const SlidingWindows &windows)
     {
         switch (calculation) {
         case Median:
             return SlidingFigures::medians(numbers, windows);
         case Sum:
-            return SlidingFigures::sums(numbers, windows);
+            return sums(numbers, windows);
         case Minimum:
             return SlidingFigures::minimums(numbers, windows);
         case Maximum:
@@ -165,11 +166,17 @@ private:
             }
             return figures;
         }
-        std::vector<double> figures = SlidingFigures::sums(numbers, windows);
+        std::vector<double> figures = sums(numbers, windows);
         for (size_t i = 0; i < figures.size(); ++i) {
             figures[i] /= qMax(1, windows.size(i));
         }
         return figures;
+    }
+
+    std::vector<double> sums(const std::vector<double> &numbers, const SlidingWindows &windows)
+    {
+        return SlidingFigures::sums(numbers, windows,
+            [this](double done) { emit processed(begunFigures + (begunWriting - begunFigures) * done); });
     }
 };
 
