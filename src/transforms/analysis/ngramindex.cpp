@@ -16,7 +16,7 @@ NgramIndex::NgramIndex(int least, int most, bool caseSensitive)
     : m_least(least)
     , m_most(most)
     , m_caseSensitive(caseSensitive)
-    , m_slots(1024, -1)
+    , m_slots(1024)
 {
 }
 
@@ -30,10 +30,10 @@ const std::vector<int> &NgramIndex::ngramsOf(const QString &text)
         const size_t end = std::min(count, start + static_cast<size_t>(m_most));
         int number = -1;
         for (size_t i = start; i < end; ++i) {
-            number = following(number, m_wordsOfText[i]);
-            Node &node = m_nodes[static_cast<size_t>(number)];
-            if (node.words >= m_least && node.lastText != m_textCount) {
-                node.lastText = m_textCount;
+            Slot &slot = following(number, m_wordsOfText[i]);
+            number = slot.number;
+            if (i - start + 1 >= static_cast<size_t>(m_least) && slot.lastText != m_textCount) {
+                slot.lastText = m_textCount;
                 m_found.push_back(number);
             }
         }
@@ -86,50 +86,48 @@ int NgramIndex::wordNumber(const QChar *word, int size)
     return number;
 }
 
-size_t NgramIndex::slotOf(int prefix, int word) const
+/// The place of a sequence, or the empty one where it belongs.
+NgramIndex::Slot &NgramIndex::slotOf(int prefix, int word)
 {
     constexpr quint64 multiplier = 0x9E3779B97F4A7C15ULL;
     const quint64 key = static_cast<quint64>(static_cast<quint32>(prefix)) << 32 | static_cast<quint32>(word);
     const size_t mask = m_slots.size() - 1;
     quint64 mixed = key * multiplier;
     mixed ^= mixed >> 32;
-    size_t slot = static_cast<size_t>(mixed * multiplier >> 20) & mask;
-    while (m_slots[slot] >= 0) {
-        const Node &node = m_nodes[static_cast<size_t>(m_slots[slot])];
-        if (node.prefix == prefix && node.word == word) {
-            break;
-        }
-        slot = (slot + 1) & mask;
+    size_t at = static_cast<size_t>(mixed * multiplier >> 20) & mask;
+    while (m_slots[at].number >= 0 && (m_slots[at].prefix != prefix || m_slots[at].word != word)) {
+        at = (at + 1) & mask;
     }
-    return slot;
+    return m_slots[at];
 }
 
-int NgramIndex::following(int prefix, int word)
+NgramIndex::Slot &NgramIndex::following(int prefix, int word)
 {
-    size_t slot = slotOf(prefix, word);
-    if (m_slots[slot] >= 0) {
-        return m_slots[slot];
+    Slot *slot = &slotOf(prefix, word);
+    if (slot->number >= 0) {
+        return *slot;
     }
-    if (m_nodes.size() * 2 >= m_slots.size()) {
+    if (m_nodes.size() * 4 >= m_slots.size() * 3) {
         grow();
-        slot = slotOf(prefix, word);
+        slot = &slotOf(prefix, word);
     }
-    const int number = size();
-    m_slots[slot] = number;
+    *slot = {prefix, word, size(), 0};
     const int wordLength = m_words[static_cast<size_t>(word)].size();
     if (prefix < 0) {
-        m_nodes.push_back({prefix, word, 1, wordLength, 0});
+        m_nodes.push_back({prefix, word, 1, wordLength});
     } else {
-        m_nodes.push_back({prefix, word, wordCount(prefix) + 1, length(prefix) + 1 + wordLength, 0});
+        m_nodes.push_back({prefix, word, wordCount(prefix) + 1, length(prefix) + 1 + wordLength});
     }
-    return number;
+    return *slot;
 }
 
 void NgramIndex::grow()
 {
-    m_slots.assign(m_slots.size() * 2, -1);
-    for (int number = 0; number < size(); ++number) {
-        const Node &node = m_nodes[static_cast<size_t>(number)];
-        m_slots[slotOf(node.prefix, node.word)] = number;
+    std::vector<Slot> before(m_slots.size() * 2);
+    before.swap(m_slots);
+    for (const Slot &slot : before) {
+        if (slot.number >= 0) {
+            slotOf(slot.prefix, slot.word) = slot;
+        }
     }
 }

@@ -30,12 +30,20 @@ private:
         int word;
         int words;
         int length;
+    };
+    /// A place in the hash table. It holds all that a look-up needs, since a second place in memory would double the
+    /// time.
+    struct Slot
+    {
+        int prefix;
+        int word;
+        int number = -1;
         int lastText; ///< the text in which it was seen last
     };
     void readWords(const QString &text);
     int wordNumber(const QChar *word, int size);
-    int following(int prefix, int word);
-    size_t slotOf(int prefix, int word) const;
+    Slot &following(int prefix, int word);
+    Slot &slotOf(int prefix, int word);
     void grow();
 
     const int m_least;
@@ -44,7 +52,7 @@ private:
     QHash<QString, int> m_wordNumbers;
     std::vector<QString> m_words;
     std::vector<Node> m_nodes;
-    std::vector<int> m_slots; ///< numbers of nodes or -1; a power of two, at most half used
+    std::vector<Slot> m_slots; ///< a power of two, at most three quarters used
     std::vector<int> m_wordsOfText;
     std::vector<int> m_found;
     int m_textCount = 0;
