@@ -131,9 +131,16 @@ QVariantList TransformNode::summaryRow() const
 void TransformNode::setInputsChanged(bool connected)
 {
     m_transform->setInputs(asSources(upstreamNodes(true)));
-    if (connected) {
-        refreshColumnOptions();
+    if (!connected) {
+        return;
     }
+    // An option that lists the columns to keep means those of what was connected before.
+    for (Parameter *parameter : m_transform->parameters()) {
+        if (parameter->kind() == Parameter::RemoveColumns) {
+            parameter->selectAllColumns();
+        }
+    }
+    refreshColumnOptions();
 }
 
 bool TransformNode::updateInputOrder()

@@ -206,6 +206,7 @@ VerifyRuleSet Parameter::toVerifyRules() const
 void Parameter::setValue(const QVariant &value)
 {
     m_value = value;
+    m_selectAllPending = false;
     dropDeferred();
 }
 
@@ -283,6 +284,7 @@ void Parameter::preselectSingleColumn()
 
 void Parameter::selectAllColumns()
 {
+    m_selectAllPending = m_node && !m_node->isReady();
     if (m_node && (m_kind == MultipleColumns || m_kind == RemoveColumns)) {
         m_value = QVariant::fromValue(m_node->datasetConst().columnIds());
     }

@@ -129,6 +129,7 @@ public:
 
     /// Chooses the only column of a one-column table.
     void preselectSingleColumn();
+    /// Chooses all columns; those of a table that isn't there yet as soon as it is.
     void selectAllColumns();
     QStringList columnNamesFor(const QList<ColumnId> &ids) const;
 
@@ -184,6 +185,7 @@ private:
     int m_deferredVersion = -1;
     bool m_hasDeferredText = false;
     QString m_deferredText;
+    bool m_selectAllPending = false;
     QVariant m_value;
     QVariant m_choices;
     int m_minInt = 0;

@@ -255,6 +255,7 @@ void Parameter::readRecord(const QStringList &parts)
 
 void Parameter::setDeferredText(const QString &text, int version)
 {
+    m_selectAllPending = false;
     m_deferredText = text;
     m_deferredVersion = version;
     m_hasDeferredText = true;
@@ -272,6 +273,9 @@ void Parameter::dropDeferred()
 
 void Parameter::resolveDeferred()
 {
+    if (m_selectAllPending && m_node && m_node->isReady()) {
+        selectAllColumns();
+    }
     if (!m_hasDeferredText || (m_node && !m_node->isReady())) {
         return;
     }

@@ -252,3 +252,23 @@ TEST(ParameterColumns, AreSavedThoughTheTableUpstreamCanNotBeReadAnyMore)
         EXPECT_EQ(parameter.toDocumentText(), stored) << "a run without the table forgets nothing";
     }
 }
+
+TEST(ParameterColumns, AllOfATableThatIsNotThereYetAreChosenWhenItIs)
+{
+    FakeSource source(grid({"x|y", "1|2"}));
+    const Dataset table = source.dataset();
+    source.dataset() = Dataset();
+    source.setReady(false);
+    Parameter parameter(Parameter::RemoveColumns, "Columns", "Columns", &source);
+    parameter.selectAllColumns();
+    parameter.resolveDeferred();
+    EXPECT_TRUE(parameter.toColumnNumbers(true).isEmpty());
+    source.dataset() = table;
+    source.setReady(true);
+    parameter.resolveDeferred();
+    EXPECT_EQ(parameter.toColumnNumbers(true).size(), 2);
+
+    parameter.setValue(QVariant::fromValue(QList<ColumnId>{b}));
+    parameter.resolveDeferred();
+    EXPECT_EQ(parameter.toColumnNumbers(true), QList<ColumnNumber>{ColumnNumber(2)}) << "only once";
+}
