@@ -1,18 +1,8 @@
 #include "data/rowkeyindex.h"
 
+#include "data/cellhash.h"
+
 #include <QVarLengthArray>
-
-namespace {
-
-constexpr quint64 multiplier = 0x9E3779B97F4A7C15ULL;
-
-quint64 mixed(quint64 hash, quint64 word)
-{
-    hash = (hash ^ word) * multiplier;
-    return hash ^ hash >> 29;
-}
-
-} // namespace
 
 RowKeyIndex::RowKeyIndex(std::vector<const Cell *> columns)
     : m_columns(std::move(columns))
@@ -20,29 +10,11 @@ RowKeyIndex::RowKeyIndex(std::vector<const Cell *> columns)
 {
 }
 
-quint64 RowKeyIndex::hashOf(const Cell &cell)
-{
-    if (cell.isInline()) {
-        return cell.bits() * multiplier;
-    }
-    const char *bytes = cell.bytes();
-    const int size = cell.size();
-    quint64 hash = static_cast<quint64>(size);
-    quint64 word;
-    for (int i = 0; i + 8 < size; i += 8) {
-        std::memcpy(&word, bytes + i, 8);
-        hash = mixed(hash, word);
-    }
-    // Texts outside the cell have eight bytes or more; the last eight may overlap those before.
-    std::memcpy(&word, bytes + size - 8, 8);
-    return mixed(hash, word);
-}
-
 quint32 RowKeyIndex::hashOf(int row) const
 {
     quint64 hash = 0;
     for (const Cell *cells : m_columns) {
-        hash = mixed(hash, hashOf(cells[row]));
+        hash = CellHash::mixed(hash, CellHash::of(cells[row]));
     }
     return static_cast<quint32>(hash >> 32);
 }

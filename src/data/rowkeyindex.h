@@ -28,7 +28,6 @@ private:
         quint32 hash = 0;
         int number = -1;
     };
-    static quint64 hashOf(const Cell &cell);
     quint32 hashOf(int row) const;
     bool sameKey(int a, int b) const;
     size_t slotOf(int row, quint32 hash) const;

@@ -1,5 +1,7 @@
 #include "transforms/keyindex.h"
 
+#include "data/cellhash.h"
+
 #include <QVarLengthArray>
 
 namespace {
@@ -39,28 +41,9 @@ CellColumn keyColumn(const CellColumn &column, bool caseSensitive)
     return keys;
 }
 
-quint32 cellHash(const Cell &cell)
+quint32 KeyIndex::slotFor(const Cell &key) const
 {
-    constexpr quint64 multiplier = 0x9E3779B97F4A7C15ULL;
-    quint64 hash;
-    if (cell.isInline()) {
-        hash = cell.bits() * multiplier;
-    } else {
-        const char *bytes = cell.bytes();
-        const int size = cell.size();
-        hash = static_cast<quint64>(size) * multiplier;
-        for (int i = 0; i + 8 <= size; i += 8) {
-            quint64 word;
-            std::memcpy(&word, bytes + i, 8);
-            hash = (hash ^ word) * multiplier;
-            hash ^= hash >> 29;
-        }
-        quint64 last; // texts outside the cell have eight bytes or more; the last eight may overlap those before
-        std::memcpy(&last, bytes + size - 8, 8);
-        hash = (hash ^ last) * multiplier;
-    }
-    hash ^= hash >> 32;
-    return static_cast<quint32>(hash * 0xD6E8FEB86659FD93ULL >> 32);
+    return static_cast<quint32>(CellHash::of(key) >> 32) & m_mask;
 }
 
 KeyIndex::KeyIndex(const CellColumn &keys)
@@ -76,7 +59,7 @@ KeyIndex::KeyIndex(const CellColumn &keys)
     // From the last row to the first, so that each key's rows come out in ascending order.
     for (int row = keys.size() - 1; row >= 0; --row) {
         const Cell &key = keys.at(row);
-        quint32 slot = cellHash(key) & m_mask;
+        quint32 slot = slotFor(key);
         while (m_slots[slot] >= 0 && !keys.at(m_slots[slot]).sameText(key)) {
             slot = (slot + 1) & m_mask;
         }
@@ -88,7 +71,7 @@ KeyIndex::KeyIndex(const CellColumn &keys)
 
 int KeyIndex::firstRow(const Cell &key) const
 {
-    quint32 slot = cellHash(key) & m_mask;
+    quint32 slot = slotFor(key);
     while (m_slots[slot] >= 0 && !m_keys.at(m_slots[slot]).sameText(key)) {
         slot = (slot + 1) & m_mask;
     }

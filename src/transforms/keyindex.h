@@ -8,9 +8,6 @@
 /// once and compared by their bytes.
 CellColumn keyColumn(const CellColumn &column, bool caseSensitive);
 
-/// Hash of a cell's text; equal texts have equal hashes.
-quint32 cellHash(const Cell &cell);
-
 /// Finds the rows of a column of keys that hold a text. Keeps the column's cells alive.
 class KeyIndex
 {
@@ -26,6 +23,8 @@ public:
     const CellColumn &keys() const { return m_keys; }
 
 private:
+    quint32 slotFor(const Cell &key) const;
+
     CellColumn m_keys;
     std::vector<int> m_slots; // first row of a key, or -1
     std::vector<int> m_next;

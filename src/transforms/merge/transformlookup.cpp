@@ -109,6 +109,8 @@ private:
     Dataset withoutValues(const OptionValues &values, const Dataset &top, const QString &resultText);
     void nameNewColumn(Dataset &result, const QString &name) const;
     void fillColumn(Task &task, Dataset &result);
+    static Cell missedValue(Task &task, const VariableTemplate &missText, int topRow);
+    Found valueFor(Task &task, int topRow);
     Found exactValue(Task &task, int topRow);
     Found fuzzyValue(Task &task, int topRow);
     Found comparedValue(Task &task, int topRow);
@@ -145,6 +147,25 @@ struct TransformLookup::Task
         topKeys = keyColumn(top.column(topKey), caseSensitive);
         bottomKeys = keyColumn(bottom.column(bottomKey), caseSensitive);
         bottomValues = bottom.column(bottomValue);
+        if (match == LookupMatch::Exact) {
+            index = std::make_unique<KeyIndex>(bottomKeys);
+        } else if (match == LookupMatch::Fuzzy) {
+            prepareSimilarKeys();
+        } else {
+            QString topFormat;
+            QString bottomFormat;
+            top.isColumnDate(topKey, dateFormats(), &topFormat, 50);
+            bottom.isColumnDate(bottomKey, dateFormats(), &bottomFormat, 50);
+            matcher = std::make_unique<LookupMatcher>(match, bottomKeys, bottomFormat, topFormat);
+        }
+    }
+    /// The first bottom row with the key is all that is wanted.
+    bool isOneLookUp() const { return match == LookupMatch::Exact && firstOnly && !ignoreEmpty; }
+    /// The share of the work that reading the bottom keys was.
+    qreal fractionBeforeRows() const
+    {
+        const qreal rows = static_cast<qreal>(top.rowCount()) + bottom.rowCount();
+        return match == LookupMatch::Exact && rows > 0 ? bottom.rowCount() / rows : 0.0;
     }
 
     void prepareSimilarKeys()
@@ -335,57 +356,58 @@ void TransformLookup::fillColumn(Task &task, Dataset &result)
     column.cells.resize(rowCount);
     Cell *cells = column.cells.data();
 
-    // A key's result depends on nothing but the key, so rows with equal keys share it. Exact finds that out itself.
-    const bool exact = task.match == LookupMatch::Exact;
-    const KeyIndex sameKeys(exact ? CellColumn() : task.topKeys);
-    std::vector<Found> known(exact ? 0U : static_cast<size_t>(rowCount));
-    if (exact) {
-        task.index = std::make_unique<KeyIndex>(task.bottomKeys);
-    } else if (task.match == LookupMatch::Fuzzy) {
-        task.prepareSimilarKeys();
-    } else {
-        QString topFormat;
-        QString bottomFormat;
-        task.top.isColumnDate(task.topKey, dateFormats(), &topFormat, 50);
-        task.bottom.isColumnDate(task.bottomKey, dateFormats(), &bottomFormat, 50);
-        task.matcher = std::make_unique<LookupMatcher>(task.match, task.bottomKeys, bottomFormat, topFormat);
-    }
-
+    // What a key finds depends on nothing but the key, so rows with equal keys share it where finding it takes longer
+    // than one look-up.
+    const bool shared = !task.isOneLookUp();
+    const KeyIndex sameKeys(shared ? task.topKeys : CellColumn());
+    std::vector<Found> known(shared ? static_cast<size_t>(rowCount) : 0U);
     const VariableTemplate missText(task.top, task.missText);
-    const CellColumn &topCells = task.top.column(task.topKey);
     const int step = task.match == LookupMatch::Fuzzy ? 10 : progressStep;
+    const qreal begun = task.fractionBeforeRows();
     for (int row = 0; row < rowCount; ++row) {
         if (row % step == 0) {
-            emit processed(static_cast<qreal>(row) / rowCount);
+            emit processed(begun + (1 - begun) * row / rowCount);
         }
+        const int first = shared ? sameKeys.firstRow(task.topKeys.at(row)) : row;
         Found found;
-        if (exact) {
-            found = exactValue(task, row);
+        if (first != row) {
+            found = known[static_cast<size_t>(first)];
         } else {
-            const int first = sameKeys.firstRow(task.topKeys.at(row));
-            Found &kept = known[static_cast<size_t>(first)];
-            if (first == row) {
-                kept = task.match == LookupMatch::Fuzzy ? fuzzyValue(task, row) : comparedValue(task, row);
+            found = valueFor(task, row);
+            if (shared) {
+                known[static_cast<size_t>(row)] = found;
             }
-            found = kept;
         }
-        if (found.matched) {
-            ++task.matched;
-            cells[row] = found.cell;
-            continue;
-        }
-        if (task.misses.wantsText()) {
-            task.misses.add(QStringLiteral("'%1' at row %2").arg(topCells.at(row).text(), QString::number(row + 1)));
-        } else {
-            task.misses.addHidden();
-        }
-        if (!task.useMissText) {
-            cells[row] = topCells.at(row);
-        } else if (!task.missText.isEmpty()) {
-            cells[row] = task.arena->store(missText.text(task.top, RowIndex(row)));
-        }
+        task.matched += found.matched;
+        cells[row] = found.matched ? found.cell : missedValue(task, missText, row);
     }
     result.setColumn(result.lastColumn(), column);
+}
+
+Cell TransformLookup::missedValue(Task &task, const VariableTemplate &missText, int topRow)
+{
+    const Cell &key = task.top.column(task.topKey).at(topRow);
+    if (task.misses.wantsText()) {
+        task.misses.add(QStringLiteral("'%1' at row %2").arg(key.text(), QString::number(topRow + 1)));
+    } else {
+        task.misses.addHidden();
+    }
+    if (!task.useMissText) {
+        return key;
+    }
+    return task.missText.isEmpty() ? Cell() : task.arena->store(missText.text(task.top, RowIndex(topRow)));
+}
+
+TransformLookup::Found TransformLookup::valueFor(Task &task, int topRow)
+{
+    switch (task.match) {
+    case LookupMatch::Exact:
+        return exactValue(task, topRow);
+    case LookupMatch::Fuzzy:
+        return fuzzyValue(task, topRow);
+    default:
+        return comparedValue(task, topRow);
+    }
 }
 
 TransformLookup::Found TransformLookup::exactValue(Task &task, int topRow)
