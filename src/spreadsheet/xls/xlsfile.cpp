@@ -1,0 +1,34 @@
+#include "spreadsheet/xls/xlsfile.h"
+
+#include "spreadsheet/bookdata.h"
+
+namespace spreadsheet {
+
+struct XlsFile::Source
+{
+};
+
+XlsFile::XlsFile() = default;
+XlsFile::~XlsFile() = default;
+
+bool XlsFile::load(const QString &, BookData &)
+{
+    return fail(QStringLiteral("Not readable"));
+}
+
+bool XlsFile::readSheet(int, BookData &, Sheet &)
+{
+    return fail(QStringLiteral("Not readable"));
+}
+
+bool XlsFile::hasCells(int, BookData &)
+{
+    return fail(QStringLiteral("Not readable"));
+}
+
+bool XlsFile::save(const QString &, BookData &)
+{
+    return fail(QStringLiteral("Not writable"));
+}
+
+} // namespace spreadsheet

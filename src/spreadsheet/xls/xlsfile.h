@@ -1,0 +1,23 @@
+#pragma once
+
+#include "spreadsheet/bookfile.h"
+
+namespace spreadsheet {
+
+/// Workbooks of the BIFF8 kind: records in a stream of a compound file.
+class XlsFile final : public BookFile
+{
+public:
+    XlsFile();
+    ~XlsFile() override;
+    bool load(const QString &path, BookData &book) override;
+    bool readSheet(int source, BookData &book, Sheet &sheet) override;
+    bool hasCells(int source, BookData &book) override;
+    bool save(const QString &path, BookData &book) override;
+
+private:
+    struct Source;
+    std::unique_ptr<Source> m_source; // the loaded file; null for a new book
+};
+
+} // namespace spreadsheet

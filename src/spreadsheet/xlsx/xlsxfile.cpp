@@ -1,0 +1,34 @@
+#include "spreadsheet/xlsx/xlsxfile.h"
+
+#include "spreadsheet/bookdata.h"
+
+namespace spreadsheet {
+
+struct XlsxFile::Source
+{
+};
+
+XlsxFile::XlsxFile() = default;
+XlsxFile::~XlsxFile() = default;
+
+bool XlsxFile::load(const QString &, BookData &)
+{
+    return fail(QStringLiteral("Not readable"));
+}
+
+bool XlsxFile::readSheet(int, BookData &, Sheet &)
+{
+    return fail(QStringLiteral("Not readable"));
+}
+
+bool XlsxFile::hasCells(int, BookData &)
+{
+    return fail(QStringLiteral("Not readable"));
+}
+
+bool XlsxFile::save(const QString &, BookData &)
+{
+    return fail(QStringLiteral("Not writable"));
+}
+
+} // namespace spreadsheet
