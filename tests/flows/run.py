@@ -7,7 +7,8 @@ A case folder holds flow.transform, its input files, expected/ with each file th
 expected/run.log (the log at verbosity 4, with times and the folder's path taken out), and, where they differ from the
 usual, `arguments` (one more argument a line; {dir} is the folder) and `exit` (the exit code, 0 by default).
 The document's paths begin with /flows/<case>/, its doc_path with them, so that opening it elsewhere finds the files
-beside it. --record writes expected/ anew: review the difference before committing it."""
+beside it. A document then.transform is run after it in the same folder, with then.log: it reads back what the first one
+wrote. Workbooks that are written are expected to be there, and compared by what is read back. --record writes expected/ anew: review the difference before committing it."""
 import os
 import pathlib
 import re
@@ -35,9 +36,16 @@ def run_case(program, case, work):
     arguments = [a.replace("{dir}", str(work)) for a in arguments]
     environment = {k: v for k, v in os.environ.items() if k not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
     environment.update(LC_ALL="en_US.UTF-8", TZ="UTC", XDG_CONFIG_HOME=str(work / ".config"), HOME=str(work / ".config"))
-    result = subprocess.run(
-        [program, str(work / "flow.transform"), "-cli", "-verbosity", "4", "-log", str(work / "run.log"), *arguments],
-        env=environment, cwd=work, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=120)
+
+    def run(document, log):
+        return subprocess.run(
+            [program, str(work / document), "-cli", "-verbosity", "4", "-log", str(work / log), *arguments],
+            env=environment, cwd=work, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+            timeout=120)
+
+    result = run("flow.transform", "run.log")
+    if (work / "then.transform").exists() and result.returncode == 0:
+        result = run("then.transform", "then.log")
     written = {}
     for path in sorted(work.rglob("*")):
         name = path.relative_to(work)
@@ -48,11 +56,14 @@ def run_case(program, case, work):
         if changed != (case / name).read_bytes():
             written[name] = changed
     written = {name: data.replace(str(work).encode(), b"{dir}") for name, data in written.items()}
-    if "run.log" in written:
-        text = written["run.log"].decode("utf-8")
-        for pattern, replacement in TIMES:
-            text = pattern.sub(replacement, text)
-        written["run.log"] = text.encode("utf-8")
+    for name in written:
+        if name.endswith((".xlsx", ".xls")):
+            written[name] = b"(workbook)"
+        elif name in ("run.log", "then.log"):
+            text = written[name].decode("utf-8")
+            for pattern, replacement in TIMES:
+                text = pattern.sub(replacement, text)
+            written[name] = text.encode("utf-8")
     return result, written
 
 
