@@ -1,5 +1,6 @@
 #pragma once
 
+#include "inputs/blockreader.h"
 #include "inputs/delimitedparser.h"
 
 #include <QStringList>
@@ -29,15 +30,13 @@ struct DelimitedOptions
 class DelimitedReader
 {
 public:
-    static constexpr int usualBlockSize = 1 << 18;
-
     DelimitedReader(const DelimitedOptions &options, TextSource *source);
 
     /// Called now and then with the share done, 0 to 1, or 0 all along for a source of unknown size; may throw, which
     /// ends the reading.
-    void setProgress(std::function<void(double)> progress) { m_progress = std::move(progress); }
+    void setProgress(std::function<void(double)> progress) { m_reader.setProgress(std::move(progress)); }
     /// Bytes read at a time, about; at least 1.
-    void setBlockSize(int size) { m_blockSize = size; }
+    void setBlockSize(int size) { m_reader.setBlockSize(size); }
 
     /// Appends what the source holds to `dataset`. Throws std::bad_alloc when there is too much of it.
     void read(Dataset *dataset);
@@ -46,15 +45,10 @@ public:
     const QStringList &warnings() const { return m_warnings; }
 
 private:
-    class Buffer;
-    DelimitedSyntax chooseSyntax(const Buffer &buffer);
-    void parse(Buffer &buffer, const DelimitedSyntax &syntax, RowBatch &batch);
-    void reportProgress();
+    DelimitedSyntax chooseSyntax();
 
     const DelimitedOptions m_options;
-    TextSource *m_source;
-    std::function<void(double)> m_progress;
-    int m_blockSize = usualBlockSize;
+    BlockReader m_reader;
     QStringList m_infos;
     QStringList m_warnings;
 };

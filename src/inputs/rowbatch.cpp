@@ -1,7 +1,13 @@
 #include "inputs/rowbatch.h"
 
+#include "data/values.h"
+#include "transforms/tablesize.h"
+
+#include <new>
+
 RowBatch::RowBatch(const RowRules &rules, Dataset *dataset)
     : m_rules(rules)
+    , m_dataset(dataset)
     , m_appender(dataset)
     , m_widths(rules.ignoredRows)
     , m_texts(textsAtOnce)
@@ -86,8 +92,20 @@ void RowBatch::dropUnfinishedRow()
 
 void RowBatch::flush()
 {
+    const qint64 rows = m_dataset->rowCount() + static_cast<qint64>(m_rowEnds.size());
+    if (!TableSize::isPossible(rows, qMax(m_dataset->columnCount(), m_widths.widest()))) {
+        throw std::bad_alloc();
+    }
     m_appender.appendRows(m_bytes, m_texts.data(), m_rowEnds.data(), static_cast<int>(m_rowEnds.size()));
     m_rowEnds.clear();
     m_count = 0;
     m_rowBegin = 0;
+}
+
+QStringList RowBatch::infos() const
+{
+    if (m_emptyRowsDropped == 0) {
+        return QStringList();
+    }
+    return {QStringLiteral("%1 empty row(s) ignored").arg(formatInteger(m_emptyRowsDropped, true))};
 }

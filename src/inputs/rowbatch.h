@@ -48,10 +48,12 @@ public:
     void finishRow(bool unusual);
     /// Forgets the texts added since the last row ended.
     void dropUnfinishedRow();
-    /// Hands all finished rows to the table; nothing unfinished may be there.
+    /// Hands all finished rows to the table; nothing unfinished may be there. Throws std::bad_alloc when the table
+    /// would be larger than a computer can hold.
     void flush();
 
-    qint64 emptyRowsDropped() const { return m_emptyRowsDropped; }
+    /// Lines that tell of the rows that were dropped.
+    QStringList infos() const;
     const RowWidths &widths() const { return m_widths; }
 
 private:
@@ -63,6 +65,7 @@ private:
     static constexpr size_t textsAtOnce = 16384;
 
     const RowRules m_rules;
+    const Dataset *m_dataset;
     DatasetAppender m_appender;
     RowWidths m_widths;
     char *m_bytes = nullptr;

@@ -23,6 +23,7 @@ public:
         ++m_last->rows;
     }
 
+    int widest() const { return m_widths.empty() ? 0 : m_widths.rbegin()->first; }
     /// Lines that tell of rows of different widths; none when all are alike.
     QStringList report() const;
 

@@ -3,7 +3,9 @@
 #include "data/dataset.h"
 #include "graph/ionode.h"
 #include "inputs/delimitedreader.h"
+#include "inputs/fixedwidthreader.h"
 #include "inputs/textsource.h"
+#include "inputs/vcardreader.h"
 #include "platform/datafile.h"
 
 #include <QDir>
@@ -12,9 +14,6 @@
 
 bool SourceReader::readFile(const QString &path, Dataset *dataset)
 {
-    if (!canReadType()) {
-        return false;
-    }
     QFile file(path);
     const QString name = IONode::absoluteNativePath(path);
     if (!platform::openDataFile(file)) {
@@ -25,38 +24,24 @@ bool SourceReader::readFile(const QString &path, Dataset *dataset)
     if (m_options.encoding == TextSource::automatic() && m_options.applies(InputOptions::Encoding)) {
         m_infos.append(QStringLiteral("Encoding=Automatic guesses 'UTF-8', set 'Encoding' option to change"));
     }
-    TextSource source(&file, m_options.encoding);
+    const bool fixedEncoding = m_options.fileType == FileType::Json;
+    TextSource source(&file, fixedEncoding ? TextSource::automatic() : m_options.encoding);
     return readSource(source, name, dataset);
 }
 
 bool SourceReader::readText(const QString &text, Dataset *dataset)
 {
-    if (!canReadType()) {
-        return false;
-    }
     TextSource source(text);
     return readSource(source, Medium::label(Medium::Clipboard), dataset);
-}
-
-bool SourceReader::canReadType()
-{
-    switch (m_options.fileType) {
-    case FileType::Delimited:
-    case FileType::Yaml:
-    case FileType::Html:
-    case FileType::Markdown:
-        return true;
-    default:
-        m_warnings.append(QStringLiteral("Reading '%1' files is not supported by this version")
-                              .arg(FileType::label(m_options.fileType)));
-        return false;
-    }
 }
 
 bool SourceReader::readSource(TextSource &source, const QString &name, Dataset *dataset)
 {
     try {
-        readDelimited(source, dataset);
+        if (!readByType(source, dataset)) {
+            dataset->clear();
+            return false;
+        }
     } catch (const std::bad_alloc &) {
         dataset->clear();
         m_warnings.append(QStringLiteral("'%1' is too big for Quillmere to read").arg(name));
@@ -70,6 +55,31 @@ bool SourceReader::readSource(TextSource &source, const QString &name, Dataset *
     return true;
 }
 
+bool SourceReader::readByType(TextSource &source, Dataset *dataset)
+{
+    switch (m_options.fileType) {
+    case FileType::FixedWidth:
+        readFixedWidth(source, dataset);
+        return true;
+    case FileType::VCard:
+        readVCard(source, dataset);
+        return true;
+    case FileType::PlainText:
+        readPlainText(source, dataset);
+        return true;
+    case FileType::Json:
+    case FileType::Xml:
+    case FileType::ExcelXlsx:
+    case FileType::ExcelXls:
+        m_warnings.append(QStringLiteral("Reading '%1' files is not supported by this version")
+                              .arg(FileType::label(m_options.fileType)));
+        return false;
+    default: // types that are only written, too
+        readDelimited(source, dataset);
+        return true;
+    }
+}
+
 void SourceReader::readDelimited(TextSource &source, Dataset *dataset)
 {
     DelimitedOptions options;
@@ -77,10 +87,49 @@ void SourceReader::readDelimited(TextSource &source, Dataset *dataset)
     options.customDelimiter = m_options.customDelimiter;
     options.quoting = m_options.quoting;
     options.ignoreRepeatedDelimiter = m_options.ignoreRepeatedDelimiter;
-    options.rows = {m_options.trim, m_options.simplify, m_options.ignoreEmptyRows, m_options.ignoredRows};
+    options.rows = rowRules();
     DelimitedReader reader(options, &source);
     reader.setProgress(m_progress);
     reader.read(dataset);
     m_infos += reader.infos();
     m_warnings += reader.warnings();
+}
+
+/// Each line is a cell.
+void SourceReader::readPlainText(TextSource &source, Dataset *dataset)
+{
+    DelimitedOptions options;
+    // Without quotes lines are parted first, so what ends lines parts no cells.
+    options.delimiter = DelimiterKind::Custom;
+    options.customDelimiter = QLatin1Char('\n');
+    options.quoting = InputQuoting::Unquoted;
+    options.rows = rowRules();
+    DelimitedReader reader(options, &source);
+    reader.setProgress(m_progress);
+    reader.read(dataset);
+    m_infos += reader.infos();
+}
+
+void SourceReader::readFixedWidth(TextSource &source, Dataset *dataset)
+{
+    FixedWidthReader reader({m_options.autoFixedWidths, m_options.fixedWidths, rowRules()}, &source);
+    reader.setProgress(m_progress);
+    reader.read(dataset);
+    m_fixedWidths = reader.widths();
+    m_fixedWidthSample = reader.sample();
+    m_infos += reader.infos();
+}
+
+void SourceReader::readVCard(TextSource &source, Dataset *dataset)
+{
+    VCardReader reader(rowRules(), &source);
+    reader.setProgress(m_progress);
+    reader.read(dataset);
+    m_infos += reader.infos();
+    m_warnings += reader.warnings();
+}
+
+RowRules SourceReader::rowRules() const
+{
+    return {m_options.trim, m_options.simplify, m_options.ignoreEmptyRows, m_options.ignoredRows};
 }

@@ -7,8 +7,9 @@
 
 class Dataset;
 class TextSource;
+struct RowRules;
 
-/// Reads one source into a table by an input's options, whatever its type, and gathers what there is to tell.
+/// Reads one source of text into a table by an input's options, whatever its type, and gathers what there is to tell.
 class SourceReader
 {
 public:
@@ -28,12 +29,23 @@ public:
     const QStringList &infos() const { return m_infos; }
     const QStringList &warnings() const { return m_warnings; }
 
+    /// The column widths that text of fixed width was read by, and its first lines as they stand there; none for other
+    /// types.
+    const QList<int> &fixedWidths() const { return m_fixedWidths; }
+    const QStringList &fixedWidthSample() const { return m_fixedWidthSample; }
+
 private:
-    bool canReadType();
     bool readSource(TextSource &source, const QString &name, Dataset *dataset);
+    bool readByType(TextSource &source, Dataset *dataset);
     void readDelimited(TextSource &source, Dataset *dataset);
+    void readPlainText(TextSource &source, Dataset *dataset);
+    void readFixedWidth(TextSource &source, Dataset *dataset);
+    void readVCard(TextSource &source, Dataset *dataset);
+    RowRules rowRules() const;
 
     const InputOptions m_options;
+    QList<int> m_fixedWidths;
+    QStringList m_fixedWidthSample;
     std::function<void(double)> m_progress;
     QStringList m_infos;
     QStringList m_warnings;

@@ -3,7 +3,7 @@
 #include "data/dataset.h"
 #include "graph/runcontrol.h"
 #include "inputs/textsource.h"
-#include "support/printers.h"
+#include "support/grid.h"
 
 #include <QBuffer>
 #include <gtest/gtest.h>
@@ -62,4 +62,64 @@ TEST(SourceReader, ADeviceThatFailsInTheMiddleIsTold)
     EXPECT_EQ(source.read(bytes, 64), 4);
     EXPECT_EQ(source.read(bytes, 64), 0);
     EXPECT_TRUE(source.failed());
+}
+
+TEST(SourceReader, ReadsEachTypeByItsReader)
+{
+    struct TypeCase
+    {
+        const char *what;
+        int type;
+        QString text;
+        QStringList header;
+        QStringList rows;
+        QStringList infos;
+    };
+    const TypeCase cases[] = {
+        {"plain text is one column, whatever is in it", FileType::PlainText, "a,b\tc\r\n \"x\"\ry\n\nz", {},
+            {"a,b c", "\"x\"", "y", "z"}, {"1 empty row(s) ignored"}},
+        {"fixed width", FileType::FixedWidth, "ab cd\r\n\r\nx  y", {}, {"ab|cd", "x|y"},
+            {"Columns=Automatic guesses 2 columns, set 'Columns' option to 'Manual' to change",
+                "1 empty row(s) ignored"}},
+        {"contacts", FileType::VCard, "BEGIN:VCARD\nN:a,b\nEND:VCARD\n", {"N"}, {"a,b"}, {}},
+        {"types that are only written are delimited text", FileType::Yaml, "a,b\n", {}, {"a|b"},
+            {"Quoting=Automatic guesses 'Quoted', set 'Quoting' option to change"}},
+    };
+    for (const TypeCase &c : cases) {
+        SCOPED_TRACE(c.what);
+        InputOptions options;
+        options.fileType = c.type;
+        options.delimiter = DelimiterKind::Comma;
+        SourceReader reader(options);
+        Dataset dataset;
+        EXPECT_TRUE(reader.readText(c.text, &dataset));
+        EXPECT_EQ(dataset.header(), c.header);
+        EXPECT_EQ(rows(dataset), c.rows);
+        EXPECT_EQ(reader.infos(), c.infos);
+        EXPECT_EQ(reader.warnings(), QStringList());
+    }
+}
+
+TEST(SourceReader, PlainTextSkipsItsFirstLines)
+{
+    InputOptions options;
+    options.fileType = FileType::PlainText;
+    options.ignoredRows = 2;
+    options.trim = false;
+    options.ignoreEmptyRows = false;
+    SourceReader reader(options);
+    Dataset dataset;
+    EXPECT_TRUE(reader.readText("a\n\n b \n\nc", &dataset));
+    EXPECT_EQ(rows(dataset), (QStringList{" b ", "", "c"}));
+}
+
+TEST(SourceReader, HandsOnTheWidthsThatItFound)
+{
+    InputOptions options;
+    options.fileType = FileType::FixedWidth;
+    SourceReader reader(options);
+    Dataset dataset;
+    EXPECT_TRUE(reader.readText("ab cd\nx  y\n", &dataset));
+    EXPECT_EQ(reader.fixedWidths(), (QList<int>{3, 2}));
+    EXPECT_EQ(reader.fixedWidthSample(), (QStringList{"ab cd", "x  y"}));
 }
