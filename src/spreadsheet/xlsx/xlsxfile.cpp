@@ -1,12 +1,9 @@
 #include "spreadsheet/xlsx/xlsxfile.h"
 
 #include "spreadsheet/bookdata.h"
+#include "spreadsheet/xlsx/xlsxsource.h"
 
 namespace spreadsheet {
-
-struct XlsxFile::Source
-{
-};
 
 XlsxFile::XlsxFile() = default;
 XlsxFile::~XlsxFile() = default;
@@ -24,11 +21,6 @@ bool XlsxFile::readSheet(int, BookData &, Sheet &)
 bool XlsxFile::hasCells(int, BookData &)
 {
     return fail(QStringLiteral("Not readable"));
-}
-
-bool XlsxFile::save(const QString &, BookData &)
-{
-    return fail(QStringLiteral("Not writable"));
 }
 
 } // namespace spreadsheet

@@ -4,6 +4,8 @@
 
 namespace spreadsheet {
 
+struct XlsxSource;
+
 /// Workbooks of the Office Open XML kind: parts of XML in a zip archive.
 class XlsxFile final : public BookFile
 {
@@ -16,8 +18,7 @@ public:
     bool save(const QString &path, BookData &book) override;
 
 private:
-    struct Source;
-    std::unique_ptr<Source> m_source; // the loaded file; null for a new book
+    std::unique_ptr<XlsxSource> m_source; // the loaded file; null for a new book
 };
 
 } // namespace spreadsheet

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "spreadsheet/xlsx/ziparchive.h"
+
+#include <QString>
+#include <memory>
+#include <vector>
+
+namespace spreadsheet {
+
+/// What is kept of a loaded workbook file. Parts are named from the root of the archive, without a slash at the front.
+struct XlsxSource
+{
+    struct SheetPart
+    {
+        QString part;       ///< empty when the workbook names none that is there
+        QString relationId; ///< of the workbook's relation to the part
+        int sheetId = 0;    ///< the workbook's own number of the sheet
+    };
+
+    QString path;
+    std::unique_ptr<ZipArchive> archive;
+    QString workbookPart;
+    QString stylesPart;            ///< empty when there are none
+    QString textsPart;             ///< the shared texts; empty when there are none
+    std::vector<SheetPart> sheets; ///< by SheetEntry::source
+    quint32 loadedTexts = 0;       ///< so many texts of the book are those of the file, under the file's numbers
+    bool textsLoaded = false;      ///< they are read with the first sheet
+};
+
+} // namespace spreadsheet
