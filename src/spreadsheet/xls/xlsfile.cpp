@@ -1,12 +1,9 @@
 #include "spreadsheet/xls/xlsfile.h"
 
 #include "spreadsheet/bookdata.h"
+#include "spreadsheet/xls/xlssource.h"
 
 namespace spreadsheet {
-
-struct XlsFile::Source
-{
-};
 
 XlsFile::XlsFile() = default;
 XlsFile::~XlsFile() = default;

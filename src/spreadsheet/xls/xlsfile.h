@@ -4,6 +4,8 @@
 
 namespace spreadsheet {
 
+struct XlsSource;
+
 /// Workbooks of the BIFF8 kind: records in a stream of a compound file.
 class XlsFile final : public BookFile
 {
@@ -16,8 +18,7 @@ public:
     bool save(const QString &path, BookData &book) override;
 
 private:
-    struct Source;
-    std::unique_ptr<Source> m_source; // the loaded file; null for a new book
+    std::unique_ptr<XlsSource> m_source; // the loaded file; null for a new book
 };
 
 } // namespace spreadsheet

@@ -1,0 +1,144 @@
+#pragma once
+
+#include <QtEndian>
+
+namespace spreadsheet {
+
+/// Kinds of records in the workbook stream.
+enum class RecordId : quint16 {
+    Formula = 0x0006,
+    Eof = 0x000A,
+    CalcCount = 0x000C,
+    CalcMode = 0x000D,
+    Precision = 0x000E,
+    RefMode = 0x000F,
+    Delta = 0x0010,
+    Iteration = 0x0011,
+    Protect = 0x0012,
+    Password = 0x0013,
+    Header = 0x0014,
+    Footer = 0x0015,
+    ExternSheet = 0x0017,
+    Name = 0x0018,
+    WindowProtect = 0x0019,
+    Note = 0x001C,
+    Selection = 0x001D,
+    Date1904 = 0x0022,
+    ExternName = 0x0023,
+    LeftMargin = 0x0026,
+    RightMargin = 0x0027,
+    TopMargin = 0x0028,
+    BottomMargin = 0x0029,
+    PrintHeaders = 0x002A,
+    PrintGridlines = 0x002B,
+    FilePass = 0x002F,
+    Font = 0x0031,
+    Continue = 0x003C,
+    Window1 = 0x003D,
+    Backup = 0x0040,
+    Pane = 0x0041,
+    CodePage = 0x0042,
+    DefaultColumnWidth = 0x0055,
+    ExternCount = 0x0059,
+    Crn = 0x005A,
+    ObjectRecord = 0x005D,
+    SaveRecalc = 0x005F,
+    ObjectProtect = 0x0063,
+    ColumnInfo = 0x007D,
+    Guts = 0x0080,
+    SheetOptions = 0x0081,
+    GridSet = 0x0082,
+    HorizontalCenter = 0x0083,
+    VerticalCenter = 0x0084,
+    BoundSheet = 0x0085,
+    WriteProtect = 0x0086,
+    Country = 0x008C,
+    HideObjects = 0x008D,
+    Sort = 0x0090,
+    Palette = 0x0092,
+    StandardWidth = 0x0099,
+    FilterMode = 0x009B,
+    FunctionGroupCount = 0x009C,
+    AutoFilterInfo = 0x009D,
+    AutoFilter = 0x009E,
+    Setup = 0x00A1,
+    ScenarioManager = 0x00AE,
+    MultipleRk = 0x00BD,
+    MultipleBlank = 0x00BE,
+    Mms = 0x00C1,
+    RichLabel = 0x00D6,
+    DBCell = 0x00D7,
+    BookBool = 0x00DA,
+    ExtendedFormat = 0x00E0,
+    InterfaceHeader = 0x00E1,
+    InterfaceEnd = 0x00E2,
+    MergedCells = 0x00E5,
+    DrawingGroup = 0x00EB,
+    Drawing = 0x00EC,
+    SharedStrings = 0x00FC,
+    LabelShared = 0x00FD,
+    ExtendedStrings = 0x00FF,
+    SheetIds = 0x013D,
+    UsesNaturalLanguage = 0x0160,
+    Dsf = 0x0161,
+    SupBook = 0x01AE,
+    ConditionalFormats = 0x01B0,
+    ConditionalFormatRule = 0x01B1,
+    DataValidations = 0x01B2,
+    TextObject = 0x01B6,
+    RefreshAll = 0x01B7,
+    HyperLink = 0x01B8,
+    CodeName = 0x01BA,
+    DataValidation = 0x01BE,
+    Dimensions = 0x0200,
+    Blank = 0x0201,
+    Number = 0x0203,
+    Label = 0x0204,
+    BoolError = 0x0205,
+    String = 0x0207,
+    Row = 0x0208,
+    Index = 0x020B,
+    Array = 0x0221,
+    DefaultRowHeight = 0x0225,
+    Table = 0x0236,
+    Window2 = 0x023E,
+    Rk = 0x027E,
+    Style = 0x0293,
+    NumberFormat = 0x041E,
+    SharedFormula = 0x04BC,
+    HyperLinkTooltip = 0x0800,
+    Bof = 0x0809,
+    SheetExtension = 0x0862,
+    ExtendedFormatCheck = 0x087C,
+    ExtendedFormatExtension = 0x087D,
+};
+
+constexpr quint32 recordHeaderSize = 4; ///< id and size, 16 bits each
+constexpr quint32 maxRecordData = 8224; ///< bytes of data; what is longer goes on in CONTINUE records
+
+/// A record where it stands in the stream, which must outlive it. Numbers are little endian.
+struct Record
+{
+    RecordId id = RecordId::Eof;
+    quint32 size = 0; ///< bytes of data
+    const uchar *data = nullptr;
+
+    /// The number at a place of the data; 0 where the data ends before it.
+    quint8 u8(quint32 at) const { return at < size ? data[at] : 0; }
+    quint16 u16(quint32 at) const { return number<quint16>(at); }
+    quint32 u32(quint32 at) const { return number<quint32>(at); }
+    quint64 u64(quint32 at) const { return number<quint64>(at); }
+
+    /// With its header.
+    const uchar *begin() const { return data - recordHeaderSize; }
+    const uchar *end() const { return data + size; }
+
+private:
+    template<typename Integer>
+    Integer number(quint32 at) const
+    {
+        return at <= size && size - at >= sizeof(Integer) ? qFromLittleEndian<Integer>(data + at) : Integer(0);
+    }
+};
+
+} // namespace spreadsheet
