@@ -24,8 +24,9 @@ struct XlsxSource
     QString stylesPart;            ///< empty when there are none
     QString textsPart;             ///< the shared texts; empty when there are none
     std::vector<SheetPart> sheets; ///< by SheetEntry::source
-    quint32 loadedTexts = 0;       ///< so many texts of the book are those of the file, under the file's numbers
-    bool textsLoaded = false;      ///< they are read with the first sheet
+    bool textsLoaded = false;      ///< they are read with the first sheet, see loadSharedTexts()
+    quint32 firstText = 0;         ///< number in the book of the file's text 0; above 0 when some were written before
+    quint32 loadedTexts = 0;       ///< so many texts from there on are those of the file, in its order
 };
 
 } // namespace spreadsheet
