@@ -4,8 +4,10 @@
 #include "graph/ionode.h"
 #include "inputs/delimitedreader.h"
 #include "inputs/fixedwidthreader.h"
+#include "inputs/jsonreader.h"
 #include "inputs/textsource.h"
 #include "inputs/vcardreader.h"
+#include "inputs/xmlreader.h"
 #include "platform/datafile.h"
 
 #include <QDir>
@@ -68,7 +70,9 @@ bool SourceReader::readByType(TextSource &source, Dataset *dataset)
         readPlainText(source, dataset);
         return true;
     case FileType::Json:
+        return readTree<JsonReader>(source, dataset);
     case FileType::Xml:
+        return readTree<XmlReader>(source, dataset);
     case FileType::ExcelXlsx:
     case FileType::ExcelXls:
         m_warnings.append(QStringLiteral("Reading '%1' files is not supported by this version")
@@ -127,6 +131,22 @@ void SourceReader::readVCard(TextSource &source, Dataset *dataset)
     reader.read(dataset);
     m_infos += reader.infos();
     m_warnings += reader.warnings();
+}
+
+template<class TreeReader>
+bool SourceReader::readTree(TextSource &source, Dataset *dataset)
+{
+    TreeReadOptions options;
+    options.arraysAsRows = m_options.jsonArraysAsRows;
+    options.trim = m_options.trim;
+    options.simplify = m_options.simplify;
+    options.ignoreEmptyRows = m_options.ignoreEmptyRows;
+    TreeReader reader(options, &source);
+    reader.setProgress(m_progress);
+    const bool success = reader.read(dataset);
+    m_infos += reader.infos();
+    m_warnings += reader.warnings();
+    return success;
 }
 
 RowRules SourceReader::rowRules() const

@@ -41,6 +41,8 @@ private:
     void readPlainText(TextSource &source, Dataset *dataset);
     void readFixedWidth(TextSource &source, Dataset *dataset);
     void readVCard(TextSource &source, Dataset *dataset);
+    template<class TreeReader>
+    bool readTree(TextSource &source, Dataset *dataset);
     RowRules rowRules() const;
 
     const InputOptions m_options;
