@@ -1,0 +1,45 @@
+#pragma once
+
+#include "spreadsheet/cellstyle.h"
+#include "spreadsheet/xls/record.h"
+
+#include <QHash>
+#include <vector>
+
+namespace spreadsheet {
+
+struct BookData;
+
+/// Collects the records of a workbook that say how cells look, and makes the book's formats of them.
+class XlsStyles
+{
+public:
+    /// Takes FONT, FORMAT, PALETTE and XF records; ignores any other.
+    void add(const Record &record);
+    /// A format for each XF, under its number.
+    void makeFormats(BookData &book) const;
+    /// The XF of cells without a format of their own: the 16th, or else the first one made for cells.
+    quint32 defaultFormat() const;
+
+private:
+    struct Font
+    {
+        FontStyle style;
+        quint16 color = 0;
+    };
+    static bool isCellFormat(const Record &xf);
+    void addFont(const Record &record);
+    void addNumberFormat(const Record &record);
+    void setPalette(const Record &record);
+    StyleColor color(quint32 index) const;
+    FontStyle font(quint32 index) const;
+    CellStyle style(const Record &xf) const;
+    BorderStyle border(const Record &xf) const;
+
+    std::vector<Font> m_fonts;
+    QHash<int, QString> m_numberCodes;
+    std::vector<QRgb> m_palette;
+    std::vector<Record> m_formats; // XF records, in the stream
+};
+
+} // namespace spreadsheet
