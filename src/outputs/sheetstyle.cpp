@@ -1,0 +1,160 @@
+#include "outputs/sheetstyle.h"
+
+#include "graph/ionode.h"
+#include "graph/waitcursor.h"
+#include "outputs/excelbook.h"
+
+#include <QFileInfo>
+#include <QHash>
+#include <map>
+#include <utility>
+
+using spreadsheet::Book;
+using spreadsheet::Format;
+using spreadsheet::Sheet;
+
+namespace {
+
+bool isSameFile(const QString &a, const QString &b)
+{
+    return QFileInfo(a) == QFileInfo(b);
+}
+
+/// Null with the reason in `error`.
+Sheet *open(Book &book, const QString &path, const QString &sheet, QString *error)
+{
+    const QString shownPath = IONode::absoluteNativePath(path);
+    if (!book.load(path)) {
+        *error = QStringLiteral("Unable to read '%1'.").arg(shownPath);
+        return nullptr;
+    }
+    Sheet *found = book.getSheet(ExcelBook::indexOfSheet(book, sheet, Qt::CaseInsensitive));
+    if (!found) {
+        *error = QStringLiteral("Unable to read sheet '%1' from '%2'.").arg(sheet, shownPath);
+    }
+    return found;
+}
+
+double stated(double size, double otherwise)
+{
+    return size < 0 ? otherwise : size;
+}
+
+/// Copies from one sheet to another, whose book it adds formats to.
+class StyleCopy
+{
+public:
+    StyleCopy(const Book &from, const Sheet &model, Book *book, Sheet *sheet)
+        : m_from(from)
+        , m_model(model)
+        , m_book(book)
+        , m_sheet(sheet)
+        , m_firstColumn(qMin(model.firstCol(), sheet->firstCol()))
+        , m_lastColumn(qMax(model.lastCol(), sheet->lastCol()))
+        , m_firstRow(qMin(model.firstRow(), sheet->firstRow()))
+        , m_lastRow(qMax(model.lastRow(), sheet->lastRow()))
+    {
+    }
+
+    void copy()
+    {
+        copyColumns();
+        for (int i = 0; i < m_model.mergeSize(); ++i) {
+            m_sheet->setMerge(m_model.merge(i));
+        }
+        copyRows();
+        copyFormats();
+    }
+
+private:
+    void copyColumns()
+    {
+        const double usual = m_model.layout().defaultWidth;
+        for (int i = m_firstColumn; i < m_lastColumn; ++i) {
+            const double width = stated(m_model.colWidth(i), usual);
+            const bool hidden = m_model.colHidden(i);
+            if (width != m_sheet->colWidth(i) || hidden != m_sheet->colHidden(i)) {
+                m_sheet->setCol(i, width, hidden);
+            }
+        }
+    }
+
+    /// Only rows that either sheet knows of can differ, unless the template's usual height is a stated one.
+    void copyRows()
+    {
+        const double usual = m_model.layout().defaultHeight;
+        for (int i = m_firstRow; i < m_lastRow; ++i) {
+            const double height = stated(m_model.rowHeight(i), usual);
+            const bool hidden = m_model.rowHidden(i);
+            if (height != m_sheet->rowHeight(i) || hidden != m_sheet->rowHidden(i)) {
+                m_sheet->setRow(i, height, hidden);
+            }
+        }
+    }
+
+    void copyFormats()
+    {
+        for (const auto &row : m_model.cells()) {
+            for (const spreadsheet::CellRecord &cell : row.second.cells) {
+                if (const Format *format = m_from.format(cell.format)) {
+                    m_sheet->setCellFormat(row.first, cell.column, formatFor(*format, row.first, cell.column));
+                }
+            }
+        }
+    }
+
+    /// The template's format in the target's book. A date stays a date where the template shows numbers: only the look
+    /// is copied, no content.
+    const Format *formatFor(const Format &model, int row, int column)
+    {
+        int dateNumber = 0;
+        if (!model.isDate() && m_sheet->isDate(row, column)) {
+            const Format *present = m_sheet->cellFormat(row, column);
+            dateNumber = present->style().numberCode.isEmpty() ? present->style().numberFormat : 0;
+        }
+        const Format *&copied = m_copied[{model.index(), dateNumber}];
+        if (!copied) {
+            Format *added = m_book->addFormat(&model);
+            if (dateNumber != 0) {
+                added->setNumFormat(dateNumber);
+            }
+            copied = added;
+        }
+        return copied;
+    }
+
+    const Book &m_from;
+    const Sheet &m_model;
+    Book *m_book;
+    Sheet *m_sheet;
+    const int m_firstColumn, m_lastColumn, m_firstRow, m_lastRow;
+    std::map<std::pair<quint32, int>, const Format *> m_copied; // by template format and number format kept
+};
+
+} // namespace
+
+bool copySheetStyle(int templateType, const QString &templatePath, const QString &templateSheet, int targetType,
+    const QString &path, const QString &sheet, QString *error)
+{
+    if (isSameFile(templatePath, path) && templateSheet.toLower() == sheet.toLower()) {
+        *error = QStringLiteral("Cannot use a sheet as it's own style template.");
+        return false;
+    }
+    const WaitCursor waiting;
+    Book from(ExcelBook::kindOf(templateType));
+    const Sheet *model = open(from, templatePath, templateSheet, error);
+    if (!model) {
+        return false;
+    }
+    Book book(ExcelBook::kindOf(targetType));
+    Sheet *target = open(book, path, sheet, error);
+    if (!target) {
+        return false;
+    }
+    StyleCopy(from, *model, &book, target).copy();
+    if (!book.save(path)) {
+        *error = QStringLiteral("Unable to save changes to '%1'.").arg(IONode::absoluteNativePath(path));
+        return false;
+    }
+    return true;
+}
