@@ -8,6 +8,7 @@
 #include "app/runlog.h"
 #include "document/documentfile.h"
 #include "graph/runcontrol.h"
+#include "outputs/outputnode.h"
 #include "panes/dialogs/insufficientmemorydialog.h"
 #include "platform/console.h"
 #include "settings/product.h"
@@ -92,6 +93,7 @@ int CommandLineRun::process()
         m_log.info(QStringLiteral("File: '%1'").arg(QDir::toNativeSeparators(m_commandLine.document)));
         m_log.info(QStringLiteral("Started: %1").arg(QDateTime::currentDateTime().toString()));
     }
+    askNothing();
     CommandLineReport report(m_scene, m_commandLine.verbosity, m_log);
     QCoreApplication::processEvents();
     QElapsedTimer timer;
@@ -102,6 +104,18 @@ int CommandLineRun::process()
     }
     RowsMilestone::advance();
     return report.write(timer.elapsed()) > 0 ? 1 : 0;
+}
+
+/// Nobody is there to confirm what many files are written.
+void CommandLineRun::askNothing()
+{
+    for (Node *node : m_scene.nodes()) {
+        if (auto *output = qobject_cast<OutputNode *>(node)) {
+            OutputOptions options = output->options();
+            options.confirmMultiFile = false;
+            output->setOptions(options);
+        }
+    }
 }
 
 bool CommandLineRun::runScene(int *exitCode)

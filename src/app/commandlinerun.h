@@ -20,6 +20,7 @@ private:
     /// Empty, or why the document can't be used.
     QString open();
     void tellWhatWasLost(const LoadedDocument &loaded);
+    void askNothing();
     int process();
     /// False when the run had to end; then `exitCode` says how.
     bool runScene(int *exitCode);

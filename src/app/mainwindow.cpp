@@ -11,7 +11,10 @@
 #include "graph/runcontrol.h"
 #include "graph/transformnode.h"
 #include "graph/undostep.h"
+#include "graph/waitcursor.h"
+#include "outputs/outputnode.h"
 #include "panes/dialogs/insufficientmemorydialog.h"
+#include "panes/dialogs/texteditdlg.h"
 #include "panes/graphpane.h"
 #include "panes/logpane.h"
 #include "panes/statusbar.h"
@@ -70,6 +73,7 @@ MainWindow::~MainWindow()
     UndoStep::install({}, {});
     GraphHooks::instance() = GraphHooks();
     RunControl::setMemoryCeilingHook({});
+    OutputNode::setConfirmation({});
     m_application.setMainWindow(nullptr);
     Settings &settings = m_application.settings();
     settings.setSessions(settings.sessions() + 1);
@@ -158,6 +162,10 @@ void MainWindow::connectScene()
         return QMessageBox::question(this, productName(), text, QMessageBox::Ok | QMessageBox::Cancel)
                == QMessageBox::Ok;
     };
+    OutputNode::setConfirmation([this](const QString &title, const QString &text) {
+        const WaitCursorPause pause;
+        return TextEditDlg(title, text, this).exec() == QDialog::Accepted;
+    });
     hooks.showTip = [this](const QString &key, const QString &title, const QString &text, int milliseconds) {
         Tips::showOnce(key, title, text, milliseconds, m_graphPane);
     };
@@ -274,10 +282,9 @@ void MainWindow::saveRecoveryNow()
 
 bool MainWindow::raiseMemoryCeiling(double used, double limit)
 {
-    QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    const WaitCursorPause pause;
     InsufficientMemoryDialog dialog(used, limit, isWindowModified(), this);
     dialog.exec();
-    QGuiApplication::restoreOverrideCursor();
     if (dialog.isExitChosen()) {
         return false;
     }

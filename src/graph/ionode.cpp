@@ -26,6 +26,16 @@ QString IONode::fileSheetText(const QString &path, const QString &sheet)
     return sheet.isEmpty() ? file : QStringLiteral("%1[%2]").arg(file, sheet);
 }
 
+IONode::FileSheet IONode::splitFileSheet(const QString &text)
+{
+    const int bracket = text.lastIndexOf(QLatin1Char('['));
+    const bool hasSheet = text.endsWith(QLatin1Char(']')) && bracket > text.lastIndexOf(QLatin1Char('/'));
+    if (!hasSheet) {
+        return {text, QString()};
+    }
+    return {text.left(bracket), text.mid(bracket + 1, text.size() - bracket - 2)};
+}
+
 QVariantList IONode::summaryRow() const
 {
     QVariantList row = Node::summaryRow();

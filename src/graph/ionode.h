@@ -33,6 +33,13 @@ public:
     static QString absoluteNativePath(const QString &path);
     /// The path, with "[sheet]" behind it when there is a sheet.
     static QString fileSheetText(const QString &path, const QString &sheet);
+    struct FileSheet
+    {
+        QString file;
+        QString sheet;
+    };
+    /// Takes "file[sheet]" apart; a text that doesn't end in square brackets is all file.
+    static FileSheet splitFileSheet(const QString &text);
 
     QVariantList summaryRow() const override;
 

@@ -11,3 +11,12 @@ public:
     ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
     Q_DISABLE_COPY(WaitCursor)
 };
+
+/// Shows the usual cursor while it lives: for a question in the middle of a run.
+class WaitCursorPause
+{
+public:
+    WaitCursorPause() { QGuiApplication::setOverrideCursor(Qt::ArrowCursor); }
+    ~WaitCursorPause() { QGuiApplication::restoreOverrideCursor(); }
+    Q_DISABLE_COPY(WaitCursorPause)
+};

@@ -3,8 +3,9 @@
 #include <QtGlobal>
 #include <cstring>
 
-/// Looks for any of N bytes in eight bytes at a time, without branches.
-template<int N>
+/// Looks for any of N bytes, and for those below the space when `controlsToo`, in eight bytes at a time, without
+/// branches.
+template<int N, bool controlsToo = false>
 class ByteSearch
 {
 public:
@@ -18,7 +19,7 @@ public:
     /// Not 0 when one of the eight bytes is one of those sought.
     quint64 inWord(quint64 word) const
     {
-        quint64 found = 0;
+        quint64 found = controlsToo ? (word - ' ' * lowBits) & ~word : 0;
         for (const quint64 pattern : m_patterns) {
             const quint64 differing = word ^ pattern;
             found |= (differing - lowBits) & ~differing;

@@ -1,12 +1,16 @@
 #pragma once
 
 #include "graph/ionode.h"
+#include "outputs/columnmaps.h"
 #include "outputs/outputcolumns.h"
 #include "outputs/outputoptions.h"
 
 #include <QSet>
+#include <functional>
 
 class TextSink;
+struct ExcelFormats;
+struct MultiFileTargets;
 struct TextLayout;
 
 /// A leaf of the flow that writes the table of its one input to a file. It holds a copy of that table, so that it can
@@ -67,9 +71,20 @@ public:
     QColor boxColor() const override;
     QColor textColor() const override;
 
+    /// Shows a text under a title and asks whether to go on.
+    using Confirmation = std::function<bool(const QString &title, const QString &text)>;
+    /// Who is asked before many files are written; nobody at first, which goes for a yes.
+    static void setConfirmation(Confirmation confirmation);
+
+    // How the columns of the table will be written; none is Automatic
+    ExcelFormats automaticExcelFormats() const;
+    JsonColumnTypes automaticJsonTypes() const;
+
     // What a write begins with; `path` has no variables left
     /// False for a file that is to be appended to and holds more than a byte order mark, unless headers are repeated.
     bool shouldWriteHeader(const QString &path) const;
+    /// The same for a sheet of a workbook.
+    bool shouldWriteHeader(const QString &path, const QString &sheet) const;
     /// True for a Unicode encoding at the start of a file.
     bool shouldWriteBom(const QString &path) const;
 
@@ -79,12 +94,22 @@ private:
     void runOn(const Dataset &upstream);
     // Each is true unless the item has failed, and adds what there is to tell to the messages.
     bool writeDataset();
-    bool isSupported();
-    bool writeFile(QString path, QString sheet, const Dataset &dataset);
-    bool writeTextFile(const QString &path, const Dataset &dataset);
+    bool writeMultipleFiles();
+    bool confirm(const MultiFileTargets &plan);
+    int writeTargets(const MultiFileTargets &plan, ColumnIndex files);
+    /// What the file type needs of it, for the whole of m_dataset.
+    ColumnMaps columnMaps() const;
+    bool writeFile(QString path, QString sheet, const Dataset &dataset, const ColumnMaps &maps);
+    bool writeTextFile(const QString &path, const Dataset &dataset, const JsonColumnTypes &jsonTypes);
+    bool writeExcelFile(const QString &path, const QString &sheet, const Dataset &dataset, const ExcelFormats &formats);
+    bool writeSheetByMode(
+        const QString &path, const QString &sheet, const Dataset &dataset, const ExcelFormats &formats);
+    void copyTemplateStyle(const QString &path, const QString &sheet);
     bool warnOfOpenFailure(bool existed, const QString &shownPath);
-    void writeText(TextSink &sink, const TextLayout &layout, const Dataset &dataset);
+    void writeText(TextSink &sink, const TextLayout &layout, const Dataset &dataset, const JsonColumnTypes &jsonTypes);
     void writeDelimited(TextSink &sink, const TextLayout &layout, const Dataset &dataset);
+    void writeJson(TextSink &sink, const TextLayout &layout, const Dataset &dataset, const JsonColumnTypes &types);
+    void writeXml(TextSink &sink, const TextLayout &layout, const Dataset &dataset);
     void warnOfInvalidCharacters(int count);
     void warnOfOtherType(const QString &path);
     QString expandedComment() const;

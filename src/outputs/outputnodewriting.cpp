@@ -3,6 +3,7 @@
 #include "outputs/delimitedwriter.h"
 #include "outputs/filenamevariables.h"
 #include "outputs/htmlwriter.h"
+#include "outputs/jsonwriter.h"
 #include "outputs/markdownwriter.h"
 #include "outputs/outputnode.h"
 #include "outputs/outputpaths.h"
@@ -10,6 +11,8 @@
 #include "outputs/textlayout.h"
 #include "outputs/textsink.h"
 #include "outputs/vcardwriter.h"
+#include "outputs/xmlnames.h"
+#include "outputs/xmlwriter.h"
 #include "outputs/yamlwriter.h"
 
 #include <QDir>
@@ -60,38 +63,44 @@ QChar delimiterCharacter(int kind, QChar custom)
 
 bool OutputNode::writeDataset()
 {
-    if (!isSupported()) {
-        return false;
-    }
-    if (m_options.lineEndings == LineEndings::Automatic) {
+    if (!FileType::isExcel(m_fileType) && m_options.lineEndings == LineEndings::Automatic) {
         m_infos.append(
             QStringLiteral("Line endings=Automatic sets line endings as %1, set 'Line endings' option to change")
                 .arg(LineEndings::label(LineEndings::resolved(m_options.lineEndings))));
     }
-    return writeFile(m_path, m_sheetName, m_dataset);
+    return isMultiFile() ? writeMultipleFiles() : writeFile(m_path, m_sheetName, m_dataset, columnMaps());
 }
 
-/// Warns of what can't be written, before any file is touched.
-bool OutputNode::isSupported()
+JsonColumnTypes OutputNode::automaticJsonTypes() const
 {
-    if (isMultiFile()) {
-        m_warnings.append(QStringLiteral("Writing multiple files is not supported by this version"));
-        return false;
-    }
-    if (FileType::isExcel(m_fileType) || m_fileType == FileType::Json || m_fileType == FileType::Xml) {
-        m_warnings.append(
-            QStringLiteral("Writing '%1' files is not supported by this version").arg(FileType::label(m_fileType)));
-        return false;
-    }
-    return true;
+    return ::automaticJsonTypes(m_dataset, m_options.jsonTypeMode, m_columns.jsonTypes());
 }
 
-bool OutputNode::writeFile(QString path, QString sheet, const Dataset &dataset)
+ExcelFormats OutputNode::automaticExcelFormats() const
+{
+    return ::automaticExcelFormats(m_dataset, m_options.excelFormatMode, m_columns.excelFormats());
+}
+
+ColumnMaps OutputNode::columnMaps() const
+{
+    ColumnMaps maps;
+    if (FileType::isExcel(m_fileType)) {
+        maps.excel = automaticExcelFormats();
+    }
+    if (m_fileType == FileType::Json) {
+        maps.jsonTypes = automaticJsonTypes();
+    }
+    return maps;
+}
+
+bool OutputNode::writeFile(QString path, QString sheet, const Dataset &dataset, const ColumnMaps &maps)
 {
     FileNameVariables::expand(path, sheet, FileNameVariables::contextOf(graphScene()));
     m_lastFilePath = path;
     m_lastSheetName = sheet;
-    if (!writeTextFile(path, dataset)) {
+    const bool written = FileType::isExcel(m_fileType) ? writeExcelFile(path, sheet, dataset, maps.excel)
+                                                       : writeTextFile(path, dataset, maps.jsonTypes);
+    if (!written) {
         return false;
     }
     m_writtenFiles.insert(QDir::toNativeSeparators(path));
@@ -108,7 +117,7 @@ void OutputNode::warnOfOtherType(const QString &path)
     }
 }
 
-bool OutputNode::writeTextFile(const QString &path, const Dataset &dataset)
+bool OutputNode::writeTextFile(const QString &path, const Dataset &dataset, const JsonColumnTypes &jsonTypes)
 {
     const bool existed = QFile::exists(path);
     const QString shownPath = absoluteNativePath(path);
@@ -122,7 +131,7 @@ bool OutputNode::writeTextFile(const QString &path, const Dataset &dataset)
         return warnOfOpenFailure(existed, shownPath);
     }
     TextSink sink(&file, m_encoding, writeBom);
-    writeText(sink, layout, dataset);
+    writeText(sink, layout, dataset, jsonTypes);
     if (!finish(sink, file)) {
         m_warnings.append(QStringLiteral("Unable to write '%1'").arg(shownPath));
         return false;
@@ -147,9 +156,14 @@ bool OutputNode::warnOfOpenFailure(bool existed, const QString &shownPath)
     return false;
 }
 
-void OutputNode::writeText(TextSink &sink, const TextLayout &layout, const Dataset &dataset)
+void OutputNode::writeText(
+    TextSink &sink, const TextLayout &layout, const Dataset &dataset, const JsonColumnTypes &jsonTypes)
 {
     switch (m_fileType) {
+    case FileType::Json:
+        return writeJson(sink, layout, dataset, jsonTypes);
+    case FileType::Xml:
+        return writeXml(sink, layout, dataset);
     case FileType::PlainText:
         return PlainTextWriter::write(sink, dataset, layout);
     case FileType::Html:
@@ -173,6 +187,50 @@ void OutputNode::writeDelimited(TextSink &sink, const TextLayout &layout, const 
     const int replaced = DelimitedWriter::write(sink, dataset, format, layout);
     if (replaced > 0) {
         m_warnings.append(DelimitedWriter::replacedWarning(replaced, format.delimiter));
+    }
+}
+
+void OutputNode::writeJson(
+    TextSink &sink, const TextLayout &layout, const Dataset &dataset, const JsonColumnTypes &types)
+{
+    const JsonWriter::Issues issues = JsonWriter::write(sink, dataset, types, m_options.removeEmpty, layout);
+    const qint64 others = issues.count - issues.texts.size();
+    m_warnings.append(issues.texts);
+    if (others > 0) {
+        m_warnings.append(
+            QStringLiteral("+ %1 other JSON type %2")
+                .arg(formatInteger(others, true), others == 1 ? QStringLiteral("issue") : QStringLiteral("issues")));
+    }
+    if (issues.count > 0) {
+        m_warnings.append(QString());
+    }
+    if (m_options.jsonTypeMode == JsonTypeMode::Automatic) {
+        m_infos.append(QStringLiteral("Value types=Automatic sets JSON column types as:"));
+        const QStringList names = dataset.columnNames();
+        for (int column = 0; column < names.size(); ++column) {
+            const QString type = JsonColumnType::label(types.value(column));
+            m_infos.append(QStringLiteral("%1: %2").arg(names.at(column), type));
+        }
+        m_infos.append(QStringLiteral("Set 'Value types' option to change"));
+    }
+}
+
+void OutputNode::writeXml(TextSink &sink, const TextLayout &layout, const Dataset &dataset)
+{
+    XmlWriter::Format format;
+    format.encoding = m_encoding;
+    format.comment = expandedComment();
+    format.rootName = m_options.xmlRootName;
+    format.rowName = m_options.xmlRowName;
+    format.aboveRoot = m_options.xmlAboveRoot;
+    format.belowRoot = m_options.xmlBelowRoot;
+    format.removeEmpty = m_options.removeEmpty;
+    XmlWriter::write(sink, dataset, format, layout);
+    for (const QString &name : dataset.columnNames()) {
+        const QString warning = XmlNames::checkXmlTagName(name);
+        if (!warning.isEmpty()) {
+            m_warnings.append(warning);
+        }
     }
 }
 

@@ -105,19 +105,6 @@ void appendReplaced(TextSink &sink, StoredText text, char byte, const char *repl
 
 void appendHtmlEscaped(TextSink &sink, StoredText text)
 {
-    const char *from = text.bytes;
-    const char *const end = text.bytes + text.size;
-    for (const char *at = from; at < end; ++at) {
-        const char *const reference = *at == '<'   ? "&lt;"
-                                      : *at == '>' ? "&gt;"
-                                      : *at == '&' ? "&amp;"
-                                      : *at == '"' ? "&quot;"
-                                                   : nullptr;
-        if (reference) {
-            sink.append(from, static_cast<int>(at - from));
-            sink.append(reference, static_cast<int>(qstrlen(reference)));
-            from = at + 1;
-        }
-    }
-    sink.append(from, static_cast<int>(end - from));
+    static const ByteReplacements references{{'<', "&lt;"}, {'>', "&gt;"}, {'&', "&amp;"}, {'"', "&quot;"}};
+    appendReplaced(sink, text, references);
 }

@@ -1,70 +1,17 @@
-#include "fixedinput.h"
 #include "graph/connection.h"
 #include "graph/delimiters.h"
-#include "graph/graphscene.h"
 #include "graph/runcontrol.h"
-#include "outputs/outputnode.h"
-#include "support/grid.h"
+#include "outputflow.h"
 #include "support/printers.h"
-#include "support/scopedsettings.h"
 
 #include <QDir>
-#include <QFile>
 #include <QSignalSpy>
-#include <QTemporaryDir>
-#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
 
 const char autoLines[] =
     "Line endings=Automatic sets line endings as Mac\\Unix (LF), set 'Line endings' option to change";
-
-/// A scene of one input and one output that writes into a folder of its own.
-class Flow
-{
-public:
-    explicit Flow(const Dataset &table = grid({"a|b", "1|x,y"}))
-        : input(new FixedInput(table, "in", "/from/source.csv"))
-        , output(new OutputNode(path("out.csv")))
-    {
-        scene.insertNode(input, QPointF());
-        scene.insertNode(output, QPointF(300, 0));
-        scene.insertConnection(input, output);
-        changeOptions([](OutputOptions &o) { o.writeBom = false; });
-    }
-
-    QString path(const QString &name) const { return folder.filePath(name); }
-    void put(const QString &name, const QByteArray &bytes) const
-    {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-    std::string bytes(const QString &name = "out.csv") const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "no file";
-    }
-    void changeOptions(const std::function<void(OutputOptions &)> &change)
-    {
-        OutputOptions options = output->options();
-        change(options);
-        output->setOptions(options);
-    }
-    NodeState run()
-    {
-        output->setState(NodeState::NeedsProcessing, false);
-        output->process(true, false);
-        return output->state();
-    }
-
-    ScopedSettings settings;
-    QTemporaryDir folder;
-    GraphScene scene;
-    FixedInput *input;
-    OutputNode *output;
-};
 
 QStringList withPath(QStringList texts, const Flow &flow)
 {
@@ -178,33 +125,6 @@ TEST(OutputNode, FailsWithAWordWhereNothingCanBeWritten)
         EXPECT_EQ(flow.output->warnings(), QStringList{c.warning});
         EXPECT_EQ(flow.output->resultText(), QString("Error writing"));
         EXPECT_TRUE(flow.output->writtenFiles().isEmpty());
-    }
-}
-
-TEST(OutputNode, RefusesWhatItCantWriteBeforeTouchingAFile)
-{
-    struct
-    {
-        const char *what;
-        int type;
-        int target;
-        const char *warning;
-    } const cases[] = {
-        {"Excel", FileType::ExcelXlsx, OutputTarget::SingleFile,
-            "Writing 'Excel XLSX' files is not supported by this version"},
-        {"JSON", FileType::Json, OutputTarget::SingleFile, "Writing 'JSON' files is not supported by this version"},
-        {"many files", FileType::Delimited, OutputTarget::MultipleFiles,
-            "Writing multiple files is not supported by this version"},
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.what);
-        Flow flow;
-        flow.put("out.csv", "old");
-        flow.output->setFileType(c.type);
-        flow.changeOptions([&](OutputOptions &o) { o.outputTarget = c.target; });
-        EXPECT_EQ(flow.run(), NodeState::Failed);
-        EXPECT_EQ(flow.output->warnings(), QStringList{c.warning});
-        EXPECT_EQ(flow.bytes(), "old");
     }
 }
 

@@ -1,0 +1,188 @@
+#include "outputs/jsonwriter.h"
+
+#include "data/numberscan.h"
+#include "data/values.h"
+#include "outputs/cellescaper.h"
+#include "outputs/outputtree.h"
+#include "outputs/textlayout.h"
+
+namespace {
+
+constexpr int indent = 2;
+
+using Escaper = CellEscaper<ByteSearch<3, true>>;
+
+const ByteReplacements &replacements()
+{
+    static const ByteReplacements table{{'\\', "\\\\"}, {'"', "\\\""}, {'/', "\\/"}, {'\b', "\\b"}, {'\f', "\\f"},
+        {'\n', "\\n"}, {'\r', "\\r"}, {'\t', "\\t"}};
+    return table;
+}
+
+bool isNumber(const Cell &cell)
+{
+    const StoredText text = StoredText(cell).trimmed();
+    return NumberScan::isJsonNumber(text.bytes, text.bytes + text.size);
+}
+
+/// The name with its quotes and colon.
+QByteArray keyOf(const QString &name)
+{
+    QByteArray key(1, '"');
+    appendReplaced(key, StoredText(toStored(name)), replacements());
+    return key + "\": ";
+}
+
+/// Writes the rows of a tree one behind the other.
+class Writer
+{
+public:
+    Writer(TextSink &sink, OutputTree &tree, const JsonColumnTypes &types, const QByteArray &lineEnding)
+        : m_sink(sink)
+        , m_tree(tree)
+        , m_escaper(sink, ByteSearch<3, true>({'"', '\\', '/'}), replacements())
+        , m_lineEnding(lineEnding)
+        , m_separator(',' + lineEnding)
+    {
+        for (const OutputTree::Node &node : tree.nodes()) {
+            m_keys.push_back(keyOf(node.name));
+            m_types.push_back(types.value(node.column, JsonColumnType::Automatic));
+        }
+    }
+
+    void writeRow();
+    /// Ends the last row's line.
+    void finish()
+    {
+        if (m_afterSibling) {
+            m_sink.append(m_lineEnding);
+        }
+    }
+    const JsonWriter::Issues &issues() const { return m_issues; }
+
+private:
+    const OutputTree::Node &node(int number) const { return m_tree.nodes()[static_cast<size_t>(number)]; }
+
+    /// The comma and line ending that the sibling before still lacks, and the indent.
+    void beginLine(int number)
+    {
+        if (m_afterSibling) {
+            m_sink.append(m_separator);
+        }
+        m_sink.append(indentOf(number), ' ');
+    }
+    /// The row's own node stands one level within the list.
+    int indentOf(int number) const { return indent * (node(number).depth + 1); }
+
+    void open(int number);
+    void close();
+    void writeLeaf(int number);
+    void writeValue(int type, const Cell &value, int column);
+    void writeNull(int type, const Cell &value, int column);
+
+    TextSink &m_sink;
+    OutputTree &m_tree;
+    Escaper m_escaper;
+    const QByteArray m_lineEnding;
+    const QByteArray m_separator;
+    std::vector<QByteArray> m_keys;
+    std::vector<int> m_types;
+    std::vector<int> m_open;
+    bool m_afterSibling = false;
+    JsonWriter::Issues m_issues;
+};
+
+void Writer::writeRow()
+{
+    const int count = static_cast<int>(m_tree.nodes().size());
+    for (int number = 0; number < count;) {
+        if (!m_tree.has(number)) {
+            number = node(number).end;
+        } else if (m_tree.isLeaf(number)) {
+            writeLeaf(number);
+            number = node(number).end;
+        } else {
+            open(number++);
+        }
+        while (!m_open.empty() && node(m_open.back()).end == number) {
+            close();
+        }
+    }
+}
+
+void Writer::open(int number)
+{
+    beginLine(number);
+    if (!node(number).name.isEmpty()) {
+        m_sink.append(m_keys[static_cast<size_t>(number)]);
+    }
+    m_sink.append('{');
+    m_sink.append(m_lineEnding);
+    m_open.push_back(number);
+    m_afterSibling = false;
+}
+
+void Writer::close()
+{
+    m_sink.append(m_lineEnding);
+    m_sink.append(indentOf(m_open.back()), ' ');
+    m_sink.append('}');
+    m_open.pop_back();
+    m_afterSibling = true;
+}
+
+void Writer::writeLeaf(int number)
+{
+    beginLine(number);
+    m_sink.append(m_keys[static_cast<size_t>(number)]);
+    writeValue(m_types[static_cast<size_t>(number)], m_tree.value(number), node(number).column);
+    m_afterSibling = true;
+}
+
+void Writer::writeValue(int type, const Cell &value, int column)
+{
+    bool ok = true;
+    switch (type) {
+    case JsonColumnType::Boolean: {
+        const bool isTrue = parseBoolean(value.text(), true, true, &ok);
+        return ok ? m_sink.append(isTrue ? "true" : "false", isTrue ? 4 : 5) : writeNull(type, value, column);
+    }
+    case JsonColumnType::Number:
+        return isNumber(value) ? m_sink.append(value) : writeNull(type, value, column);
+    case JsonColumnType::RawData:
+        return m_sink.append(value);
+    default:
+        m_sink.append('"');
+        m_escaper.append(value);
+        m_sink.append('"');
+    }
+}
+
+void Writer::writeNull(int type, const Cell &value, int column)
+{
+    m_sink.append("null", 4);
+    if (m_issues.texts.size() < JsonWriter::Issues::maxTexts) {
+        m_issues.texts.append(QStringLiteral("'%1' not of type %2 in column %3.")
+                                  .arg(value.text(), JsonColumnType::label(type), QString::number(column + 1)));
+    }
+    ++m_issues.count;
+}
+
+} // namespace
+
+JsonWriter::Issues JsonWriter::write(
+    TextSink &sink, const Dataset &dataset, const JsonColumnTypes &types, bool removeEmpty, const TextLayout &layout)
+{
+    OutputTree tree = buildOutputTree(dataset, removeEmpty);
+    Writer writer(sink, tree, types, layout.lineEnding);
+    sink.append("[" + layout.lineEnding);
+    for (int row = 0; row < tree.rowCount(); ++row) {
+        if (tree.goTo(row)) {
+            writer.writeRow();
+        }
+        layout.reportRow(row, tree.rowCount());
+    }
+    writer.finish();
+    sink.append("]" + layout.lineEnding);
+    return writer.issues();
+}

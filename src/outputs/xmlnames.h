@@ -1,0 +1,19 @@
+#pragma once
+
+#include "outputs/storedtext.h"
+
+#include <QString>
+
+/// How texts stand in XML.
+namespace XmlNames {
+
+/// The five characters with a meaning of their own, as references.
+const ByteReplacements &references();
+/// In storage form.
+QByteArray escaped(const QString &text);
+/// The name as a tag, in storage form: escaped, without exclamation marks in front, hyphens for spaces.
+QByteArray tag(const QString &name);
+/// What is wrong with a column name as a tag, as a warning; empty for nothing.
+QString checkXmlTagName(const QString &name);
+
+} // namespace XmlNames
