@@ -54,7 +54,7 @@ bool Sheet::isDate(int row, int column) const
 bool Sheet::rowHidden(int row) const
 {
     const GridRow *found = m_cells.row(row);
-    return found && found->hidden;
+    return found ? found->hidden : m_layout.otherRowsHidden;
 }
 
 bool Sheet::colHidden(int column) const

@@ -33,8 +33,9 @@ struct SheetLayout
     std::vector<ColumnRecord> columns; ///< by column, without overlaps
     std::vector<CellRange> merges;
     std::vector<Hyperlink> hyperlinks;
-    double defaultWidth = -1;  ///< characters; below 0 when not stated
-    double defaultHeight = -1; ///< points; below 0 when not stated
+    double defaultWidth = -1;     ///< characters; below 0 when not stated
+    double defaultHeight = -1;    ///< points; below 0 when not stated
+    bool otherRowsHidden = false; ///< rows that have neither cells nor anything of their own are hidden
 
     // Parts of the file that the sheet's new form must replace
     bool columnsChanged = false, mergesChanged = false, hyperlinksChanged = false;

@@ -22,6 +22,7 @@ struct XlsxSource
     std::unique_ptr<ZipArchive> archive;
     QString workbookPart;
     QString stylesPart;            ///< empty when there are none
+    QString themePart;             ///< empty when there is none
     QString textsPart;             ///< the shared texts; empty when there are none
     std::vector<SheetPart> sheets; ///< by SheetEntry::source
     bool textsLoaded = false;      ///< they are read with the first sheet, see loadSharedTexts()

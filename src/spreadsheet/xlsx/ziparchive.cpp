@@ -1,6 +1,8 @@
 #include "spreadsheet/xlsx/ziparchive.h"
 
 #include <QFile>
+#include <cstring>
+#include <memory>
 #include <zip.h>
 
 namespace spreadsheet {
@@ -132,7 +134,8 @@ bool ZipArchive::stream(const QString &part, const Sink &sink)
 
 bool ZipArchive::inflate(const Entry &entry, qint64 limit, const Sink &sink)
 {
-    zip_file_t *file = zip_fopen_index(m_zip, entry.index, 0);
+    // Closed as well when the sink throws.
+    const std::unique_ptr<zip_file_t, int (*)(zip_file_t *)> file(zip_fopen_index(m_zip, entry.index, 0), zip_fclose);
     if (!file) {
         return fail(readingError(zip_get_error(m_zip)));
     }
@@ -140,16 +143,15 @@ bool ZipArchive::inflate(const Entry &entry, qint64 limit, const Sink &sink)
     qint64 total = 0;
     bool ok = true;
     for (bool more = true; more;) {
-        const zip_int64_t size = zip_fread(file, piece.data(), pieceSize);
+        const zip_int64_t size = zip_fread(file.get(), piece.data(), pieceSize);
         total += qMax<zip_int64_t>(size, 0);
         if (size < 0) {
-            ok = fail(readingError(zip_file_get_error(file)));
+            ok = fail(readingError(zip_file_get_error(file.get())));
         } else if (total > limit) {
             ok = fail(QStringLiteral("The part '%1' is too large").arg(QString::fromUtf8(entry.name)));
         }
         more = ok && size > 0 && sink(piece.constData(), static_cast<int>(size));
     }
-    zip_fclose(file);
     return ok;
 }
 

@@ -1,0 +1,113 @@
+#pragma once
+
+#include <QString>
+#include <exception>
+#include <string>
+#include <string_view>
+
+struct XML_ParserStruct;
+
+namespace spreadsheet {
+
+class ZipArchive;
+
+/// The attributes of an element, names with their prefixes; valid while its start is handled. Values are UTF-8.
+class XmlAttributes
+{
+public:
+    explicit XmlAttributes(const char **list)
+        : m_list(list)
+    {
+    }
+    /// Pairs of name and value, closed by a null.
+    const char **list() const { return m_list; }
+    /// Null when there is none of this name.
+    const char *find(std::string_view name) const;
+    std::string_view value(std::string_view name) const;
+    /// Of the attribute of this name behind any prefix; those without one don't count. Null when there is none.
+    const char *findPrefixed(std::string_view localName) const;
+    /// Leading digits with a sign; `otherwise` when there are none or the number doesn't fit.
+    int number(std::string_view name, int otherwise) const;
+    double real(std::string_view name, double otherwise) const;
+    /// "1", "true" or "on"; `otherwise` when there is no such attribute.
+    bool flag(std::string_view name, bool otherwise) const;
+
+    static bool isTrue(std::string_view value) { return value == "1" || value == "true" || value == "on"; }
+
+private:
+    const char **m_list;
+};
+
+/// Takes the elements of a document. Names come without the prefix that the root has; elements of other prefixes are
+/// skipped with all they hold, and so is what startElement() refuses.
+class XmlHandler
+{
+public:
+    virtual ~XmlHandler() = default;
+
+    /// False to skip the element with all it holds. Calls come with what the root element is named first.
+    virtual bool startElement(std::string_view name, const XmlAttributes &attributes) = 0;
+    virtual void endElement(std::string_view) {}
+    /// Text in an element that wasn't skipped, in pieces.
+    virtual void text(std::string_view) {}
+
+    /// In words for the user; empty unless the handler refused the document.
+    const QString &error() const { return m_error; }
+    bool isDone() const { return m_isDone; }
+
+protected:
+    /// Refuses the document; false, for returning.
+    bool fail(const QString &error)
+    {
+        m_error = error;
+        return false;
+    }
+    /// Nothing more is wanted.
+    void finish() { m_isDone = true; }
+
+private:
+    QString m_error;
+    bool m_isDone = false;
+};
+
+/// Reads XML of any size and encoding piece by piece. Document type declarations, and with them entities, are refused;
+/// depth and length of tags are bounded.
+class XmlParser
+{
+public:
+    explicit XmlParser(XmlHandler *handler);
+    ~XmlParser();
+    Q_DISABLE_COPY(XmlParser)
+
+    /// False when nothing more is wanted: the document is refused or damaged, or the handler is done.
+    bool feed(const char *bytes, int size);
+    /// To be called behind the last piece. False when the document is damaged or refused.
+    bool close();
+    const QString &error() const { return m_error; }
+
+private:
+    static void onStart(void *parser, const char *name, const char **attributes);
+    static void onEnd(void *parser, const char *name);
+    static void onText(void *parser, const char *text, int size);
+    static void onDoctype(void *parser, const char *, const char *, const char *, int);
+    void start(const char *name, const char **attributes);
+    template<typename Call>
+    void guarded(const Call &call);
+    void stop();
+    bool parse(const char *bytes, int size, bool isLast);
+
+    XML_ParserStruct *m_parser;
+    XmlHandler *m_handler;
+    std::string m_prefix; // of the root, with the colon
+    int m_depth = 0;
+    int m_skipped = 0; // open elements in and including the one that is skipped
+    long long m_fed = 0;
+    bool m_isStopped = false;
+    std::exception_ptr m_exception; // must not pass through the C code
+    QString m_error;
+};
+
+/// Reads a part of the archive into the handler. False with an error when it is missing, damaged or refused.
+bool parsePart(ZipArchive &archive, const QString &part, XmlHandler *handler, QString *error);
+
+} // namespace spreadsheet
