@@ -1,0 +1,51 @@
+#pragma once
+
+#include "spreadsheet/xlsx/write/formulawriter.h"
+#include "spreadsheet/xlsx/write/package.h"
+#include "spreadsheet/xlsx/write/styleswriter.h"
+#include "spreadsheet/xlsx/xlsxsource.h"
+
+namespace spreadsheet {
+
+struct BookData;
+struct SheetEntry;
+
+/// Writes a workbook: an empty one, or the one that was loaded, with the book's changes.
+class BookWriter
+{
+public:
+    /// `source` is null for a new workbook.
+    BookWriter(BookData &book, const XlsxSource *source);
+
+    bool save(const QString &path);
+    const QString &error() const { return m_package.error(); }
+
+private:
+    struct AddedSheet
+    {
+        QString name;
+        QByteArray relationId;
+    };
+
+    bool readKind();
+    bool writeStyles();
+    bool writeSheets(bool *areFormulasStale);
+    bool countTexts(quint32 *count);
+    QString sheetPart(const SheetEntry &entry, bool isFirst);
+    bool dropCalculationChain();
+    bool writeWorkbook(bool areFormulasStale);
+    QString beside(const char *name) const;
+    QByteArray relationType(const char *kind) const { return m_relationTypes + kind; }
+
+    BookData &m_book;
+    const XlsxSource *m_source;
+    Package m_package;
+    StylesWriter m_styles;
+    QString m_workbookPart, m_textsPart;
+    QByteArray m_relationTypes; // what the types of relations begin with
+    bool m_isStrict = false;
+    RelationshipsEdit *m_relations = nullptr; // of the workbook
+    std::vector<AddedSheet> m_added;
+};
+
+} // namespace spreadsheet
