@@ -26,7 +26,6 @@ BlockReader::~BlockReader()
     std::free(m_bytes);
 }
 
-/// Drops what lies before `rest` and reads on behind the others.
 void BlockReader::refill(const char *rest, int count)
 {
     const char *const before = end();

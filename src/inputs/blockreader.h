@@ -34,13 +34,14 @@ public:
 
     /// Reads at least `count` more bytes behind those that are there, fewer only at the end of the source.
     void readMore(int count) { refill(begin(), count); }
+    /// Drops what lies before `rest` and reads at least `count` more bytes, fewer only at the end of the source.
+    void refill(const char *rest, int count);
     /// Reads until the source ends.
     void readAll();
     /// Takes what is there and all that follows; the batch is told where its texts lie and flushed after each block.
     void parseRows(RowBatch &batch, const Parse &parse);
 
 private:
-    void refill(const char *rest, int count);
     void reserve(qint64 size);
     void reportProgress();
 
