@@ -81,9 +81,4 @@ bool XlsFile::hasCells(int source, BookData &)
     return m_source && number < m_source->sheets.size() && hasXlsCells(*m_source, m_source->sheets[number]);
 }
 
-bool XlsFile::save(const QString &, BookData &)
-{
-    return fail(QStringLiteral("Not writable"));
-}
-
 } // namespace spreadsheet

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "spreadsheet/xls/cappedwarnings.h"
+#include "spreadsheet/xls/sharedtextswriter.h"
+#include "spreadsheet/xls/sheetreferences.h"
+#include "spreadsheet/xls/stylewriter.h"
+
+namespace spreadsheet {
+
+struct XlsSource;
+
+/// What the writers of one workbook share.
+struct SaveContext
+{
+    BookData &book;
+    const XlsSource *source; ///< null for a new workbook
+    StyleWriter styles;
+    SharedTextsWriter texts;
+    SheetReferences sheets;
+    CappedWarnings formulaWarnings, textWarnings;
+};
+
+} // namespace spreadsheet

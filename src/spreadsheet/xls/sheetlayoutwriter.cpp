@@ -1,0 +1,53 @@
+#include "spreadsheet/xls/sheetlayoutwriter.h"
+
+#include "spreadsheet/xls/hyperlinkrecord.h"
+
+#include <algorithm>
+
+namespace spreadsheet {
+namespace {
+
+constexpr size_t mostMergesInRecord = 1026;
+constexpr quint32 rangeSize = 8, tooltipRangePlace = 2;
+
+} // namespace
+
+void writeMerges(const SheetLayout &layout, RecordWriter &out)
+{
+    for (size_t from = 0; from < layout.merges.size(); from += mostMergesInRecord) {
+        const size_t count = std::min(layout.merges.size() - from, mostMergesInRecord);
+        out.begin(RecordId::MergedCells);
+        out.buffer().u16(static_cast<unsigned>(count));
+        for (size_t i = from; i < from + count; ++i) {
+            const CellRange &range = layout.merges[i];
+            out.buffer().u16(static_cast<unsigned>(range.rowFirst));
+            out.buffer().u16(static_cast<unsigned>(range.rowLast));
+            out.buffer().u16(static_cast<unsigned>(range.columnFirst));
+            out.buffer().u16(static_cast<unsigned>(range.columnLast));
+        }
+        out.end();
+    }
+}
+
+void writeHyperlinks(const SheetLayout &layout, const std::vector<Record> &tooltips, RecordWriter &out)
+{
+    for (const Hyperlink &link : layout.hyperlinks) {
+        if (link.stored.isEmpty()) {
+            out.write(RecordId::HyperLink, hyperlinkRecord(link));
+            continue;
+        }
+        out.write(RecordId::HyperLink, link.stored);
+        for (const Record &tooltip : tooltips) {
+            const bool isOfLink = tooltip.size >= tooltipRangePlace + rangeSize
+                                  && std::equal(tooltip.data + tooltipRangePlace,
+                                      tooltip.data + tooltipRangePlace + rangeSize,
+                                      reinterpret_cast<const uchar *>(link.stored.constData()));
+            if (isOfLink) {
+                out.copy(tooltip);
+                break;
+            }
+        }
+    }
+}
+
+} // namespace spreadsheet

@@ -1,0 +1,192 @@
+#include "spreadsheet/xls/compoundfile.h"
+#include "spreadsheet/xls/globalswriter.h"
+#include "spreadsheet/xls/recordreader.h"
+#include "spreadsheet/xls/xlsfile.h"
+#include "spreadsheet/xls/xlssheetwriter.h"
+
+#include <QSaveFile>
+#include <algorithm>
+
+namespace spreadsheet {
+namespace {
+
+constexpr qint64 largestStream = CompoundFile::maxStreamSize;
+
+const QString &newStreamName()
+{
+    static const QString name = QStringLiteral("Workbook");
+    return name;
+}
+
+/// The SST record of the file and the CONTINUE records behind it.
+std::vector<Record> sharedTextRecords(const XlsSource &source)
+{
+    std::vector<Record> found;
+    RecordReader records(reinterpret_cast<const uchar *>(source.workbook.constData()), source.globalsEnd);
+    while (records.next()) {
+        if (records.record().id == RecordId::SharedStrings) {
+            do {
+                found.push_back(records.record());
+            } while (records.nextIf(RecordId::Continue));
+            break;
+        }
+    }
+    return found;
+}
+
+SaveContext makeContext(BookData &book, const XlsSource *source)
+{
+    return {book, source, source ? StyleWriter(book, *source) : StyleWriter(book),
+        source ? SharedTextsWriter(book.texts, source->loadedTexts, sharedTextRecords(*source))
+               : SharedTextsWriter(book.texts, 0, {}),
+        SheetReferences(book, source), {}, {}};
+}
+
+bool isChanged(const SheetEntry &entry)
+{
+    return entry.sheet && (entry.source < 0 || entry.sheet->isChanged());
+}
+
+/// Writes the sheets and what tells of the workbook into one stream.
+class WorkbookStream
+{
+public:
+    WorkbookStream(BookData &book, const XlsSource *source)
+        : m_context(makeContext(book, source))
+        , m_source(source)
+    {
+    }
+
+    /// False when it would be larger than a file of this kind can be.
+    bool write()
+    {
+        const std::vector<SheetEntry> &sheets = m_context.book.sheets;
+        std::vector<RecordWriter> written(sheets.size());
+        for (size_t i = 0; i < sheets.size(); ++i) {
+            writeSheet(i, written[i]);
+        }
+        GlobalsWriter globals(m_context, m_stream);
+        if (m_source) {
+            globals.writeChanged(std::none_of(sheets.begin(), sheets.end(), isChanged));
+        } else {
+            globals.writeNew();
+        }
+        for (size_t i = 0; i < sheets.size(); ++i) {
+            if (!appendSheet(sheets[i], written[i], globals, i)) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    const QByteArray &data() const { return m_stream.data(); }
+
+    void appendWarnings()
+    {
+        QStringList &warnings = m_context.book.warnings;
+        m_context.formulaWarnings.appendTo(&warnings);
+        m_context.textWarnings.appendTo(&warnings);
+        if (m_context.styles.isFull()) {
+            warnings.append(QStringLiteral(
+                "The workbook has more cell formats than .xls can hold, some cells were written without theirs"));
+        }
+    }
+
+private:
+    /// Sheets that stay as they are follow later, since their places must be known.
+    void writeSheet(size_t index, RecordWriter &out)
+    {
+        const SheetEntry &entry = m_context.book.sheets[index];
+        if (entry.source < 0) {
+            writeNewSheet(m_context, *entry.sheet, !m_source && index == 0, out);
+        } else if (isChanged(entry)) {
+            writeChangedSheet(m_context, *entry.sheet, m_source->sheets[static_cast<size_t>(entry.source)], out);
+        }
+    }
+
+    bool appendSheet(const SheetEntry &entry, RecordWriter &written, GlobalsWriter &globals, size_t index)
+    {
+        const int begin = m_stream.position();
+        const auto *part = entry.source < 0 ? nullptr : &m_source->sheets[static_cast<size_t>(entry.source)];
+        const bool isCopied = part && !isChanged(entry);
+        const qint64 size = isCopied ? static_cast<qint64>(part->size) : written.position();
+        if (begin + size > largestStream) {
+            return false;
+        }
+        globals.setSheetBegin(index, static_cast<quint32>(begin));
+        if (isCopied) {
+            copySheet(*m_source, *part, begin - static_cast<qint64>(part->offset), m_stream);
+        } else {
+            m_stream.buffer().bytes(written.data());
+            written = RecordWriter(); // its memory is free for what follows
+        }
+        return true;
+    }
+
+    SaveContext m_context;
+    const XlsSource *m_source;
+    RecordWriter m_stream;
+};
+
+/// The parts of the file that is written: those of the loaded one with the workbook's stream replaced.
+std::vector<CompoundPart> partsWith(const QByteArray &workbook, const CompoundFile &original, const QString &streamName)
+{
+    std::vector<CompoundPart> parts;
+    for (const CompoundPart &part : original.parts()) {
+        const bool isOldForm = part.path.compare(QLatin1String("Book"), Qt::CaseInsensitive) == 0
+                               && streamName.compare(newStreamName(), Qt::CaseInsensitive) == 0;
+        if (isOldForm) {
+            continue; // the same workbook for older programs, which would contradict the changed one
+        }
+        parts.push_back(part);
+        if (part.path == streamName) {
+            parts.back().content = workbook;
+            parts.back().copyOf = -1;
+        }
+    }
+    return parts;
+}
+
+std::vector<CompoundPart> newParts(const QByteArray &workbook)
+{
+    CompoundPart root, stream;
+    root.isStorage = true;
+    root.classId = QByteArray::fromHex("2008020000000000c000000000000046");
+    stream.path = newStreamName();
+    stream.content = workbook;
+    return {root, stream};
+}
+
+} // namespace
+
+bool XlsFile::save(const QString &path, BookData &book)
+{
+    if (book.sheets.empty()) {
+        return fail(QStringLiteral("A workbook needs a sheet."));
+    }
+    CompoundFile original;
+    if (m_source && !original.open(m_source->path)) {
+        return fail(QStringLiteral("The workbook that was read is no longer there."));
+    }
+    WorkbookStream stream(book, m_source.get());
+    if (!stream.write()) {
+        return fail(QStringLiteral("The workbook is too large for .xls."));
+    }
+    const auto parts = m_source ? partsWith(stream.data(), original, m_source->streamName) : newParts(stream.data());
+    QSaveFile file(path);
+    CompoundFile written;
+    if (!file.open(QIODevice::WriteOnly)) {
+        return fail(file.errorString());
+    }
+    if (!written.write(file, parts, &original)) {
+        file.cancelWriting();
+        return fail(written.error().isEmpty() ? QStringLiteral("The file can't be written.") : written.error());
+    }
+    if (!file.commit()) {
+        return fail(file.errorString());
+    }
+    stream.appendWarnings();
+    return true;
+}
+
+} // namespace spreadsheet
