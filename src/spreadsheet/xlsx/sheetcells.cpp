@@ -4,6 +4,7 @@
 #include "spreadsheet/cellerror.h"
 #include "spreadsheet/cellreference.h"
 #include "spreadsheet/xlsx/isodate.h"
+#include "spreadsheet/xlsx/plaincell.h"
 #include "spreadsheet/xlsx/xlsxsource.h"
 #include "spreadsheet/xlsx/xmlparser.h"
 #include "spreadsheet/xlsx/xmltext.h"
@@ -59,7 +60,7 @@ bool SheetCells::fail(const QString &error)
     return false;
 }
 
-quint32 SheetCells::formatOf(const char *index) const
+quint32 SheetCells::formatOf(std::string_view index) const
 {
     quint32 format = 0;
     return parseWhole(index, &format) && format < m_book.loadedFormats ? format : 0;
@@ -139,13 +140,14 @@ GridRow &SheetCells::placeFor(int row)
 
 // Cells
 
-SheetCells::Kind SheetCells::kindOf(const char *type)
+SheetCells::Kind SheetCells::kindOf(std::string_view type)
 {
-    switch (type[0]) {
+    const bool isLetter = type.size() == 1;
+    switch (isLetter ? type[0] : '\0') {
     case 'n':
-        return type[1] == '\0' ? Kind::Number : Kind::Text;
+        return Kind::Number;
     case 's':
-        return type[1] == '\0' ? Kind::Shared : Kind::Text;
+        return Kind::Shared;
     case 'b':
         return Kind::Boolean;
     case 'e':
@@ -157,11 +159,16 @@ SheetCells::Kind SheetCells::kindOf(const char *type)
     }
 }
 
-bool SheetCells::takeReference(const char *reference)
+bool SheetCells::takePlace(bool hasReference, std::string_view reference)
 {
+    if (!hasReference) {
+        m_cellRow = m_row;
+        ++m_column;
+        return m_column < maxColumns(FileKind::Xlsx) || fail(QStringLiteral("The sheet has too many cells in a row"));
+    }
     return parseCellReference(reference, &m_cellRow, &m_column)
            || fail(QStringLiteral("The sheet has a cell at '%1', which is no place in a sheet")
-                       .arg(QString::fromUtf8(reference).left(40)));
+                       .arg(QString::fromUtf8(reference.data(), static_cast<int>(qMin<size_t>(reference.size(), 40)))));
 }
 
 bool SheetCells::beginCell(const XmlAttributes &attributes)
@@ -188,12 +195,16 @@ bool SheetCells::beginCell(const XmlAttributes &attributes)
             break;
         }
     }
-    if (reference) {
-        return takeReference(reference);
-    }
-    m_cellRow = m_row;
-    ++m_column;
-    return m_column < maxColumns(FileKind::Xlsx) || fail(QStringLiteral("The sheet has too many cells in a row"));
+    return takePlace(reference, reference ? std::string_view(reference) : std::string_view());
+}
+
+bool SheetCells::addCell(const PlainCell &cell)
+{
+    m_kind = cell.type.empty() ? Kind::Number : kindOf(cell.type);
+    m_format = cell.format.empty() ? 0 : formatOf(cell.format);
+    m_hasValue = cell.hasValue;
+    m_hasInline = m_hasFormula = false;
+    return takePlace(cell.hasReference, cell.reference) && finishCell(cell.value);
 }
 
 bool SheetCells::appendValue(std::string_view piece)
@@ -228,12 +239,12 @@ bool SheetCells::isCellUsed() const
     return m_format != 0 || m_hasFormula || !m_value.empty() || m_hasInline;
 }
 
-bool SheetCells::endCell()
+bool SheetCells::finishCell(std::string_view value)
 {
     CellRecord cell;
     cell.format = m_format;
     cell.type = CellType::Blank;
-    if (!takeValue(&cell)) {
+    if (!takeValue(value, &cell)) {
         return false;
     }
     const bool isUsed = cell.type != CellType::Blank || cell.format != 0 || m_hasFormula;
@@ -263,7 +274,7 @@ void SheetCells::put(const CellRecord &cell)
 
 // Values
 
-bool SheetCells::takeValue(CellRecord *cell)
+bool SheetCells::takeValue(std::string_view whole, CellRecord *cell)
 {
     if (m_hasInline) {
         takeText(m_inline.plain(), cell);
@@ -272,12 +283,12 @@ bool SheetCells::takeValue(CellRecord *cell)
     if (m_kind == Kind::Text) {
         if (m_hasValue) {
             std::string plain;
-            appendUnescaped(m_value, &plain);
+            appendUnescaped(whole, &plain);
             takeText(plain, cell);
         }
         return true;
     }
-    const std::string_view value = trimmed(m_value);
+    const std::string_view value = trimmed(whole);
     if (value.empty()) {
         return true;
     }
@@ -303,7 +314,7 @@ bool SheetCells::takeValue(CellRecord *cell)
         cell->type = CellType::Number;
     }
     if (!isTaken) {
-        takeText(m_value, cell); // rather than to lose it
+        takeText(whole, cell); // rather than to lose it
     }
     return true;
 }

@@ -10,6 +10,7 @@ namespace spreadsheet {
 
 class XmlAttributes;
 struct BookData;
+struct PlainCell;
 struct XlsxSource;
 
 /// Puts rows and cells of a sheet part into a grid, as their elements begin and end. Functions that give false leave a
@@ -30,7 +31,9 @@ public:
     void endFormula();
     void beginInline() { m_hasInline = true; }
     RichText &inlineText() { return m_inline; }
-    bool endCell();
+    bool endCell() { return finishCell(m_value); }
+    /// A whole cell at once.
+    bool addCell(const PlainCell &cell);
     /// Whether what stands in the cell makes it a used one; to be asked in place of endCell().
     bool isCellUsed() const;
 
@@ -40,15 +43,16 @@ private:
     enum class Kind : quint8 { Number, Shared, Text, Boolean, Error, Date };
 
     bool fail(const QString &error);
-    static Kind kindOf(const char *type);
-    bool takeReference(const char *reference);
+    static Kind kindOf(std::string_view type);
+    bool takePlace(bool hasReference, std::string_view reference);
+    bool finishCell(std::string_view value);
     void takeRowAttribute(const char *name, const char *value);
     GridRow &placeFor(int row);
-    bool takeValue(CellRecord *cell);
+    bool takeValue(std::string_view whole, CellRecord *cell);
     bool takeShared(std::string_view value, CellRecord *cell);
     void takeText(std::string_view text, CellRecord *cell);
     void put(const CellRecord &cell);
-    quint32 formatOf(const char *index) const;
+    quint32 formatOf(std::string_view index) const;
 
     const XlsxSource &m_source;
     BookData &m_book;

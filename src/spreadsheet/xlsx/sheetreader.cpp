@@ -1,6 +1,7 @@
 #include "spreadsheet/xlsx/sheetreader.h"
 
 #include "spreadsheet/bookdata.h"
+#include "spreadsheet/xlsx/plaincell.h"
 #include "spreadsheet/xlsx/sharedtextsreader.h"
 #include "spreadsheet/xlsx/sheetcells.h"
 #include "spreadsheet/xlsx/sheetextras.h"
@@ -96,6 +97,26 @@ public:
         if (!isTaken) {
             fail(m_cells.error());
         }
+    }
+
+    const char *takeElements(const char *from, const char *end) override
+    {
+        while (m_place == Row && !m_seeksCell && error().isEmpty()) {
+            PlainCell cell;
+            const char *behind = readPlainCell(from, end, &cell);
+            if (!behind) {
+                break;
+            }
+            if (!m_cells.addCell(cell)) {
+                fail(m_cells.error());
+            }
+            from = behind;
+        }
+        return from;
+    }
+    const char *nextElements(const char *from, const char *end) override
+    {
+        return m_place >= Rows && m_place <= Inline ? findCellStart(from, end) : end;
     }
 
     bool finishExtras(XlsxSource &source, const QString &part, QString *error)

@@ -92,6 +92,7 @@ XmlParser::XmlParser(XmlHandler *handler)
     XML_SetElementHandler(m_parser, onStart, onEnd);
     XML_SetCharacterDataHandler(m_parser, onText);
     XML_SetStartDoctypeDeclHandler(m_parser, onDoctype);
+    XML_SetCdataSectionHandler(m_parser, onCdataStart, onCdataEnd);
 }
 
 XmlParser::~XmlParser()
@@ -99,11 +100,28 @@ XmlParser::~XmlParser()
     XML_ParserFree(m_parser);
 }
 
+/// Two bytes a character would show in the first tag or in front of it.
+bool XmlParser::startsAsUtf8(const char *bytes, int size)
+{
+    const std::string_view start(bytes, static_cast<size_t>(size));
+    return start.size() > 3 && (start.substr(0, 3) == "\xEF\xBB\xBF" || (start[0] == '<' && start[1] != '\0'));
+}
+
 bool XmlParser::feed(const char *bytes, int size)
 {
-    m_fed += size;
-    if (!parse(bytes, size, false)) {
-        return false;
+    m_isUtf8 = m_fed == 0 ? startsAsUtf8(bytes, size) : m_isUtf8;
+    const char *const end = bytes + size;
+    for (const char *at = bytes; at < end;) {
+        const char *behind = isBetweenTags() ? takeElements(at, end) : at;
+        m_taken += behind - at;
+        if (m_isStopped || behind == end) {
+            return !m_isStopped;
+        }
+        const char *next = m_isUtf8 ? m_handler->nextElements(behind + 1, end) : end;
+        if (!parse(behind, static_cast<int>(next - behind), false)) {
+            return false;
+        }
+        at = next;
     }
     // A tag that doesn't end is read anew with each piece.
     if (m_fed - XML_GetCurrentByteIndex(m_parser) > longestTag) {
@@ -111,6 +129,20 @@ bool XmlParser::feed(const char *bytes, int size)
         return false;
     }
     return true;
+}
+
+/// Whether all bytes so far belong to tags and texts that are complete, and the next may be handed to the handler.
+bool XmlParser::isBetweenTags() const
+{
+    return m_depth > 0 && m_skipped == 0 && m_isUtf8 && !m_isInCdata && m_prefix.empty()
+           && XML_GetCurrentByteIndex(m_parser) == m_fed;
+}
+
+const char *XmlParser::takeElements(const char *from, const char *end)
+{
+    const char *behind = m_handler->takeElements(from, end);
+    m_isStopped = m_handler->isDone() || !m_handler->error().isEmpty();
+    return behind;
 }
 
 bool XmlParser::close()
@@ -123,6 +155,7 @@ bool XmlParser::parse(const char *bytes, int size, bool isLast)
     if (m_isStopped || !m_error.isEmpty()) {
         return false;
     }
+    m_fed += size;
     const XML_Status status = XML_Parse(m_parser, bytes, size, isLast);
     if (m_exception) {
         std::rethrow_exception(m_exception);
@@ -137,10 +170,9 @@ bool XmlParser::parse(const char *bytes, int size, bool isLast)
     if (m_isStopped) {
         return m_error.isEmpty() && isLast;
     }
-    m_error = QStringLiteral("%1 in line %2, column %3")
+    m_error = QStringLiteral("%1 at byte %2")
                   .arg(QString::fromLatin1(XML_ErrorString(code)))
-                  .arg(XML_GetCurrentLineNumber(m_parser))
-                  .arg(XML_GetCurrentColumnNumber(m_parser) + 1);
+                  .arg(m_taken + XML_GetCurrentByteIndex(m_parser));
     return false;
 }
 
@@ -219,6 +251,16 @@ void XmlParser::onDoctype(void *parser, const char *, const char *, const char *
     auto *self = static_cast<XmlParser *>(parser);
     self->m_error = QStringLiteral("document type declarations are not allowed");
     self->stop();
+}
+
+void XmlParser::onCdataStart(void *parser)
+{
+    static_cast<XmlParser *>(parser)->m_isInCdata = true;
+}
+
+void XmlParser::onCdataEnd(void *parser)
+{
+    static_cast<XmlParser *>(parser)->m_isInCdata = false;
 }
 
 bool parsePart(ZipArchive &archive, const QString &part, XmlHandler *handler, QString *error)

@@ -51,6 +51,14 @@ public:
     /// Text in an element that wasn't skipped, in pieces.
     virtual void text(std::string_view) {}
 
+    // For elements that a document has in millions. Where a handler finds whole elements in a form that it knows well,
+    // it may take them itself; it must get from them what it would get through the functions above.
+    /// Takes elements that stand at `from`, and gives the place behind them. Called only in the content of an element
+    /// that wasn't skipped, where a tag may begin, and in a document of UTF-8 without prefixes.
+    virtual const char *takeElements(const char *from, const char *) { return from; }
+    /// Where from `from` on it is next worth trying; `end` for nowhere.
+    virtual const char *nextElements(const char *, const char *end) { return end; }
+
     /// In words for the user; empty unless the handler refused the document.
     const QString &error() const { return m_error; }
     bool isDone() const { return m_isDone; }
@@ -94,14 +102,22 @@ private:
     template<typename Call>
     void guarded(const Call &call);
     void stop();
+    static void onCdataStart(void *parser);
+    static void onCdataEnd(void *parser);
     bool parse(const char *bytes, int size, bool isLast);
+    static bool startsAsUtf8(const char *bytes, int size);
+    bool isBetweenTags() const;
+    const char *takeElements(const char *from, const char *end);
 
     XML_ParserStruct *m_parser;
     XmlHandler *m_handler;
     std::string m_prefix; // of the root, with the colon
+    bool m_isUtf8 = false;
+    bool m_isInCdata = false;
     int m_depth = 0;
-    int m_skipped = 0; // open elements in and including the one that is skipped
-    long long m_fed = 0;
+    int m_skipped = 0;     // open elements in and including the one that is skipped
+    long long m_fed = 0;   // bytes that went through the parser
+    long long m_taken = 0; // bytes that the handler took itself
     bool m_isStopped = false;
     std::exception_ptr m_exception; // must not pass through the C code
     QString m_error;
