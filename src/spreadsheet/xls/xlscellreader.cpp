@@ -1,6 +1,7 @@
 #include "spreadsheet/xls/xlscellreader.h"
 
 #include "spreadsheet/bookdata.h"
+#include "spreadsheet/cellerror.h"
 #include "spreadsheet/cellreference.h"
 #include "spreadsheet/xls/biffstrings.h"
 #include "spreadsheet/xls/continueddata.h"
@@ -8,12 +9,12 @@
 #include "spreadsheet/xls/xlserrors.h"
 
 #include <cmath>
+#include <cstring>
 
 namespace spreadsheet {
 namespace {
 
 constexpr quint32 cellHeadSize = 6; // row, column, format
-constexpr int numberError = 0x24;   // what stands for numbers that no cell can hold
 
 /// Bytes that a record of a cell has at least; 0 for other records.
 constexpr quint32 smallestSize(RecordId id)
@@ -121,6 +122,7 @@ CellRecord &XlsCellReader::cellOf(const Record &record)
 
 void XlsCellReader::setNumber(CellRecord &cell, double value)
 {
+    static const int numberError = errorCode("#NUM!");
     const bool isNumber = std::isfinite(value);
     cell.type = isNumber ? CellType::Number : CellType::Error;
     cell.number = isNumber ? value : numberError;

@@ -21,6 +21,8 @@ constexpr quint32 rowHasFormat = 0x00000080;
 constexpr quint32 rowSpacing = 0x70000000; // lines above and below, phonetic marks
 constexpr int heightMask = 0x7FFF;
 
+constexpr quint16 otherRowsHidden = 0x0002; // of the DEFAULTROWHEIGHT record's options
+
 constexpr quint32 columnInfoSize = 10; // with the options
 constexpr quint16 columnHidden = 0x0001;
 
@@ -47,6 +49,7 @@ void XlsLayoutReader::add(const Record &record)
         break;
     case RecordId::DefaultRowHeight:
         m_usualHeight = record.u16(2) & heightMask;
+        layout.otherRowsHidden = record.u16(0) & otherRowsHidden;
         layout.defaultHeight = static_cast<double>(m_usualHeight) / twipsPerPoint;
         break;
     case RecordId::DefaultColumnWidth:
@@ -93,12 +96,13 @@ void XlsLayoutReader::addRow(const Record &record)
     const bool hasFormat = (options & rowHasFormat) && isOwnFormat(format);
     const bool hasHeight = options & rowHasHeight;
     const bool hasMore = (options & (rowOutline | rowSpacing)) || (!hasHeight && height != m_usualHeight);
-    if (!hasFormat && !hasHeight && !hasMore && !(options & rowHidden)) {
+    const bool isHidden = options & rowHidden;
+    if (!hasFormat && !hasHeight && !hasMore && isHidden == m_sheet.layout().otherRowsHidden) {
         return;
     }
     GridRow &row = m_sheet.cells().rowFor(record.u16(0));
     row.height = hasHeight ? static_cast<float>(height) / twipsPerPoint : -1;
-    row.hidden = options & rowHidden;
+    row.hidden = isHidden;
     row.hasFormat = hasFormat;
     row.format = hasFormat ? format : 0;
     row.otherAttributes = hasMore ? bytesOf(record, 6, rowSize - 6) : QByteArray();
