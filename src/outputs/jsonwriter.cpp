@@ -25,6 +25,12 @@ bool isNumber(const Cell &cell)
     return NumberScan::isJsonNumber(text.bytes, text.bytes + text.size);
 }
 
+/// False for types whose values stand as they are.
+bool isQuoted(int type)
+{
+    return type != JsonColumnType::Boolean && type != JsonColumnType::Number && type != JsonColumnType::RawData;
+}
+
 /// The name with its quotes and colon.
 QByteArray keyOf(const QString &name)
 {
@@ -33,22 +39,20 @@ QByteArray keyOf(const QString &name)
     return key + "\": ";
 }
 
+/// What a line begins with: the comma and line ending that the sibling before lacks, the indent and a key or brace.
+struct LineStart
+{
+    QByteArray text;
+    int separatorSize = 0;
+    int blanksBefore = 0; ///< where in `text` the blanks end
+    int moreBlanks = 0;   ///< that `text` doesn't hold
+};
+
 /// Writes the rows of a tree one behind the other.
 class Writer
 {
 public:
-    Writer(TextSink &sink, OutputTree &tree, const JsonColumnTypes &types, const QByteArray &lineEnding)
-        : m_sink(sink)
-        , m_tree(tree)
-        , m_escaper(sink, ByteSearch<3, true>({'"', '\\', '/'}), replacements())
-        , m_lineEnding(lineEnding)
-        , m_separator(',' + lineEnding)
-    {
-        for (const OutputTree::Node &node : tree.nodes()) {
-            m_keys.push_back(keyOf(node.name));
-            m_types.push_back(types.value(node.column, JsonColumnType::Automatic));
-        }
-    }
+    Writer(TextSink &sink, OutputTree &tree, const JsonColumnTypes &types, const QByteArray &lineEnding);
 
     void writeRow();
     /// Ends the last row's line.
@@ -62,18 +66,11 @@ public:
 
 private:
     const OutputTree::Node &node(int number) const { return m_tree.nodes()[static_cast<size_t>(number)]; }
-
-    /// The comma and line ending that the sibling before still lacks, and the indent.
-    void beginLine(int number)
-    {
-        if (m_afterSibling) {
-            m_sink.append(m_separator);
-        }
-        m_sink.append(indentOf(number), ' ');
-    }
     /// The row's own node stands one level within the list.
-    int indentOf(int number) const { return indent * (node(number).depth + 1); }
+    static int indentOf(const OutputTree::Node &node) { return indent * (node.depth + 1); }
 
+    LineStart startOf(const OutputTree::Node &node, const QByteArray &key) const;
+    void beginLine(const LineStart &start);
     void open(int number);
     void close();
     void writeLeaf(int number);
@@ -84,13 +81,55 @@ private:
     OutputTree &m_tree;
     Escaper m_escaper;
     const QByteArray m_lineEnding;
-    const QByteArray m_separator;
-    std::vector<QByteArray> m_keys;
+    // By number of node
+    std::vector<LineStart> m_objectStarts;
+    std::vector<LineStart> m_leafStarts;
     std::vector<int> m_types;
     std::vector<int> m_open;
     bool m_afterSibling = false;
     JsonWriter::Issues m_issues;
 };
+
+Writer::Writer(TextSink &sink, OutputTree &tree, const JsonColumnTypes &types, const QByteArray &lineEnding)
+    : m_sink(sink)
+    , m_tree(tree)
+    , m_escaper(sink, ByteSearch<3, true>({'"', '\\', '/'}), replacements())
+    , m_lineEnding(lineEnding)
+{
+    for (const OutputTree::Node &node : tree.nodes()) {
+        const int type = types.value(node.column, JsonColumnType::Automatic);
+        const QByteArray key = keyOf(node.name);
+        m_types.push_back(type);
+        m_objectStarts.push_back(startOf(node, (node.name.isEmpty() ? QByteArray() : key) + '{' + lineEnding));
+        m_leafStarts.push_back(startOf(node, isQuoted(type) ? key + '"' : key));
+    }
+}
+
+LineStart Writer::startOf(const OutputTree::Node &node, const QByteArray &key) const
+{
+    // Names that nest very deeply would take room without end.
+    constexpr int maxBlanks = 128;
+    const int blanks = qMin(indentOf(node), maxBlanks);
+    LineStart start;
+    start.text = ',' + m_lineEnding + QByteArray(blanks, ' ') + key;
+    start.separatorSize = 1 + m_lineEnding.size();
+    start.blanksBefore = start.separatorSize + blanks;
+    start.moreBlanks = indentOf(node) - blanks;
+    return start;
+}
+
+void Writer::beginLine(const LineStart &start)
+{
+    const char *const text = start.text.constData();
+    const int from = m_afterSibling ? 0 : start.separatorSize;
+    if (Q_LIKELY(start.moreBlanks == 0)) {
+        m_sink.append(text + from, start.text.size() - from);
+        return;
+    }
+    m_sink.append(text + from, start.blanksBefore - from);
+    m_sink.append(start.moreBlanks, ' ');
+    m_sink.append(text + start.blanksBefore, start.text.size() - start.blanksBefore);
+}
 
 void Writer::writeRow()
 {
@@ -112,12 +151,7 @@ void Writer::writeRow()
 
 void Writer::open(int number)
 {
-    beginLine(number);
-    if (!node(number).name.isEmpty()) {
-        m_sink.append(m_keys[static_cast<size_t>(number)]);
-    }
-    m_sink.append('{');
-    m_sink.append(m_lineEnding);
+    beginLine(m_objectStarts[static_cast<size_t>(number)]);
     m_open.push_back(number);
     m_afterSibling = false;
 }
@@ -125,7 +159,7 @@ void Writer::open(int number)
 void Writer::close()
 {
     m_sink.append(m_lineEnding);
-    m_sink.append(indentOf(m_open.back()), ' ');
+    m_sink.append(indentOf(node(m_open.back())), ' ');
     m_sink.append('}');
     m_open.pop_back();
     m_afterSibling = true;
@@ -133,8 +167,7 @@ void Writer::close()
 
 void Writer::writeLeaf(int number)
 {
-    beginLine(number);
-    m_sink.append(m_keys[static_cast<size_t>(number)]);
+    beginLine(m_leafStarts[static_cast<size_t>(number)]);
     writeValue(m_types[static_cast<size_t>(number)], m_tree.value(number), node(number).column);
     m_afterSibling = true;
 }
@@ -152,7 +185,6 @@ void Writer::writeValue(int type, const Cell &value, int column)
     case JsonColumnType::RawData:
         return m_sink.append(value);
     default:
-        m_sink.append('"');
         m_escaper.append(value);
         m_sink.append('"');
     }

@@ -110,6 +110,7 @@ private:
     void writeDelimited(TextSink &sink, const TextLayout &layout, const Dataset &dataset);
     void writeJson(TextSink &sink, const TextLayout &layout, const Dataset &dataset, const JsonColumnTypes &types);
     void writeXml(TextSink &sink, const TextLayout &layout, const Dataset &dataset);
+    void reportRow(int row, int rowCount);
     void warnOfInvalidCharacters(int count);
     void warnOfOtherType(const QString &path);
     QString expandedComment() const;
@@ -119,4 +120,7 @@ private:
     QString m_lastFilePath;
     QString m_lastSheetName;
     QSet<QString> m_writtenFiles;
+    // The part of the progress that the file being written takes
+    double m_progressStart = 0.0;
+    double m_progressEnd = 1.0;
 };

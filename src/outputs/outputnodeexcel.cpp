@@ -14,8 +14,6 @@
 
 namespace {
 
-constexpr int progressStep = 1000;
-
 QString doneText(const ExcelWriteRequest &request, bool existed)
 {
     const QString path = IONode::absoluteNativePath(request.path);
@@ -86,7 +84,7 @@ bool OutputNode::writeSheetByMode(
     request.writeHeader = shouldWriteHeader(path, sheet);
     request.dataset = &dataset;
     request.formats = formats;
-    request.progress = [this](int row, int rowCount) { reportProgress(row, rowCount, progressStep); };
+    request.progress = [this](int row, int rowCount) { reportRow(row, rowCount); };
     QString error;
     if (writeSheet(request, &error, &m_warnings)) {
         m_infos.append(doneText(request, existed));

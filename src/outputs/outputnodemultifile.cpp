@@ -76,9 +76,16 @@ int OutputNode::writeTargets(const MultiFileTargets &plan, ColumnIndex files)
     const ColumnMaps maps = columnMaps().withoutColumn(files.toInt());
     Dataset rest = m_dataset;
     rest.removeColumn(files);
+    m_progressEnd = 0.0;
+    int rowsBefore = 0;
     int count = 0;
     for (const MultiFileTargets::Target &target : plan.targets) {
+        m_progressStart = m_progressEnd;
+        rowsBefore += target.rows.size();
+        m_progressEnd = static_cast<double>(rowsBefore) / m_dataset.rowCount();
         count += writeFile(target.file, target.sheet, rest.withRows(target.rows), maps) ? 1 : 0;
     }
+    m_progressStart = 0.0;
+    m_progressEnd = 1.0;
     return count;
 }

@@ -124,7 +124,7 @@ bool OutputNode::writeTextFile(const QString &path, const Dataset &dataset, cons
     TextLayout layout;
     layout.lineEnding = LineEndings::bytes(m_options.lineEndings);
     layout.writeHeader = shouldWriteHeader(path);
-    layout.progress = [this](int row, int rowCount) { reportProgress(row, rowCount, TextLayout::progressStep); };
+    layout.progress = [this](int row, int rowCount) { reportRow(row, rowCount); };
     const bool writeBom = shouldWriteBom(path);
     QFile file(path);
     if (!file.open(openMode(m_options.writeMode))) {
@@ -139,6 +139,13 @@ bool OutputNode::writeTextFile(const QString &path, const Dataset &dataset, cons
     warnOfInvalidCharacters(sink.invalidCharacters());
     m_infos.append(doneText(m_options.writeMode, existed).arg(shownPath));
     return true;
+}
+
+void OutputNode::reportRow(int row, int rowCount)
+{
+    if (row % TextLayout::progressStep == 0 && rowCount > 0) {
+        onProcessed(m_progressStart + (m_progressEnd - m_progressStart) * row / rowCount);
+    }
 }
 
 /// A file that New finds there is no failure.

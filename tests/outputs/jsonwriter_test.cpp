@@ -15,7 +15,8 @@ struct Json
     JsonWriter::Issues issues;
 };
 
-Json json(const Dataset &table, const JsonColumnTypes &types, bool removeEmpty = true, const QByteArray &lineEnding = "\n")
+Json json(
+    const Dataset &table, const JsonColumnTypes &types, bool removeEmpty = true, const QByteArray &lineEnding = "\n")
 {
     TextLayout layout;
     layout.lineEnding = lineEnding;
