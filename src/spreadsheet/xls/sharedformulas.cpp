@@ -1,5 +1,6 @@
 #include "spreadsheet/xls/sharedformulas.h"
 
+#include "spreadsheet/xls/bytebuffer.h"
 #include "spreadsheet/xls/formula/sharedtokens.h"
 #include "spreadsheet/xls/recordreader.h"
 #include "spreadsheet/xls/substreams.h"
@@ -8,11 +9,11 @@ namespace spreadsheet {
 namespace {
 
 // Places in a stored FORMULA record, counted from its header on
-constexpr int rowPlace = 4, columnPlace = 6, optionsPlace = 18, tokenSizePlace = 24, tokenPlace = 26;
+constexpr int sizePlace = 2, rowPlace = 4, columnPlace = 6, optionsPlace = 18, tokenSizePlace = 24, tokenPlace = 26;
 constexpr quint32 tokensInData = tokenPlace - recordHeaderSize;
 constexpr char sharesWithCell = 0x01, tableOfCell = 0x02; // codes that stand for what another cell has
 constexpr int shareSize = 5;
-constexpr quint16 isSharedOption = 0x0008;
+constexpr unsigned isSharedOption = 0x0008;
 
 quint16 wordAt(const QByteArray &bytes, int at)
 {
@@ -84,13 +85,13 @@ SharedFormulas::Form SharedFormulas::prepare(QByteArray *stored)
     if (tokens.isEmpty() || !expandSharedTokens(&tokens, row, column)) {
         return Form::Lost;
     }
-    stored->truncate(tokenPlace);
-    qToLittleEndian<quint16>(static_cast<quint16>(tokens.size()), stored->data() + tokenSizePlace);
-    const quint16 options = wordAt(*stored, optionsPlace) & ~isSharedOption;
-    qToLittleEndian<quint16>(options, stored->data() + optionsPlace);
-    stored->append(tokens);
-    qToLittleEndian<quint16>(
-        static_cast<quint16>(stored->size() - static_cast<int>(recordHeaderSize)), stored->data() + 2);
+    ByteBuffer record;
+    record.bytes(stored->constData(), tokenPlace);
+    record.bytes(tokens);
+    record.setU16(sizePlace, static_cast<unsigned>(record.size()) - recordHeaderSize);
+    record.setU16(optionsPlace, wordAt(*stored, optionsPlace) & ~isSharedOption);
+    record.setU16(tokenSizePlace, static_cast<unsigned>(tokens.size()));
+    *stored = record.data();
     return Form::Expanded;
 }
 

@@ -47,7 +47,7 @@ QByteArray fontRecord(const FontStyle &font, XlsPalette &palette)
     constexpr unsigned normalWeight = 400, boldWeight = 700;
     ByteBuffer out;
     out.u16(static_cast<unsigned>(std::clamp(qRound(font.size * twipsInPoint), smallest, largest)));
-    out.u16(flag(font.italic, 1) | flag(font.strikeOut, 3));
+    out.u16(flag(font.bold, 0) | flag(font.italic, 1) | flag(font.strikeOut, 3));
     out.u16(palette.number(font.color, automaticFont));
     out.u16(font.bold ? boldWeight : normalWeight);
     out.u16(bits(font.script, 2, 0));

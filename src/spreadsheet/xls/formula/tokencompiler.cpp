@@ -54,6 +54,17 @@ TokenCompiler::Class TokenCompiler::operandClass(Wanted wanted)
     return wanted.kind == Class::Value && wanted.inArray ? Class::Array : wanted.kind;
 }
 
+/// The class of a function that by itself gives `own`. A value can't become a reference. Where whole arrays are worked
+/// on, values are arrays.
+TokenCompiler::Class TokenCompiler::functionClass(Class own, Wanted wanted)
+{
+    const bool inArray = wanted.inArray || wanted.kind == Class::Array;
+    if (wanted.kind == Class::Reference && (own == Class::Reference || !inArray)) {
+        return own;
+    }
+    return inArray ? Class::Array : Class::Value;
+}
+
 bool TokenCompiler::hasVolatileFunction() const
 {
     return std::any_of(m_tree.begin(), m_tree.end(),
@@ -179,21 +190,14 @@ bool TokenCompiler::putReferencePart(int index)
 
 bool TokenCompiler::putFunction(const FormulaNode &call, Wanted wanted)
 {
-    const auto own = static_cast<Class>(call.function->result);
-    if (wanted.inArray || wanted.kind == Class::Array) {
-        // Values become arrays there, whatever the function gives for single values; a reference stays one where a
-        // reference is asked for.
-        const bool isReference = own == Class::Reference && wanted.kind == Class::Reference;
-        return putArguments(call, true) && (putCall(call, isReference ? Class::Reference : Class::Array), true);
-    }
-    // An array or value can't become a reference, a value is what a value's place gets.
-    const Class kind = wanted.kind == Class::Reference ? own : Class::Value;
+    const bool inArray = wanted.inArray || wanted.kind == Class::Array;
+    const Class kind = functionClass(static_cast<Class>(call.function->result), wanted);
     if (kind == Class::Value && call.function->number == functionSum && call.parts.size() == 1) {
-        return putArguments(call, false) && putAttribute(OperandCode::sumOfOne, 0) > 0;
+        return putArguments(call, inArray) && putAttribute(OperandCode::sumOfOne, 0) > 0;
     }
-    const bool done = call.function->number == functionIf       ? putCondition(call)
-                      : call.function->number == functionChoose ? putChoice(call)
-                                                                : putArguments(call, false);
+    const bool done = call.function->number == functionIf       ? putCondition(call, inArray)
+                      : call.function->number == functionChoose ? putChoice(call, inArray)
+                                                                : putArguments(call, inArray);
     if (done) {
         putCall(call, kind);
     }
@@ -213,24 +217,25 @@ bool TokenCompiler::putArguments(const FormulaNode &call, bool inArray)
 bool TokenCompiler::putArgument(const FormulaNode &call, size_t argument, bool inArray)
 {
     const std::string_view kinds = call.function->arguments;
-    const auto kind = static_cast<Class>(kinds[std::min(argument, kinds.size() - 1)]);
-    return put(call.parts[argument], {kind, inArray});
+    const char kind = kinds[std::min(argument, kinds.size() - 1)];
+    return kind == 'S' ? put(call.parts[argument], {Class::Value, false})
+                       : put(call.parts[argument], {static_cast<Class>(kind), inArray});
 }
 
 /// IF, with jumps over what isn't to be worked out.
-bool TokenCompiler::putCondition(const FormulaNode &call)
+bool TokenCompiler::putCondition(const FormulaNode &call, bool inArray)
 {
-    if (!putArgument(call, 0, false)) {
+    if (!putArgument(call, 0, inArray)) {
         return false;
     }
     const int ifFalse = putAttribute(OperandCode::condition, 0);
-    if (!putArgument(call, 1, false)) {
+    if (!putArgument(call, 1, inArray)) {
         return false;
     }
     const int skip = putAttribute(OperandCode::skip, callSize - 1);
     m_tokens.setU16(ifFalse, static_cast<unsigned>(m_tokens.size() - ifFalse - 2));
     if (call.parts.size() == 3) {
-        if (!putArgument(call, 2, false)) {
+        if (!putArgument(call, 2, inArray)) {
             return false;
         }
         putAttribute(OperandCode::skip, callSize - 1);
@@ -240,9 +245,9 @@ bool TokenCompiler::putCondition(const FormulaNode &call)
 }
 
 /// CHOOSE, with a table of jumps, counted from the table's beginning.
-bool TokenCompiler::putChoice(const FormulaNode &call)
+bool TokenCompiler::putChoice(const FormulaNode &call, bool inArray)
 {
-    if (!putArgument(call, 0, false)) {
+    if (!putArgument(call, 0, inArray)) {
         return false;
     }
     const auto choices = static_cast<int>(call.parts.size()) - 1;
@@ -251,7 +256,7 @@ bool TokenCompiler::putChoice(const FormulaNode &call)
     std::vector<int> skips;
     for (int i = 0; i < choices; ++i) {
         m_tokens.setU16(table + i * 2, static_cast<unsigned>(m_tokens.size() - table));
-        if (!putArgument(call, static_cast<size_t>(i) + 1, false)) {
+        if (!putArgument(call, static_cast<size_t>(i) + 1, inArray)) {
             return false;
         }
         skips.push_back(putAttribute(OperandCode::skip, 0));
@@ -285,13 +290,16 @@ int TokenCompiler::putAttribute(unsigned attribute, unsigned value)
 
 bool TokenCompiler::putArray(const FormulaNode &array, Wanted wanted)
 {
-    constexpr int reserved = 7;
+    constexpr int reserved = 4;
     const Class kind = wanted.kind == Class::Value && !wanted.inArray ? Class::Value : Class::Array;
+    const auto columns = static_cast<unsigned>(array.columnCount);
+    const unsigned rows = static_cast<unsigned>(array.parts.size()) / columns;
     m_tokens.u8(OperandCode::array + classOffset(kind));
+    for (ByteBuffer *out : {&m_tokens, &m_arrays}) {
+        out->u8(columns - 1);
+        out->u16(rows - 1);
+    }
     m_tokens.zeros(reserved);
-    const auto rows = static_cast<unsigned>(array.parts.size()) / static_cast<unsigned>(array.columnCount);
-    m_arrays.u8(static_cast<unsigned>(array.columnCount) - 1);
-    m_arrays.u16(rows - 1);
     return std::all_of(array.parts.begin(), array.parts.end(), [this](int item) { return putArrayItem(node(item)); });
 }
 

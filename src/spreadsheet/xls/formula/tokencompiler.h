@@ -35,6 +35,7 @@ private:
     bool fail(const QString &error);
     static unsigned classOffset(Class kind);
     static Class operandClass(Wanted wanted);
+    static Class functionClass(Class own, Wanted wanted);
     bool hasVolatileFunction() const;
 
     bool put(int index, Wanted wanted);
@@ -45,8 +46,8 @@ private:
     bool putReferencePart(int index);
     bool putFunction(const FormulaNode &call, Wanted wanted);
     bool putArguments(const FormulaNode &call, bool inArray);
-    bool putCondition(const FormulaNode &call);
-    bool putChoice(const FormulaNode &call);
+    bool putCondition(const FormulaNode &call, bool inArray);
+    bool putChoice(const FormulaNode &call, bool inArray);
     bool putArgument(const FormulaNode &call, size_t argument, bool inArray);
     void putCall(const FormulaNode &call, Class kind);
     int putAttribute(unsigned attribute, unsigned value);
