@@ -4,9 +4,6 @@
 #include "graph/graphscene.h"
 #include "graph/runcontrol.h"
 #include "inputs/filewatch.h"
-#include "inputs/metainformation.h"
-#include "inputs/sourcereader.h"
-#include "settings/settings.h"
 
 #include <QFileInfo>
 #include <QTimer>
@@ -119,7 +116,7 @@ void InputNode::readAnew()
     timer.start();
     setFraction(0.0);
     if (m_medium == Medium::Folder) {
-        fail(QStringLiteral("Reading folders is not supported by this version"));
+        readFolder();
     } else {
         readSingle();
     }
@@ -139,150 +136,15 @@ void InputNode::readAnew()
     update();
 }
 
-void InputNode::readSingle()
-{
-    if (m_medium == Medium::File ? m_path.isEmpty() : m_options.text.isEmpty()) {
-        setState(NodeState::Processed, false);
-        return;
-    }
-    // Read aside, so that nobody sees half a table when progress lets events in.
-    Dataset dataset;
-    bool success = false;
-    if (m_medium == Medium::Clipboard) {
-        success = readClipboard(dataset);
-    } else {
-        const QString path = absoluteNativePath(m_path);
-        if (!QFileInfo::exists(m_path)) {
-            fail(QStringLiteral("File '%1' not found").arg(path));
-            return;
-        }
-        if (Settings::isExtensionBlocked(QFileInfo(m_path).suffix(), Settings::current().blockedInputExtensions())) {
-            const QString text = QStringLiteral(
-                "The extension for this file is blocked in 'Preferences>Input Extensions':\n%1");
-            fail(text.arg(path));
-            return;
-        }
-        m_stampBefore = FileWatch::stamp(m_path);
-        success = readFile(m_path, dataset, 0.0, 1.0);
-    }
-    m_dataset = std::move(dataset);
-    setState(success ? NodeState::Processed : NodeState::Failed, false);
-    finishReading();
-}
-
-bool InputNode::readClipboard(Dataset &dataset)
-{
-    SourceReader reader(options());
-    reader.setProgress([this](double share) { onProcessed(share); });
-    const bool success = reader.readText(m_options.text, &dataset);
-    takeMessages(reader);
-    return success;
-}
-
-bool InputNode::readFile(const QString &path, Dataset &dataset, double progressStart, double progressEnd)
-{
-    SourceReader reader(options());
-    reader.setProgress([=](double share) { onProcessed(progressStart + (progressEnd - progressStart) * share); });
-    const bool success = reader.readFile(path, &dataset);
-    takeMessages(reader);
-    return success;
-}
-
-void InputNode::takeMessages(const SourceReader &reader)
-{
-    m_infos += reader.infos();
-    m_warnings += reader.warnings();
-}
-
-/// What is done with a table once it is read.
-void InputNode::finishReading()
-{
-    if (m_medium == Medium::File) {
-        if (m_state == NodeState::Processed) {
-            updateWatch();
-        }
-        warnOfExtension();
-    }
-    if (m_state == NodeState::Failed) {
-        return;
-    }
-    applyHeader();
-    m_previousColumnNames = m_dataset.columnNames();
-    if (m_options.schema.inUse) {
-        fail(QStringLiteral("Using a schema is not supported by this version"));
-    }
-    addMetaInformation();
-}
-
 void InputNode::fail(const QString &warning)
 {
     m_warnings.append(warning);
     setState(NodeState::Failed, false);
 }
 
-void InputNode::warnOfExtension()
+std::function<void(double)> InputNode::progressPart(double start, double end)
 {
-    const QString extension = QFileInfo(m_path).suffix();
-    const int expected = Settings::current().inputTypeOf(extension);
-    if (expected != FileType::None && expected != m_fileType) {
-        m_warnings.append(QStringLiteral("File extension '%1' may not match data type: %2")
-                              .arg(extension, FileType::label(m_fileType)));
-    }
-}
-
-// Header and meta information
-
-void InputNode::applyHeader()
-{
-    if (m_options.headerMode == InputOptions::DecideAtFirstRead) {
-        m_options.headerMode = guessHeader() ? InputOptions::FirstRowIsHeader : InputOptions::NoHeader;
-    }
-    m_dataset.setHasHeader(m_options.headerMode == InputOptions::FirstRowIsHeader);
-}
-
-bool InputNode::guessHeader() const
-{
-    if (m_dataset.hasHeader()) {
-        return true;
-    }
-    if (m_dataset.rowCount() < 2) {
-        return false;
-    }
-    const QStringList formats = dateFormats();
-    for (const QString &value : m_dataset.row(RowIndex(0))) {
-        bool isNumber = false;
-        parseNumber(value, false, true, &isNumber);
-        if (isNumber || parseDate(value, formats, nullptr).isValid()) {
-            return false;
-        }
-    }
-    return true;
-}
-
-void InputNode::addMetaInformation()
-{
-    if (m_options.metaPosition == InputOptions::NoMeta || !m_dataset.hasColumns()) {
-        return;
-    }
-    const MetaSource source{m_medium == Medium::File ? m_path : QString(),
-        options().applies(InputOptions::Worksheet) ? m_sheetName : QString(), m_dataset.rowCount(),
-        m_dataset.columnCount()};
-    const QString text = MetaInformation::expand(m_options.metaText, source);
-    if (m_options.metaPosition == InputOptions::MetaFirstRow) {
-        m_dataset.prependRow({text});
-    } else if (m_options.metaPosition == InputOptions::MetaLastRow) {
-        m_dataset.appendRow({text});
-    } else {
-        CellColumn column;
-        const TextArenaPointer arena(new TextArena);
-        const Cell cell = arena->store(text);
-        column.keep(arena);
-        column.cells.reserve(m_dataset.rowCount());
-        for (int i = 0; i < m_dataset.rowCount(); ++i) {
-            column.cells.append(cell);
-        }
-        m_dataset.appendColumn(column, m_options.metaColumnName);
-    }
+    return [=](double share) { onProcessed(start + (end - start) * share); };
 }
 
 // Watching

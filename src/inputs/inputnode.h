@@ -4,8 +4,14 @@
 #include "inputs/filewatch.h"
 #include "inputs/inputoptions.h"
 
+#include <functional>
+
 class QTimer;
 class SourceReader;
+
+namespace spreadsheet {
+class Book;
+}
 
 /// The item that brings a table into the flow: it reads one source by its options and tells what it met there.
 class InputNode : public IONode
@@ -25,6 +31,8 @@ public:
     void setPath(const QString &path, const QString &sheet) override;
     /// The column names of the last reading, before a schema or meta information changed them.
     const QStringList &previousColumnNames() const { return m_previousColumnNames; }
+    /// The first lines of the last text of fixed width, as they stand there.
+    const QStringList &fixedWidthSample() const { return m_fixedWidthSample; }
 
     QString name() const override;
     QString listName() const override;
@@ -63,23 +71,46 @@ public slots:
     void onDelayedImport();
 
 private:
-    void readAnew();
+    // Reading (inputnodereading.cpp)
     void readSingle();
+    bool readSource(Dataset &dataset);
     bool readClipboard(Dataset &dataset);
     bool readFile(const QString &path, Dataset &dataset, double progressStart, double progressEnd);
-    void takeMessages(const SourceReader &reader);
+    bool readExcel(
+        const QString &path, const QString &sheet, Dataset &dataset, double progressStart, double progressEnd);
+    bool readExcel(spreadsheet::Book &book, const QString &path, const QString &sheet, Dataset &dataset,
+        double progressStart, double progressEnd);
+    void takeResults(const SourceReader &reader);
     void finishReading();
     void applyHeader();
     bool guessHeader() const;
-    void addMetaInformation();
+    bool validateSchema(Dataset &dataset);
+    void addMetaInformation(Dataset &dataset, const QString &path, const QString &sheet) const;
     void warnOfExtension();
+
+    // Folders (inputnodefolder.cpp)
+    struct FolderReading;
+    void readFolder();
+    void readFolderFile(const QString &path, double progressStart, double progressEnd, FolderReading &reading);
+    void readFolderBook(const QString &path, double progressStart, double progressEnd, FolderReading &reading);
+    bool finishFolderItem(
+        const QString &path, const QString &sheet, bool success, Dataset &dataset, FolderReading &reading);
+    void failFolder();
+
+    void readAnew();
     void updateWatch();
     void startWatching(const QString &path);
     void stopWatching();
     void fail(const QString &warning);
+    /// What reports progress within a part of the whole.
+    std::function<void(double)> progressPart(double start, double end);
 
     InputOptions m_options; // those that IONode holds as well count there
     QStringList m_previousColumnNames;
+    QStringList m_fixedWidthSample;
+    QString m_readSheet; // the sheet last read, as its workbook has it
+    int m_filesRead = 0; // of a folder, as the next
+    int m_sheetsRead = 0;
     FileWatch *m_watcher = nullptr;
     FileWatch::Stamp m_stampBefore; // the file before it was read
     QTimer *m_importTimer = nullptr;

@@ -81,7 +81,16 @@ QString InputNode::description() const
 
 QString InputNode::resultText() const
 {
-    return m_state == NodeState::Failed ? QStringLiteral("Error reading") : QStringLiteral("Read");
+    if (m_state == NodeState::Failed) {
+        return QStringLiteral("Error reading");
+    }
+    if (m_medium != Medium::Folder) {
+        return QStringLiteral("Read");
+    }
+    const QString files = formatInteger(m_filesRead, true);
+    return FileType::isExcel(m_fileType)
+               ? QStringLiteral("Read %1 sheet(s) from %2 file(s)").arg(formatInteger(m_sheetsRead, true), files)
+               : QStringLiteral("Read %1 file(s)").arg(files);
 }
 
 InfoRows InputNode::informationRows() const

@@ -12,8 +12,14 @@ struct InputSchema
 
     bool inUse = false;
     QStringList columnNames;   ///< in order; case and whitespace count
-    QStringList missingValues; ///< what an added column holds, by position in columnNames
+    QStringList missingValues; ///< what an added column holds, by position in columnNames; a single one is for all
     int missingMode = AddMissing;
     int reorderMode = Reorder;
     int extraMode = AddExtra;
+
+    /// What the column at a position of columnNames holds when it had to be added.
+    QString missingValue(int position) const
+    {
+        return missingValues.size() == 1 ? missingValues.first() : missingValues.value(position);
+    }
 };

@@ -174,13 +174,19 @@ TEST_F(InputNodeTest, SaysWhatCannotBeRead)
             {"The extension for this file is blocked in 'Preferences>Input Extensions':\nDIR/in.exe"}},
         {"a folder", "folder.csv", nothing, {"Unable to read 'DIR/folder.csv'"}},
         {"a device without end", "endless.csv", nothing, {"Unable to read 'DIR/endless.csv'"}},
-        {"a type that isn't text, and another extension", "in.csv", [](InputOptions &o) { o.fileType = FileType::ExcelXlsx; },
-            {"Reading 'Excel XLSX' files is not supported by this version",
+        {"a file that is no workbook, and another extension", "in.csv",
+            [](InputOptions &o) { o.fileType = FileType::ExcelXlsx; },
+            {"Unable to load Excel workbook 'DIR/in.csv' information.",
                 "File extension 'csv' may not match data type: Excel XLSX"}},
-        {"a schema", "in.csv", [](InputOptions &o) { o.schema.inUse = true; },
-            {"Using a schema is not supported by this version"}},
-        {"a folder input", "", [](InputOptions &o) { o.medium = Medium::Folder; },
-            {"Reading folders is not supported by this version"}},
+        {"a device in place of a workbook", "endless.csv", [](InputOptions &o) { o.fileType = FileType::ExcelXls; },
+            {"Unable to load Excel workbook 'DIR/endless.csv' information.",
+                "File extension 'csv' may not match data type: Excel XLS"}},
+        {"a schema that doesn't fit", "in.csv",
+            [](InputOptions &o) {
+                o.schema.inUse = true;
+                o.schema.extraMode = InputSchema::ExtraIsError;
+            },
+            {"Schema error: Extra column 'a' at position 1", "Schema validation failed"}},
     };
     for (const FailCase &c : cases) {
         SCOPED_TRACE(c.what);
