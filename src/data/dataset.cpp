@@ -2,6 +2,7 @@
 
 #include <QVarLengthArray>
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 bool Dataset::s_maximumSpeed = false;
@@ -238,20 +239,31 @@ void Dataset::removeRow(RowIndex row)
 
 int Dataset::removeEmptyRows()
 {
+    // By column, among the rows that were empty so far: one look at a cell of most rows, and in the order of memory.
+    QVector<int> empty(m_rowCount);
+    std::iota(empty.begin(), empty.end(), 0);
+    for (const CellColumn &column : qAsConst(m_columns)) {
+        const Cell *cells = column.cells.constData();
+        const auto end = std::remove_if(empty.begin(), empty.end(), [cells](int row) { return !cells[row].isEmpty(); });
+        empty.erase(end, empty.end());
+    }
+    if (empty.isEmpty()) {
+        return 0;
+    }
     QVector<int> kept;
-    for (int row = 0; row < m_rowCount; ++row) {
-        if (!isRowEmpty(RowIndex(row))) {
+    kept.reserve(m_rowCount - empty.size());
+    for (int row = 0, next = 0; row < m_rowCount; ++row) {
+        if (next < empty.size() && empty.at(next) == row) {
+            ++next;
+        } else {
             kept.append(row);
         }
     }
-    const int removed = m_rowCount - kept.size();
-    if (removed > 0) {
-        for (CellColumn &column : m_columns) {
-            column = column.gathered(kept);
-        }
-        m_rowCount = kept.size();
+    for (CellColumn &column : m_columns) {
+        column = column.gathered(kept);
     }
-    return removed;
+    m_rowCount = kept.size();
+    return empty.size();
 }
 
 bool Dataset::isRowEmpty(RowIndex row) const
