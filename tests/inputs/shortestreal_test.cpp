@@ -23,7 +23,7 @@ TEST(ShortestRealWriter, WritesWhatTheLocaleWrites)
         1e14 + 0.5, 999999999999999.0, 1e15, 4503599627370495.5, 9007199254740992.0, 1e22, 1e23, -1e300, 5e-324, 1e-7,
         0.000123, 45292.25};
     std::mt19937_64 random(7);
-    for (int i = 0; i < 20000; ++i) {
+    for (int i = 0; i < 4000; ++i) {
         const quint64 bits = random();
         double any;
         std::memcpy(&any, &bits, sizeof any);
@@ -42,6 +42,6 @@ TEST(ShortestRealWriter, WritesWhatTheLocaleWrites)
             const QString text = size > 0 ? QString::fromLatin1(out, size) : writer.textByLocale(value);
             ASSERT_EQ(text.toStdString(), byLocale(value).toStdString()) << name << ' ' << value;
         }
-        EXPECT_GT(plain, std::strcmp(name, "ar_EG") == 0 ? -1 : 10000) << name;
+        EXPECT_GT(plain, std::strcmp(name, "ar_EG") == 0 ? -1 : 2000) << name;
     }
 }
