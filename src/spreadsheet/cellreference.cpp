@@ -5,63 +5,83 @@
 #include <algorithm>
 
 namespace spreadsheet {
+namespace {
 
-bool parseCellReference(std::string_view text, int *row, int *column)
+void skipDollar(std::string_view *text)
 {
-    size_t i = !text.empty() && text[0] == '$' ? 1 : 0;
-    int letters = 0;
-    for (; i < text.size(); ++i) {
-        const char c = static_cast<char>(text[i] & ~0x20);
+    text->remove_prefix(!text->empty() && text->front() == '$' ? 1 : 0);
+}
+
+/// Takes letters from the front; below 0 when there are none or no sheet has such a column.
+int takeColumn(std::string_view *text)
+{
+    skipDollar(text);
+    int number = 0;
+    for (; !text->empty(); text->remove_prefix(1)) {
+        const char c = static_cast<char>(text->front() & ~0x20);
         if (c < 'A' || c > 'Z') {
             break;
         }
-        letters = letters * 26 + (c - 'A' + 1);
-        if (letters > maxColumns(FileKind::Xlsx)) {
-            return false;
+        number = number * 26 + (c - 'A' + 1);
+        if (number > maxColumns(FileKind::Xlsx)) {
+            return -1;
         }
     }
-    if (letters == 0) {
-        return false;
-    }
-    if (i < text.size() && text[i] == '$') {
-        ++i;
-    }
+    return number - 1;
+}
+
+/// Takes digits from the front; below 0 when there are none or no sheet has such a row.
+int takeRow(std::string_view *text)
+{
+    skipDollar(text);
     int number = 0;
-    const size_t digits = i;
-    for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i) {
-        number = number * 10 + (text[i] - '0');
+    for (; !text->empty() && text->front() >= '0' && text->front() <= '9'; text->remove_prefix(1)) {
+        number = number * 10 + (text->front() - '0');
         if (number > maxRows(FileKind::Xlsx)) {
-            return false;
+            return -1;
         }
     }
-    if (i != text.size() || i == digits || number == 0) {
+    return number - 1;
+}
+
+/// Reads one kind of end on both sides of the colon.
+bool parseEnds(std::string_view first, std::string_view last, int (*take)(std::string_view *), int *from, int *to)
+{
+    *from = take(&first);
+    *to = take(&last);
+    return *from >= 0 && *to >= 0 && first.empty() && last.empty();
+}
+
+} // namespace
+
+bool parseCellReference(std::string_view text, int *row, int *column)
+{
+    const int foundColumn = takeColumn(&text);
+    const int foundRow = foundColumn < 0 ? -1 : takeRow(&text);
+    if (foundRow < 0 || !text.empty()) {
         return false;
     }
-    *row = number - 1;
-    *column = letters - 1;
+    *row = foundRow;
+    *column = foundColumn;
     return true;
 }
 
 bool parseRange(std::string_view text, CellRange *range)
 {
     const size_t colon = text.find(':');
-    if (!parseCellReference(text.substr(0, colon), &range->rowFirst, &range->columnFirst)) {
+    const std::string_view first = text.substr(0, colon);
+    const std::string_view last = colon == std::string_view::npos ? first : text.substr(colon + 1);
+    CellRange found{0, maxRows(FileKind::Xlsx) - 1, 0, maxColumns(FileKind::Xlsx) - 1};
+    const bool isRange = (parseCellReference(first, &found.rowFirst, &found.columnFirst)
+                             && parseCellReference(last, &found.rowLast, &found.columnLast))
+                         || (colon != std::string_view::npos
+                             && (parseEnds(first, last, takeColumn, &found.columnFirst, &found.columnLast)
+                                 || parseEnds(first, last, takeRow, &found.rowFirst, &found.rowLast)));
+    if (!isRange) {
         return false;
     }
-    if (colon == std::string_view::npos) {
-        range->rowLast = range->rowFirst;
-        range->columnLast = range->columnFirst;
-        return true;
-    }
-    if (!parseCellReference(text.substr(colon + 1), &range->rowLast, &range->columnLast)) {
-        return false;
-    }
-    if (range->rowLast < range->rowFirst) {
-        std::swap(range->rowFirst, range->rowLast);
-    }
-    if (range->columnLast < range->columnFirst) {
-        std::swap(range->columnFirst, range->columnLast);
-    }
+    *range = {std::min(found.rowFirst, found.rowLast), std::max(found.rowFirst, found.rowLast),
+        std::min(found.columnFirst, found.columnLast), std::max(found.columnFirst, found.columnLast)};
     return true;
 }
 

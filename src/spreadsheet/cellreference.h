@@ -14,7 +14,7 @@ struct CellRange
 /// Reads "B7", with or without "$", into 0-based numbers. False for anything else and for places beyond the largest
 /// sheet there is (1,048,576 rows, 16,384 columns).
 bool parseCellReference(std::string_view text, int *row, int *column);
-/// Reads "B7" or "A1:C3", the ends in any order.
+/// Reads "B7" or "A1:C3", the ends in any order, and whole columns "A:C" and rows "1:3".
 bool parseRange(std::string_view text, CellRange *range);
 /// Letters of a 0-based column.
 QByteArray columnLetters(int column);

@@ -8,6 +8,7 @@ namespace {
 
 constexpr qint64 msPerDay = 86400000;
 constexpr int fictionalLeapDay = 60; // 1900-02-29 in the 1900 system
+constexpr int lastYear = 9999;
 
 /// Day 0 of the systems; in the 1900 one, of the days before the fictional leap day.
 QDate dayZero(bool uses1904)
@@ -36,7 +37,7 @@ bool unpackDate(double value, bool uses1904, DateParts *parts)
     } else {
         const qint64 shift = !uses1904 && days > fictionalLeapDay ? 1 : 0;
         const QDate date = dayZero(uses1904).addDays(days - shift);
-        if (date.year() > 9999) {
+        if (date.year() > lastYear) {
             return false;
         }
         date.getDate(&parts->year, &parts->month, &parts->day);
@@ -52,18 +53,19 @@ double packDate(const DateParts &parts, bool uses1904)
 {
     const qint64 ms = ((parts.hour * 60LL + parts.minute) * 60 + parts.second) * 1000 + parts.millisecond;
     const double time = static_cast<double>(ms) / msPerDay;
-    if (parts.year == 0 && parts.month == 0 && parts.day == 0) {
+    if (parts.year == 0) {
         return time;
     }
     const QDate date(parts.year, parts.month, parts.day);
-    if (!date.isValid()) {
+    if (!date.isValid() || parts.year > lastYear) {
         return -1;
     }
     qint64 days = dayZero(uses1904).daysTo(date);
     if (!uses1904 && days >= fictionalLeapDay) {
         ++days;
     }
-    return days < 0 ? -1 : static_cast<double>(days) + time;
+    const int firstDay = uses1904 ? 0 : 1;
+    return days < firstDay ? -1 : static_cast<double>(days) + time;
 }
 
 } // namespace spreadsheet

@@ -12,8 +12,8 @@ struct DateParts
 /// February 1900 that never was, or from 1904. A number below 1 of the 1900 system is a time on 1899-12-31. False for
 /// numbers below 0, beyond the year 9999 or not finite.
 bool unpackDate(double value, bool uses1904, DateParts *parts);
-/// The date number of parts. A year of 0 gives the time alone. A date that doesn't exist or lies before the system's
-/// first day gives -1.
+/// The date number of parts. A year of 0 gives the time alone. A date that doesn't exist, lies before the system's
+/// first day or behind the year 9999 gives -1.
 double packDate(const DateParts &parts, bool uses1904);
 
 } // namespace spreadsheet

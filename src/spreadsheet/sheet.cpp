@@ -3,6 +3,16 @@
 #include "spreadsheet/bookdata.h"
 
 namespace spreadsheet {
+namespace {
+
+bool isInside(const CellRange &range, FileKind kind)
+{
+    return range.rowFirst >= 0 && range.columnFirst >= 0 && range.rowFirst <= range.rowLast
+           && range.columnFirst <= range.columnLast && range.rowLast < maxRows(kind)
+           && range.columnLast < maxColumns(kind);
+}
+
+} // namespace
 
 Sheet::Sheet(BookData *book, const QString &name)
     : m_book(book)
@@ -168,6 +178,9 @@ void Sheet::clear(int rowFirst, int rowLast, int columnFirst, int columnLast)
 
 void Sheet::delHyperlink(int index)
 {
+    if (index < 0 || index >= hyperlinkSize()) {
+        return;
+    }
     m_layout.hyperlinks.erase(m_layout.hyperlinks.begin() + index);
     m_layout.hyperlinksChanged = true;
     m_changed = true;
@@ -175,11 +188,12 @@ void Sheet::delHyperlink(int index)
 
 bool Sheet::addHyperlink(const QString &target, int rowFirst, int rowLast, int columnFirst, int columnLast)
 {
-    if (target.isEmpty() || target.size() > maxHyperlinkLength || hyperlinkSize() >= maxHyperlinks || rowFirst < 0
-        || columnFirst < 0 || rowLast >= maxRows(m_book->kind) || columnLast >= maxColumns(m_book->kind)) {
+    const CellRange range{rowFirst, rowLast, columnFirst, columnLast};
+    if (target.isEmpty() || target.size() > maxHyperlinkLength || hyperlinkSize() >= maxHyperlinks
+        || !isInside(range, m_book->kind)) {
         return false;
     }
-    m_layout.hyperlinks.push_back({{rowFirst, rowLast, columnFirst, columnLast}, target, QByteArray()});
+    m_layout.hyperlinks.push_back({range, target, QByteArray()});
     m_layout.hyperlinksChanged = true;
     m_changed = true;
     return true;
@@ -209,8 +223,7 @@ bool Sheet::setRow(int row, double height, bool hidden)
 
 bool Sheet::setMerge(const CellRange &range)
 {
-    if (range.rowFirst < 0 || range.columnFirst < 0 || range.rowLast >= maxRows(m_book->kind)
-        || range.columnLast >= maxColumns(m_book->kind)) {
+    if (!isInside(range, m_book->kind)) {
         return false;
     }
     for (const CellRange &other : m_layout.merges) {

@@ -190,23 +190,35 @@ private:
     Place m_place = Outside;
 };
 
+bool parseSheet(XlsxSource &source, int index, SheetHandler *handler, QString *error)
+{
+    const QString &part = source.sheets[static_cast<size_t>(index)].part;
+    if (part.isEmpty()) {
+        *error = QStringLiteral("The file has no part for the sheet");
+        return false;
+    }
+    return parsePart(*source.archive, part, handler, error);
+}
+
 } // namespace
 
 bool readSheetPart(XlsxSource &source, int index, BookData &book, Sheet &sheet, QString *error)
 {
-    const QString &part = source.sheets[static_cast<size_t>(index)].part;
+    if (!loadSharedTexts(source, book, error)) {
+        return false;
+    }
     SheetHandler handler(source, book, sheet, false);
-    return loadSharedTexts(source, book, error) && parsePart(*source.archive, part, &handler, error)
-           && handler.finishExtras(source, part, error);
+    return parseSheet(source, index, &handler, error)
+           && handler.finishExtras(source, source.sheets[static_cast<size_t>(index)].part, error);
 }
 
 bool hasUsedCell(XlsxSource &source, int index, BookData &book, bool *found, QString *error)
 {
     Sheet scratch(&book, QString());
     SheetHandler handler(source, book, scratch, true);
-    const bool read = parsePart(*source.archive, source.sheets[static_cast<size_t>(index)].part, &handler, error);
+    const bool isRead = parseSheet(source, index, &handler, error);
     *found = handler.foundCell();
-    return read;
+    return isRead;
 }
 
 } // namespace spreadsheet

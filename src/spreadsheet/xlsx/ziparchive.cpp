@@ -9,10 +9,7 @@ namespace spreadsheet {
 namespace {
 
 constexpr int pieceSize = 64 << 10;
-constexpr qint64 largestPart = 8LL << 30;
-// Real sheets shrink to a fiftieth at most; beyond this a part must stay small.
-constexpr qint64 greatestRatio = 200;
-constexpr qint64 sizeOfAnyRatio = 256LL << 20;
+constexpr qint64 largestStated = 1LL << 40; // a larger size in a directory is a lie
 
 /// Names are compared without regard to case, as the format demands, and some programs write "\".
 QString comparedName(QString name)
@@ -87,8 +84,8 @@ bool ZipArchive::listEntries()
         entry.name = QByteArray(state.name).replace('\\', '/');
         entry.name.remove(0, static_cast<int>(strspn(entry.name.constData(), "/")));
         entry.index = static_cast<quint64>(i);
-        entry.size = static_cast<qint64>(qMin<zip_uint64_t>(state.size, largestPart * 2));
-        entry.packedSize = static_cast<qint64>(qMin<zip_uint64_t>(state.comp_size, largestPart * 2));
+        entry.size = static_cast<qint64>(qMin<zip_uint64_t>(state.size, largestStated));
+        entry.packedSize = static_cast<qint64>(qMin<zip_uint64_t>(state.comp_size, largestStated));
         const QString compared = comparedName(QString::fromUtf8(entry.name));
         if (!m_byName.contains(compared)) {
             m_byName.insert(compared, m_entries.size());
@@ -122,14 +119,14 @@ bool ZipArchive::read(const QString &part, QByteArray *bytes, qint64 limit)
     return whole;
 }
 
-bool ZipArchive::stream(const QString &part, const Sink &sink)
+bool ZipArchive::stream(const QString &part, const Sink &sink, const Limits &limits)
 {
     const Entry *entry = find(part);
     if (!entry) {
         return fail(QStringLiteral("The file has no part '%1'").arg(part));
     }
-    const qint64 byRatio = qMin(entry->packedSize, largestPart) * greatestRatio;
-    return inflate(*entry, qMin(largestPart, qMax(sizeOfAnyRatio, byRatio)), sink);
+    const qint64 byRatio = qMin(entry->packedSize, limits.size) * limits.ratio;
+    return inflate(*entry, qMin(limits.size, qMax(limits.anyRatio, byRatio)), sink);
 }
 
 bool ZipArchive::inflate(const Entry &entry, qint64 limit, const Sink &sink)

@@ -24,6 +24,13 @@ public:
     };
     /// Takes the next bytes of an entry; false to stop.
     using Sink = std::function<bool(const char *bytes, int size)>;
+    /// How much a part may inflate to.
+    struct Limits
+    {
+        qint64 size = 8LL << 30;
+        qint64 ratio = 200;            ///< to its packed size; real sheets reach a quarter of it at most
+        qint64 anyRatio = 256LL << 20; ///< smaller ones may have any ratio
+    };
 
     ZipArchive() = default;
     ~ZipArchive();
@@ -40,7 +47,8 @@ public:
     bool read(const QString &part, QByteArray *bytes, qint64 limit = smallPartLimit);
     /// Hands a part piece by piece to the sink. True as well when the sink stopped it; false for a part that is missing
     /// or damaged, or one that expands beyond all measure.
-    bool stream(const QString &part, const Sink &sink);
+    bool stream(const QString &part, const Sink &sink) { return stream(part, sink, Limits()); }
+    bool stream(const QString &part, const Sink &sink, const Limits &limits);
 
     /// For copying entries as they are; owned by the archive.
     zip *handle() const { return m_zip; }
