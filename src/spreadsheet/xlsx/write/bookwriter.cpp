@@ -4,7 +4,7 @@
 #include "spreadsheet/xlsx/relationships.h"
 #include "spreadsheet/xlsx/write/emptybook.h"
 #include "spreadsheet/xlsx/write/schemaorder.h"
-#include "spreadsheet/xlsx/write/sharedtextswriter.h"
+#include "spreadsheet/xlsx/write/sharedtextsedit.h"
 #include "spreadsheet/xlsx/write/sheetwriter.h"
 #include "spreadsheet/xlsx/write/startedit.h"
 #include "spreadsheet/xlsx/write/textescape.h"
@@ -112,7 +112,7 @@ bool BookWriter::writeSheets(bool *areFormulasStale)
     if (!countTexts(&presentTexts)) {
         return false;
     }
-    SharedTextsWriter texts(m_book.texts, m_source, presentTexts);
+    SharedTextsEdit texts(m_book.texts, m_source, presentTexts);
     FormulaWriter formulas(
         [this](std::string_view name) {
             const QString wanted = QString::fromUtf8(name.data(), static_cast<int>(name.size()));

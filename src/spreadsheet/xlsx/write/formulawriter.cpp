@@ -291,7 +291,8 @@ bool FormulaWriter::takeName()
     }
     take(name.size());
     m_wantsOperand = m_isAfterSheet = false;
-    return at(end) == '[' ? takeTable() : isNameValid(name);
+    const bool isPlain = name.find('$') == std::string_view::npos;
+    return at(end) == '[' ? isPlain && takeTable() : isNameValid(name);
 }
 
 bool FormulaWriter::takeFunction(std::string_view name)

@@ -5,7 +5,7 @@
 #include "spreadsheet/cellreference.h"
 #include "spreadsheet/datesystem.h"
 #include "spreadsheet/xlsx/write/deflatedpart.h"
-#include "spreadsheet/xlsx/write/sharedtextswriter.h"
+#include "spreadsheet/xlsx/write/sharedtextsedit.h"
 #include "spreadsheet/xlsx/write/styleswriter.h"
 #include "spreadsheet/xlsx/write/textescape.h"
 

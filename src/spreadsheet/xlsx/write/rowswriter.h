@@ -12,7 +12,7 @@ namespace spreadsheet {
 
 class DeflatedPart;
 class Sheet;
-class SharedTextsWriter;
+class SharedTextsEdit;
 class StylesWriter;
 struct BookData;
 
@@ -20,7 +20,7 @@ struct BookData;
 struct CellContext
 {
     const BookData &book;
-    SharedTextsWriter &texts;
+    SharedTextsEdit &texts;
     const StylesWriter &styles;
     FormulaWriter &formulas;
     int badFormulas = 0; ///< those written as texts, since they weren't well-formed

@@ -1,4 +1,4 @@
-#include "spreadsheet/xlsx/write/sharedtextswriter.h"
+#include "spreadsheet/xlsx/write/sharedtextsedit.h"
 
 #include "spreadsheet/sizes.h"
 #include "spreadsheet/texttable.h"
@@ -32,7 +32,7 @@ qint64 unitCount(std::string_view text)
 
 } // namespace
 
-SharedTextsWriter::SharedTextsWriter(const TextTable &texts, const XlsxSource *source, quint32 presentCount)
+SharedTextsEdit::SharedTextsEdit(const TextTable &texts, const XlsxSource *source, quint32 presentCount)
     : m_texts(texts)
     , m_presentCount(presentCount)
     , m_numbers(texts.size(), 0)
@@ -43,14 +43,14 @@ SharedTextsWriter::SharedTextsWriter(const TextTable &texts, const XlsxSource *s
     }
 }
 
-quint32 SharedTextsWriter::add(quint32 id)
+quint32 SharedTextsEdit::add(quint32 id)
 {
     m_added.push_back(id);
     m_numbers[id] = m_presentCount + static_cast<quint32>(m_added.size());
     return m_numbers[id] - 1;
 }
 
-int SharedTextsWriter::overlongCount() const
+int SharedTextsEdit::overlongCount() const
 {
     return static_cast<int>(std::count_if(m_added.begin(), m_added.end(), [this](quint32 id) {
         const std::string_view text = m_texts.text(id);
@@ -58,7 +58,7 @@ int SharedTextsWriter::overlongCount() const
     }));
 }
 
-bool SharedTextsWriter::write(Package &package, const QString &part) const
+bool SharedTextsEdit::write(Package &package, const QString &part) const
 {
     XmlOutline outline(0);
     if (!package.outline(part, &outline)) {

@@ -11,11 +11,11 @@ class TextTable;
 
 /// Numbers the texts that written sheets use as the shared texts of the file: those of the loaded file keep their
 /// numbers, others get the next one when they are first used.
-class SharedTextsWriter
+class SharedTextsEdit
 {
 public:
     /// `source` is null for a new workbook; `presentCount` is how many texts the old part has.
-    SharedTextsWriter(const TextTable &texts, const XlsxSource *source, quint32 presentCount);
+    SharedTextsEdit(const TextTable &texts, const XlsxSource *source, quint32 presentCount);
 
     /// The file's number of a text of the book.
     quint32 use(quint32 id)
