@@ -148,6 +148,9 @@ void ChangedSheetWriter::writeRecord()
     const RecordId id = m_records.record().id;
     writeWhatComesBefore(id);
     if (isReplaced(id)) {
+        if (id == RecordId::LabelShared) {
+            m_context.texts.dropUse();
+        }
         while (m_records.nextIf(RecordId::Continue)) {
         }
         return;

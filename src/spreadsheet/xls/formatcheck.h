@@ -17,7 +17,8 @@ public:
     /// True when the record states what was added.
     bool isStatedIn(const Record &record) const
     {
-        return record.u16(countPlace) == m_count && record.u32(sumPlace) == m_sum;
+        return record.size >= sumPlace + sizeof(m_sum) && record.u16(countPlace) == m_count
+               && record.u32(sumPlace) == m_sum;
     }
     /// Puts count and sum into a record whose data begins at a place of the buffer.
     void enter(ByteBuffer &out, int data) const

@@ -2,7 +2,6 @@
 
 #include "spreadsheet/xls/beginrecord.h"
 #include "spreadsheet/xls/formatcheck.h"
-#include "spreadsheet/xls/recordreader.h"
 #include "spreadsheet/xls/xlssource.h"
 
 #include <algorithm>
@@ -105,19 +104,18 @@ void GlobalsWriter::setSheetBegin(size_t sheet, quint32 position)
 
 void GlobalsWriter::writeChanged(bool isCalculated)
 {
-    const XlsSource &source = *m_context.source;
     m_isCalculated = isCalculated;
     m_hasReferences = !m_context.sheets.isChanged();
-    RecordReader records(reinterpret_cast<const uchar *>(source.workbook.constData()), source.globalsEnd);
-    while (records.next()) {
-        const Record record = records.record();
+    const GlobalRecords &records = m_context.globals;
+    for (size_t i = 0; i < records.size(); ++i) {
+        const Record &record = records[i];
         const bool isReplaced = record.id == RecordId::SharedStrings
                                 || (record.id == RecordId::ExternSheet && m_context.sheets.isChanged());
-        while (isReplaced && records.nextIf(RecordId::Continue)) {
+        while (isReplaced && i + 1 < records.size() && records[i + 1].id == RecordId::Continue) {
+            ++i;
         }
-        RecordReader ahead = records;
         writeBefore(record.id);
-        writeRecord(record, ahead.next() ? ahead.record().id : RecordId::Eof);
+        writeRecord(record, i + 1 < records.size() ? records[i + 1].id : RecordId::Eof);
     }
 }
 
@@ -219,12 +217,10 @@ void GlobalsWriter::writeSheetIds(const Record &record)
 /// The sum that guards the extensions of cell formats, when it is one that we know to make.
 void GlobalsWriter::writeFormatCheck(const Record &record)
 {
-    const XlsSource &source = *m_context.source;
     FormatCheck check;
-    RecordReader records(reinterpret_cast<const uchar *>(source.workbook.constData()), source.globalsEnd);
-    while (records.next()) {
-        if (records.record().id == RecordId::ExtendedFormat) {
-            check.add(records.record().data, records.record().size);
+    for (const Record &other : m_context.globals) {
+        if (other.id == RecordId::ExtendedFormat) {
+            check.add(other.data, other.size);
         }
     }
     const bool isKnown = check.isStatedIn(record);

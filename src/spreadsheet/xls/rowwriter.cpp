@@ -39,7 +39,7 @@ void RowWriter::write(int number, const GridRow &row, RecordWriter &out)
     quint32 options = (attributes.options & ~(isHidden | hasFormat | formatMask)) | alwaysSet;
     options |= row.hidden ? isHidden : 0;
     options |= row.hasFormat ? hasFormat : 0;
-    options |= m_styles.recordOf(row.hasFormat ? row.format : 0) << formatShift;
+    options |= (m_styles.recordOf(row.hasFormat ? row.format : 0) << formatShift) & formatMask;
     const bool hasCells = !row.cells.empty();
     out.begin(RecordId::Row);
     out.buffer().u16(static_cast<unsigned>(number));

@@ -13,7 +13,8 @@ struct XlsSource;
 struct SaveContext
 {
     BookData &book;
-    const XlsSource *source; ///< null for a new workbook
+    const XlsSource *source;     ///< null for a new workbook
+    const GlobalRecords globals; ///< of the source
     StyleWriter styles;
     SharedTextsWriter texts;
     SheetReferences sheets;

@@ -25,6 +25,8 @@ public:
         }
         return addNumberOf(text);
     }
+    /// A cell of the loaded file that isn't written any more had one.
+    void dropUse() { m_uses -= m_uses > 0 ? 1 : 0; }
     /// Writes the texts, and where every few of them begin; the writer's position is that in the stream. Nothing when
     /// there is no text.
     void write(RecordWriter &out);

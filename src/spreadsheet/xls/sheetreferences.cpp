@@ -1,8 +1,5 @@
 #include "spreadsheet/xls/sheetreferences.h"
 
-#include "spreadsheet/xls/recordreader.h"
-#include "spreadsheet/xls/xlssource.h"
-
 namespace spreadsheet {
 namespace {
 
@@ -17,35 +14,27 @@ bool isOwnBook(const Record &record)
 
 } // namespace
 
-SheetReferences::SheetReferences(const BookData &book, const XlsSource *source)
+SheetReferences::SheetReferences(const BookData &book, const GlobalRecords &records)
     : m_book(book)
 {
     for (size_t i = 0; i < book.sheets.size(); ++i) {
         m_sheets.insert(book.sheets[i].name.toLower(), static_cast<int>(i));
     }
-    if (source) {
-        load(*source);
-    }
-}
-
-void SheetReferences::load(const XlsSource &source)
-{
-    RecordReader records(reinterpret_cast<const uchar *>(source.workbook.constData()), source.globalsEnd);
-    while (records.next()) {
-        const Record &record = records.record();
+    QByteArray references;
+    RecordId previous = RecordId::Eof;
+    for (const Record &record : records) {
+        const bool isContinued = record.id == RecordId::Continue && previous == RecordId::ExternSheet;
         if (record.id == RecordId::SupBook) {
             m_ownBook = isOwnBook(record) ? m_books : m_ownBook;
             m_hasOwnBook = m_ownBook >= 0;
             ++m_books;
-        } else if (record.id == RecordId::ExternSheet) {
+        } else if (record.id == RecordId::ExternSheet || isContinued) {
             m_isInFile = true;
-            QByteArray data(reinterpret_cast<const char *>(record.data), static_cast<int>(record.size));
-            while (records.nextIf(RecordId::Continue)) {
-                data.append(reinterpret_cast<const char *>(record.data), static_cast<int>(record.size));
-            }
-            loadReferences(data);
+            references.append(reinterpret_cast<const char *>(record.data), static_cast<int>(record.size));
         }
+        previous = isContinued ? previous : record.id;
     }
+    loadReferences(references);
 }
 
 void SheetReferences::loadReferences(const QByteArray &data)

@@ -1,21 +1,20 @@
 #pragma once
 
 #include "spreadsheet/bookdata.h"
+#include "spreadsheet/xls/globalrecords.h"
 #include "spreadsheet/xls/recordwriter.h"
 
 #include <QHash>
 
 namespace spreadsheet {
 
-struct XlsSource;
-
 /// The numbers by which formulas refer to sheets: those of the loaded file and, behind them, those that new formulas
 /// need.
 class SheetReferences
 {
 public:
-    /// `source` is null for a new workbook.
-    SheetReferences(const BookData &book, const XlsSource *source);
+    /// `records` are those of the loaded file; none for a new workbook.
+    SheetReferences(const BookData &book, const GlobalRecords &records);
 
     /// Number for the sheet of a name, in any case of letters; below 0 when there is none.
     int numberOf(const QString &name);
@@ -34,7 +33,6 @@ private:
     {
         quint16 book, first, last;
     };
-    void load(const XlsSource &source);
     void loadReferences(const QByteArray &data);
 
     const BookData &m_book;

@@ -2,9 +2,7 @@
 
 #include "spreadsheet/numberformats.h"
 #include "spreadsheet/xls/biffstrings.h"
-#include "spreadsheet/xls/recordreader.h"
 #include "spreadsheet/xls/stylerecords.h"
-#include "spreadsheet/xls/xlssource.h"
 
 namespace spreadsheet {
 namespace {
@@ -42,15 +40,14 @@ StyleWriter::StyleWriter(const BookData &book)
     addRecordOf(0);
 }
 
-StyleWriter::StyleWriter(const BookData &book, const XlsSource &source)
+StyleWriter::StyleWriter(const BookData &book, const GlobalRecords &records, quint32 defaultRecord)
     : m_book(book)
-    , m_defaultRecord(source.defaultFormat)
+    , m_defaultRecord(defaultRecord)
     , m_nextNumberFormat(firstCustomNumberFormat)
 {
     m_palette.freeze();
-    RecordReader records(reinterpret_cast<const uchar *>(source.workbook.constData()), source.globalsEnd);
-    while (records.next()) {
-        loadRecord(records.record());
+    for (const Record &record : records) {
+        loadRecord(record);
     }
     m_records.assign(std::min(book.loadedFormats, m_cellFormatCount), 0);
     for (size_t i = 0; i < m_records.size(); ++i) {

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "spreadsheet/bookdata.h"
+#include "spreadsheet/xls/globalrecords.h"
 #include "spreadsheet/xls/xlspalette.h"
 
 #include <QHash>
 
 namespace spreadsheet {
-
-struct XlsSource;
 
 /// Fonts, number formats and cell formats of a workbook that is written: those of the loaded file and, behind them,
 /// those that its cells use beyond them. Equal ones are written once.
@@ -16,8 +15,8 @@ class StyleWriter
 public:
     /// With the fonts and formats that a new workbook begins with.
     explicit StyleWriter(const BookData &book);
-    /// With those of a loaded file.
-    StyleWriter(const BookData &book, const XlsSource &source);
+    /// With those of a loaded file; cells without a format of their own have the `defaultRecord`.
+    StyleWriter(const BookData &book, const GlobalRecords &records, quint32 defaultRecord);
 
     /// What cells of a format of the book hold: the number of an XF record.
     unsigned recordOf(quint32 format)

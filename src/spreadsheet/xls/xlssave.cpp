@@ -1,6 +1,5 @@
 #include "spreadsheet/xls/compoundfile.h"
 #include "spreadsheet/xls/globalswriter.h"
-#include "spreadsheet/xls/recordreader.h"
 #include "spreadsheet/xls/xlsfile.h"
 #include "spreadsheet/xls/xlssheetwriter.h"
 
@@ -19,27 +18,24 @@ const QString &newStreamName()
 }
 
 /// The SST record of the file and the CONTINUE records behind it.
-std::vector<Record> sharedTextRecords(const XlsSource &source)
+std::vector<Record> sharedTextRecords(const GlobalRecords &globals)
 {
-    std::vector<Record> found;
-    RecordReader records(reinterpret_cast<const uchar *>(source.workbook.constData()), source.globalsEnd);
-    while (records.next()) {
-        if (records.record().id == RecordId::SharedStrings) {
-            do {
-                found.push_back(records.record());
-            } while (records.nextIf(RecordId::Continue));
-            break;
-        }
+    const auto begin = std::find_if(
+        globals.begin(), globals.end(), [](const Record &record) { return record.id == RecordId::SharedStrings; });
+    if (begin == globals.end()) {
+        return {};
     }
-    return found;
+    const auto end = std::find_if(
+        begin + 1, globals.end(), [](const Record &record) { return record.id != RecordId::Continue; });
+    return {begin, end};
 }
 
 SaveContext makeContext(BookData &book, const XlsSource *source)
 {
-    return {book, source, source ? StyleWriter(book, *source) : StyleWriter(book),
-        source ? SharedTextsWriter(book.texts, source->loadedTexts, sharedTextRecords(*source))
-               : SharedTextsWriter(book.texts, 0, {}),
-        SheetReferences(book, source), {}, {}};
+    const GlobalRecords globals = source ? globalRecords(*source) : GlobalRecords();
+    return {book, source, globals, source ? StyleWriter(book, globals, source->defaultFormat) : StyleWriter(book),
+        SharedTextsWriter(book.texts, source ? source->loadedTexts : 0, sharedTextRecords(globals)),
+        SheetReferences(book, globals), {}, {}};
 }
 
 bool isChanged(const SheetEntry &entry)
