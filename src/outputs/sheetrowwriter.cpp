@@ -14,7 +14,6 @@ constexpr int timeNumber = 21;
 constexpr int textNumber = 49;
 
 constexpr int blue = 12;
-constexpr int firstYear = 1900;
 
 } // namespace
 
@@ -133,9 +132,8 @@ bool SheetRowWriter::writeBoolean(int row, int column, const Cell &cell)
 bool SheetRowWriter::writeDate(int row, int column, const Cell &cell)
 {
     const QDate date = m_columns[static_cast<size_t>(column)].dates->parse(cell);
-    // A number for the day before the first would be shown as a day that isn't.
-    const bool canBe = date.isValid() && date.year() >= firstYear;
-    const double packed = canBe ? m_book->datePack(date.year(), date.month(), date.day(), 0, 0, 0, 0) : -1.0;
+    const double packed = date.isValid() ? m_book->datePack(date.year(), date.month(), date.day(), 0, 0, 0, 0) : -1.0;
+    // A workbook has no dates before its first day.
     return packed >= 0.0 && m_sheet->writeNum(row, column, packed, m_date);
 }
 
