@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <csignal>
 #include <gtest/gtest.h>
@@ -249,6 +251,41 @@ TEST_F(XlsxWrite, OverlongTextsAreWholeAndNamed)
     EXPECT_EQ(read->getSheet(0)->readStr(1, 0), more);
     ASSERT_EQ(book.warnings().size(), 1);
     EXPECT_TRUE(book.warnings().front().startsWith(QLatin1String("1 text(s)")));
+}
+
+TEST_F(XlsxWrite, AnotherProgramReadsTheSame)
+{
+    // That of the system, which has the packages.
+    const QString program = QStandardPaths::findExecutable(QStringLiteral("python3"), {QStringLiteral("/usr/bin")});
+    QProcess python;
+    python.start(program, {QStringLiteral("-c"), QStringLiteral("import openpyxl")});
+    if (!python.waitForStarted() || !python.waitForFinished() || python.exitCode() != 0) {
+        GTEST_SKIP() << "python3-openpyxl is not installed";
+    }
+    Book book(FileKind::Xlsx);
+    Sheet *sheet = book.addSheet(QStringLiteral("Tab <1>"));
+    Format *date = book.addFormat();
+    date->setNumFormat(14);
+    sheet->writeStr(0, 0, QStringLiteral(" é & <b> "));
+    sheet->writeNum(0, 1, 0.1);
+    sheet->writeNum(1, 0, book.datePack(2024, 2, 29, 0, 0, 0, 0), date);
+    sheet->writeBool(1, 1, true);
+    sheet->writeFormula(2, 0, QStringLiteral("=SUM(B1:B2)"));
+    sheet->addHyperlink(QStringLiteral("http://a.example/x y"), 0, 0, 0, 0);
+    sheet->setMerge({4, 5, 0, 1});
+    ASSERT_TRUE(book.save(path()));
+    const QString script = QStringLiteral(
+        "import sys, openpyxl\n"
+        "sheet = openpyxl.load_workbook(sys.argv[1]).worksheets[0]\n"
+        "print(sheet.title, ascii([[c.value for c in row] for row in sheet['A1:B3']]), "
+        "sheet['A1'].hyperlink.target, sheet.merged_cells.ranges)\n");
+    python.start(program, {QStringLiteral("-c"), script, path()});
+    ASSERT_TRUE(python.waitForFinished());
+    EXPECT_EQ(QString::fromUtf8(python.readAllStandardOutput().trimmed()),
+        QStringLiteral(
+            "Tab <1> [[' \\xe9 & <b> ', 0.1], [datetime.datetime(2024, 2, 29, 0, 0), True], ['=SUM(B1:B2)', None]] "
+            "http://a.example/x%20y A5:B6"));
+    EXPECT_EQ(python.readAllStandardError(), QByteArray());
 }
 
 TEST_F(XlsxWrite, EqualBooksMakeEqualFiles)
