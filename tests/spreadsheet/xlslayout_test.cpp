@@ -180,6 +180,29 @@ TEST(XlsLayout, MergedRanges)
     EXPECT_EQ(sheet->merge(1).columnLast, 3);
 }
 
+TEST(XlsLayout, SystemColorsOfFills)
+{
+    struct
+    {
+        const char *what;
+        unsigned foreground, background;
+        StyleColor expectedForeground, expectedBackground;
+    } const cases[] = {
+        {"the usual ones", 64, 65, {}, {}},
+        {"a solid fill in the window's background", 65, 8, {true, 0xFFFFFFFF}, {true, 0xFF000000}},
+        {"both exchanged", 65, 64, {true, 0xFFFFFFFF}, {true, 0xFF000000}},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.what);
+        const QByteArray xf = record(
+            RecordId::ExtendedFormat, words({0, 0, 1, 0x20, 0, 0, 0, 0, 1 << 10, c.foreground | (c.background << 7)}));
+        const auto loaded = LoadedXls::sheet({}, xf);
+        ASSERT_TRUE(loaded->isLoaded());
+        EXPECT_TRUE(loaded->book().format(3)->style().fill.foreground == c.expectedForeground);
+        EXPECT_TRUE(loaded->book().format(3)->style().fill.background == c.expectedBackground);
+    }
+}
+
 TEST(XlsLayout, StylesOfCells)
 {
     const auto font = [](unsigned height, unsigned flags, unsigned color, unsigned weight, const QByteArray &name) {

@@ -4,6 +4,7 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <QTemporaryDir>
 
 using namespace spreadsheet;
 
@@ -89,7 +90,8 @@ QByteArray compoundFile(const QByteArray &stream, const QString &name)
 
 LoadedXls::LoadedXls(const QByteArray &file)
 {
-    const QString path = m_folder.filePath(QStringLiteral("book.xls"));
+    static const QTemporaryDir folder; // one for all, since making one takes longer than reading a book
+    const QString path = folder.filePath(QStringLiteral("book.xls"));
     QFile output(path);
     if (output.open(QIODevice::WriteOnly) && output.write(file) == file.size()) {
         output.close();

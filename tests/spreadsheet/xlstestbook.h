@@ -4,8 +4,8 @@
 #include "spreadsheet/xls/bytebuffer.h"
 #include "spreadsheet/xls/record.h"
 
-#include <QTemporaryDir>
 #include <initializer_list>
+#include <memory>
 #include <vector>
 
 /// Bytes of numbers of 16 bits.
@@ -54,7 +54,6 @@ public:
     QString error() const { return m_book.errorMessage(); }
 
 private:
-    QTemporaryDir m_folder;
     spreadsheet::Book m_book{spreadsheet::FileKind::Xls};
     bool m_isLoaded = false;
 };

@@ -12,6 +12,7 @@ constexpr size_t mostOfAKind = 0x10000; // numbers of fonts and formats have 16 
 constexpr quint32 missingFont = 4;      // the number that no font has
 constexpr quint32 usualCellFormat = 15;
 constexpr quint32 firstPaletteColor = 8;
+constexpr quint32 windowText = 64, windowBackground = 65; // colours of the system
 constexpr quint16 boldWeight = 600;
 
 quint32 bits(quint32 value, int first, int count)
@@ -91,6 +92,15 @@ StyleColor XlsStyles::color(quint32 index) const
     return paletteColor(static_cast<int>(index));
 }
 
+/// Unset for the system colour that is usual there; the other one is taken as paper or ink.
+StyleColor XlsStyles::fillColor(quint32 index, quint32 usual) const
+{
+    if (index != usual && (index == windowText || index == windowBackground)) {
+        return {true, index == windowText ? qRgb(0, 0, 0) : qRgb(255, 255, 255)};
+    }
+    return color(index);
+}
+
 FontStyle XlsStyles::font(quint32 index) const
 {
     const quint32 place = index > missingFont ? index - 1 : index;
@@ -143,8 +153,8 @@ CellStyle XlsStyles::style(const Record &xf) const
     style.alignment.readingOrder = static_cast<int>(bits(layout, 6, 2));
     style.border = border(xf);
     style.fill.pattern = static_cast<int>(bits(xf.u32(14), 26, 6));
-    style.fill.foreground = color(bits(fillColors, 0, 7));
-    style.fill.background = color(bits(fillColors, 7, 7));
+    style.fill.foreground = fillColor(bits(fillColors, 0, 7), windowText);
+    style.fill.background = fillColor(bits(fillColors, 7, 7), windowBackground);
     return style;
 }
 

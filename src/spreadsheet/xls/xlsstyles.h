@@ -32,6 +32,7 @@ private:
     void addNumberFormat(const Record &record);
     void setPalette(const Record &record);
     StyleColor color(quint32 index) const;
+    StyleColor fillColor(quint32 index, quint32 usual) const;
     FontStyle font(quint32 index) const;
     CellStyle style(const Record &xf) const;
     BorderStyle border(const Record &xf) const;
