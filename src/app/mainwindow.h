@@ -76,6 +76,8 @@ private:
     void connectScene();
     void connectDocuments();
     void restoreLayout();
+    /// Makes an input of what the clipboard holds: files, or data as text. A null position chooses a place.
+    void addClipboardInput(const QPointF &position);
     void run(RunMode mode);
     bool raiseMemoryCeiling(double used, double limit);
     QString documentToStartWith();

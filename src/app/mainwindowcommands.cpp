@@ -8,6 +8,7 @@
 #include "graph/node.h"
 #include "graph/runcontrol.h"
 #include "graph/undostep.h"
+#include "inputs/clipboardtext.h"
 #include "panes/graphpane.h"
 #include "panes/logpane.h"
 #include "panes/statusbar.h"
@@ -20,10 +21,13 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QProcess>
 #include <QSignalBlocker>
 #include <QTimer>
 #include <QToolBar>
+#include <QUrl>
+#include <algorithm>
 
 // The commands of the main window.
 
@@ -170,7 +174,24 @@ void MainWindow::onInputFromFileAction()
 
 void MainWindow::onInputFromClipboardAction()
 {
-    m_scene.addInputFromClipboard(QGuiApplication::clipboard()->text());
+    addClipboardInput(QPointF());
+}
+
+void MainWindow::addClipboardInput(const QPointF &position)
+{
+    const QMimeData *mimeData = QGuiApplication::clipboard()->mimeData();
+    const QList<QUrl> urls = mimeData ? mimeData->urls() : QList<QUrl>();
+    // An address of the web is text like any other.
+    if (std::any_of(urls.cbegin(), urls.cend(), [](const QUrl &url) { return url.isLocalFile(); })) {
+        m_graphPane->onProcessDroppedPaths(urls, position);
+        return;
+    }
+    const QString text = clipboardText(mimeData);
+    if (text.isEmpty()) {
+        QMessageBox::information(this, productName(), QStringLiteral("Data type pasted not recognized."));
+        return;
+    }
+    m_scene.addInputFromClipboard(text, position);
 }
 
 void MainWindow::onZoomFitToggled(bool on)

@@ -20,10 +20,27 @@ void DatasetStack::append(const Dataset &item)
         start(item);
     }
     widen(item);
-    for (size_t i = 0; i < m_columns.size(); ++i) {
-        appendColumn(static_cast<int>(i), item);
+    try {
+        for (size_t i = 0; i < m_columns.size(); ++i) {
+            appendColumn(static_cast<int>(i), item);
+        }
+    } catch (const std::bad_alloc &) {
+        // Columns of different lengths would put the next tables' cells into wrong rows.
+        dropUnfinishedRows();
+        throw;
     }
     m_rowCount += item.rowCount();
+}
+
+void DatasetStack::dropUnfinishedRows()
+{
+    for (CellColumn &column : m_columns) {
+        if (m_rowCount == 0) {
+            column = CellColumn();
+        } else {
+            column.cells.resize(qMin(m_rowCount, column.size()));
+        }
+    }
 }
 
 void DatasetStack::start(const Dataset &item)

@@ -17,7 +17,7 @@ public:
     }
 
     /// Adds a table below. The first gives header and names; columns that later ones add take their names from there.
-    /// Throws std::bad_alloc when that makes too many rows; the stack then is as before.
+    /// Throws std::bad_alloc when memory or row numbers end; the stack then has the rows that it had.
     void append(const Dataset &item);
     bool isEmpty() const { return m_isEmpty; }
     /// The column names of the first table.
@@ -26,6 +26,7 @@ public:
     Dataset take();
 
 private:
+    void dropUnfinishedRows();
     void start(const Dataset &item);
     void widen(const Dataset &item);
     int sourceColumn(int column, int itemColumns) const;

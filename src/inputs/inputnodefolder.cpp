@@ -43,7 +43,11 @@ void InputNode::readFolder()
     for (int i = 0; i < files.size() && !stopRequested; ++i) {
         const double start = static_cast<double>(i) / files.size();
         onProcessed(start);
-        readFolderFile(files.at(i), start, static_cast<double>(i + 1) / files.size(), reading);
+        try {
+            readFolderFile(files.at(i), start, static_cast<double>(i + 1) / files.size(), reading);
+        } catch (const std::bad_alloc &) {
+            m_warnings.append(tooBigToRead(absoluteNativePath(files.at(i))));
+        }
     }
     if (stopRequested) {
         m_warnings.append(QStringLiteral("Stopped by user"));
@@ -133,27 +137,23 @@ bool InputNode::finishFolderItem(
     }
     m_infos.append(QStringLiteral("%1 Read %2 column(s) x %3 row(s)")
                        .arg(name, formatInteger(dataset.columnCount(), true), formatInteger(dataset.rowCount(), true)));
-    try {
-        dataset.setHasHeader(m_options.headerMode != InputOptions::NoHeader);
-        if (reading.isFirst) {
-            m_previousColumnNames = dataset.columnNames();
-            reading.isFirst = false;
-        }
-        if (!validateSchema(dataset)) {
-            m_warnings.append(QStringLiteral("'%1' schema validation error").arg(name));
-            return false;
-        }
-        addMetaInformation(dataset, path, sheet);
-        const bool isFirst = reading.stack.isEmpty();
-        reading.stack.append(dataset);
-        const QString mismatch = isFirst ? QString()
-                                         : headerMismatch(name, reading.stack.firstNames(), dataset.columnNames());
+    dataset.setHasHeader(m_options.headerMode != InputOptions::NoHeader);
+    if (reading.isFirst) {
+        m_previousColumnNames = dataset.columnNames();
+        reading.isFirst = false;
+    }
+    if (!validateSchema(dataset)) {
+        m_warnings.append(QStringLiteral("'%1' schema validation error").arg(name));
+        return false;
+    }
+    addMetaInformation(dataset, path, sheet);
+    const bool isFirst = reading.stack.isEmpty();
+    reading.stack.append(dataset);
+    if (!isFirst) {
+        const QString mismatch = headerMismatch(name, reading.stack.firstNames(), dataset.columnNames());
         if (!mismatch.isEmpty()) {
             reading.mismatches.append(mismatch);
         }
-    } catch (const std::bad_alloc &) {
-        m_warnings.append(tooBigToRead(name));
-        return false;
     }
     return true;
 }
