@@ -42,9 +42,9 @@ JsonParser::Status JsonParser::parse(const char *begin, const char *end, bool to
             m_progress();
         }
     }
-    if (m_at >= m_end) {
-        // Even a number that seems whole may go on behind the end.
-        return valid && m_record->nodes[0].kind >= TreeNode::Object ? Parsed : Incomplete;
+    // Even a number that seems whole may go on behind the end.
+    if (m_at >= m_end && !(valid && !m_record->nodes[0].isLeaf())) {
+        return Incomplete;
     }
     return valid && (!m_hasEscapedKeys || orderIsSure()) ? Parsed : Refused;
 }
@@ -139,6 +139,9 @@ TreePath *JsonParser::unusualKey(const Container &object)
         if ((m_oneLine && hasLineEnd) || !JsonString::isValid(bytes, size)) {
             return nullptr;
         }
+        if (JsonString::startsWithMark(bytes, size)) {
+            return nullptr; // part of the order of keys, but not of the key
+        }
     }
     if (found.hasEscapes) {
         m_hasEscapedKeys = true;
@@ -193,6 +196,10 @@ bool JsonParser::string(TreePath *path)
     if (m_oneLine && !found.isPlain && (std::memchr(bytes, '\n', size) || std::memchr(bytes, '\r', size))) {
         return false;
     }
+    if (!found.hasEscapes && JsonString::startsWithMark(bytes, size)) {
+        node.bytes += JsonString::markSize;
+        node.size -= JsonString::markSize;
+    }
     return JsonString::isValid(bytes, size);
 }
 
@@ -217,7 +224,7 @@ bool JsonParser::number(TreePath *path)
 
 bool JsonParser::literal(TreePath *path, const char *text, int size)
 {
-    const int there = static_cast<int>(qMin<qint64>(size, m_end - m_at));
+    const auto there = static_cast<int>(qMin<qint64>(size, m_end - m_at));
     if (std::memcmp(m_at, text, static_cast<size_t>(there)) != 0) {
         return false;
     }

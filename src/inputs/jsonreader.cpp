@@ -346,6 +346,11 @@ void JsonReader::setProgress(std::function<void(double)> progress)
     m_reading->setProgress(std::move(progress));
 }
 
+void JsonReader::setBlockSize(int size)
+{
+    m_reading->setBlockSize(size);
+}
+
 bool JsonReader::read(Dataset *dataset)
 {
     return m_reading->read(dataset);

@@ -144,6 +144,11 @@ bool JsonString::isValid(const char *bytes, quint32 size)
     return true;
 }
 
+bool JsonString::startsWithMark(const char *bytes, quint32 size)
+{
+    return size >= markSize && std::memcmp(bytes, "\xEF\xBB\xBF", markSize) == 0;
+}
+
 quint32 JsonString::unescape(const char *bytes, quint32 size, char *out)
 {
     const char *const end = bytes + size;

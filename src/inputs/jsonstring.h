@@ -17,6 +17,9 @@ struct Found
 Found find(const char *begin, const char *end);
 /// True when the text is as the parser takes it: valid escapes, no halves of surrogate pairs but as escapes.
 bool isValid(const char *bytes, quint32 size);
+constexpr int markSize = 3;
+/// True when the text starts with a byte order mark, which the library's parser drops from texts without escapes.
+bool startsWithMark(const char *bytes, quint32 size);
 /// Writes the text that valid escapes stand for to `out`, in storage form; never longer than it was. Returns its size.
 quint32 unescape(const char *bytes, quint32 size, char *out);
 

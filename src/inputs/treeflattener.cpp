@@ -105,7 +105,7 @@ TreeFlattener::Children TreeFlattener::listChildren(quint32 index)
     }
     if (m_record->order == TreeRecord::ByKey && nodes[index].kind == TreeNode::Object) {
         sortByKey(begin);
-    } else if (m_record->order == TreeRecord::ByGroup && m_record->hasRepeats) {
+    } else if (m_record->order == TreeRecord::ByGroup) {
         std::stable_sort(m_children.begin() + begin, m_children.end(),
             [&nodes](quint32 a, quint32 b) { return nodes[a].group < nodes[b].group; });
     }
@@ -126,35 +126,34 @@ void TreeFlattener::sortByKey(quint32 begin)
 /// Rows of the record itself, then those of its members that are records of their own.
 void TreeFlattener::expandRecords()
 {
-    appendCopies(std::vector<Text>(static_cast<size_t>(m_width)), 1);
+    const std::vector<Text> emptyRow(static_cast<size_t>(m_width));
+    appendCopies(emptyRow, 1);
     if (!m_record->hasObjectMembers) {
         expand(0, 0);
         return;
     }
-    const Children list = m_lists[0];
-    const auto isRecord = [this](quint32 child) { return m_record->nodes[child].kind == TreeNode::Object; };
+    std::vector<quint32> records;
     bool hasOwnValues = false;
-    for (quint32 i = 0; i < list.count; ++i) {
-        const quint32 child = m_children[list.begin + i];
+    for (quint32 i = 0; i < m_lists[0].count; ++i) {
+        const quint32 child = m_children[m_lists[0].begin + i];
         const TreeNode &node = m_record->nodes[child];
-        if (!isRecord(child)) {
+        if (node.kind == TreeNode::Object) {
+            records.push_back(child);
+        } else {
             hasOwnValues = hasOwnValues || node.isLeaf() || node.end > child + 1;
             expand(child, 0);
         }
     }
-    if (!hasOwnValues) {
+    if (!hasOwnValues && !records.empty()) {
         m_cells.clear();
         m_rowCount = 0;
     }
-    for (quint32 i = 0; i < list.count; ++i) {
-        const quint32 child = m_children[list.begin + i];
-        if (isRecord(child)) {
-            const qint64 firstRow = m_rowCount;
-            appendCopies(std::vector<Text>(static_cast<size_t>(m_width)), 1);
-            const QByteArray key = m_paths->cleanKey(*m_record->nodes[child].path);
-            setCells(m_objectNameColumn, m_rows.literal(key.constData(), static_cast<quint32>(key.size())), firstRow);
-            expandChildren(child, firstRow);
-        }
+    for (quint32 child : records) {
+        const qint64 firstRow = m_rowCount;
+        appendCopies(emptyRow, 1);
+        const QByteArray key = m_paths->cleanKey(*m_record->nodes[child].path);
+        setCells(m_objectNameColumn, m_rows.literal(key.constData(), static_cast<quint32>(key.size())), firstRow);
+        expandChildren(child, firstRow);
     }
 }
 
@@ -174,9 +173,10 @@ void TreeFlattener::expandChildren(quint32 index, qint64 firstRow)
     const Children list = m_lists[index];
     const std::vector<TreeNode> &nodes = m_record->nodes;
     const quint32 *const children = m_children.data() + list.begin;
+    const bool mayRepeat = nodes[index].kind == TreeNode::Array || m_record->order == TreeRecord::ByGroup;
     for (quint32 i = 0; i < list.count;) {
         quint32 end = i + 1;
-        while (end < list.count && nodes[children[end]].path == nodes[children[i]].path) {
+        while (mayRepeat && end < list.count && nodes[children[end]].path == nodes[children[i]].path) {
             ++end;
         }
         if (end - i == 1) {
@@ -203,14 +203,10 @@ void TreeFlattener::expandRepeats(const quint32 *children, quint32 count, qint64
 
 void TreeFlattener::appendCopies(const std::vector<Text> &cells, qint64 rows)
 {
-    if (m_width == 0) {
-        m_rowCount = 1; // rows without cells can't be told apart
-        return;
-    }
     m_rows.checkRoom(m_rowCount + rows, m_width);
     m_cells.insert(m_cells.end(), cells.begin(), cells.end());
     m_rowCount += rows;
-    work(static_cast<qint64>(cells.size()));
+    work(rows * (m_width + 1));
 }
 
 void TreeFlattener::setCells(int column, Text text, qint64 firstRow)
@@ -227,7 +223,7 @@ void TreeFlattener::storeRows()
         const auto begin = m_cells.begin() + row * m_width;
         std::copy(begin, begin + m_width, m_rows.beginRow(m_width));
         m_rows.endRow();
-        work(m_width);
+        work(m_width + 1);
     }
 }
 

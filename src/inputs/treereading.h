@@ -18,6 +18,7 @@ public:
     Q_DISABLE_COPY(TreeReading)
 
     void setProgress(std::function<void(double)> progress) { m_progress = std::move(progress); }
+    void setBlockSize(int size) { m_block.setBlockSize(size); }
     /// As the readers' read().
     bool read(Dataset *dataset);
     const QStringList &infos() const { return m_infos; }

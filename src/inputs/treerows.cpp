@@ -20,7 +20,7 @@ TreeRows::TreeRows(const TreeReadOptions &options, Dataset *dataset)
 void TreeRows::checkRoom(qint64 rows, int width) const
 {
     const qint64 before = m_dataset->rowCount() + static_cast<qint64>(m_rowEnds.size());
-    if (!TableSize::isPossible(before + rows, width)) {
+    if (!TableSize::isPossible(before + rows, qMax(1, width))) {
         throw std::bad_alloc();
     }
 }

@@ -19,6 +19,8 @@ public:
 
     /// Called now and then with the share done, 0 to 1; may throw, which ends the reading.
     void setProgress(std::function<void(double)> progress);
+    /// Bytes read at a time, about; at least 1.
+    void setBlockSize(int size);
 
     /// Fills an empty table. False after a warning; the table is then empty. Throws std::bad_alloc.
     bool read(Dataset *dataset);
