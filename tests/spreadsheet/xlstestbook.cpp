@@ -65,7 +65,7 @@ QByteArray XlsTestBook::stream() const
     };
     const QByteArray begin = bofRecord(0x0005) + globals;
     const QByteArray end = record(RecordId::Eof);
-    int size = begin.size() + end.size();
+    int size = begin.size() + globalsBehindSheets.size() + end.size();
     for (const TestSheet &sheet : sheets) {
         size += named(sheet, 0).size();
     }
@@ -74,7 +74,7 @@ QByteArray XlsTestBook::stream() const
         list += named(sheet, size + parts.size());
         parts += bofRecord(0x0010) + sheet.records + end;
     }
-    return begin + list + end + parts;
+    return begin + list + globalsBehindSheets + end + parts;
 }
 
 QByteArray compoundFile(const QByteArray &stream, const QString &name)

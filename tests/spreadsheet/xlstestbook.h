@@ -32,6 +32,7 @@ struct XlsTestBook
     };
     QByteArray globals;
     std::vector<TestSheet> sheets;
+    QByteArray globalsBehindSheets; ///< of the first part, what stands behind the list of sheets
 
     QByteArray stream() const;
 };

@@ -68,11 +68,12 @@ void putPath(ByteBuffer &out, QString path)
 QByteArray hyperlinkRecord(const Hyperlink &link)
 {
     // The place in a page belongs to its address, that in a file stands for itself.
-    const bool isAddress = hasScheme(link.target);
-    const int hash = isAddress ? -1 : link.target.indexOf(QLatin1Char('#'));
-    const bool isSplit = hash >= 0 && hash + 1 < link.target.size();
-    const QString address = isSplit ? link.target.left(hash) : link.target;
-    const QString mark = isSplit ? link.target.mid(hash + 1) : QString();
+    const QString target = link.target.trimmed();
+    const bool isAddress = hasScheme(target);
+    const int hash = isAddress ? -1 : target.indexOf(QLatin1Char('#'));
+    const bool isSplit = hash >= 0 && hash + 1 < target.size();
+    const QString address = isSplit ? target.left(hash) : target;
+    const QString mark = isSplit ? target.mid(hash + 1) : QString();
     const bool isFullPath = address.startsWith(QLatin1Char('/')) || address.startsWith(QLatin1Char('\\'))
                             || address.indexOf(QLatin1Char(':')) == 1;
     ByteBuffer out;

@@ -33,7 +33,9 @@ void writeHyperlinks(const SheetLayout &layout, const std::vector<Record> &toolt
 {
     for (const Hyperlink &link : layout.hyperlinks) {
         if (link.stored.isEmpty()) {
-            out.write(RecordId::HyperLink, hyperlinkRecord(link));
+            if (!link.target.trimmed().isEmpty()) {
+                out.write(RecordId::HyperLink, hyperlinkRecord(link));
+            }
             continue;
         }
         out.write(RecordId::HyperLink, link.stored);
