@@ -100,7 +100,7 @@ void Application::setUpNodeFactory()
         if (!mask.isEmpty()) {
             source.fileMatch = mask;
         }
-        return new InputNode(InputOptions::forFolder(source, FileType::Delimited));
+        return new InputNode(InputOptions::forFolder(source, FileType::None));
     };
     factory.createOutput = [](const QString &path, int fileType) -> IONode * {
         auto *node = new OutputNode(path, fileType);

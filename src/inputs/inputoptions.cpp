@@ -59,7 +59,7 @@ InputOptions InputOptions::forFolder(const FolderInput &folder, int fileType)
     options.medium = Medium::Folder;
     options.path = folder.folder;
     options.folder = folder;
-    options.fileType = fileType;
+    options.fileType = fileType == FileType::None ? typeOfExtension(QFileInfo(folder.fileMatch).suffix()) : fileType;
     options.applySavedDefaults();
     return options;
 }

@@ -55,6 +55,7 @@ struct InputOptions
 
     // Options of a new input: type by the extension or the look, then what the user saved for that kind of source
     static InputOptions forFile(const QString &path);
+    /// A type of FileType::None goes by the extension of the files.
     static InputOptions forFolder(const FolderInput &folder, int fileType);
     static InputOptions forClipboard(const QString &text);
 

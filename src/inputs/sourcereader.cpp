@@ -5,6 +5,7 @@
 #include "inputs/delimitedreader.h"
 #include "inputs/fixedwidthreader.h"
 #include "inputs/jsonreader.h"
+#include "inputs/readmessages.h"
 #include "inputs/textsource.h"
 #include "inputs/vcardreader.h"
 #include "inputs/xmlreader.h"
@@ -46,7 +47,7 @@ bool SourceReader::readSource(TextSource &source, const QString &name, Dataset *
         }
     } catch (const std::bad_alloc &) {
         dataset->clear();
-        m_warnings.append(QStringLiteral("'%1' is too big for Quillmere to read").arg(name));
+        m_warnings.append(tooBigToRead(name));
         return false;
     }
     if (source.failed()) {
@@ -73,12 +74,7 @@ bool SourceReader::readByType(TextSource &source, Dataset *dataset)
         return readTree<JsonReader>(source, dataset);
     case FileType::Xml:
         return readTree<XmlReader>(source, dataset);
-    case FileType::ExcelXlsx:
-    case FileType::ExcelXls:
-        m_warnings.append(QStringLiteral("Reading '%1' files is not supported by this version")
-                              .arg(FileType::label(m_options.fileType)));
-        return false;
-    default: // types that are only written, too
+    default: // pasted cells of workbooks, and types that are only written
         readDelimited(source, dataset);
         return true;
     }

@@ -228,6 +228,23 @@ TEST_F(FolderInputTest, ReadsAFolderInACircleOfLinksOnce)
     EXPECT_EQ(listInputFiles(m_dir.filePath("none"), {"*"}, QString(), true, &warnings), QStringList());
 }
 
+TEST(FolderInputOptions, GoByTheExtensionOfTheFiles)
+{
+    const ScopedSettings settings;
+    struct Case
+    {
+        QString match;
+        int type;
+    };
+    for (const Case &c : {Case{"*.XLSX", FileType::ExcelXlsx}, Case{"a*.json", FileType::Json},
+             Case{"*.unknown", FileType::Delimited}, Case{"*", FileType::Delimited}}) {
+        FolderInput folder;
+        folder.fileMatch = c.match;
+        EXPECT_EQ(InputOptions::forFolder(folder, FileType::None).fileType, c.type) << qPrintable(c.match);
+        EXPECT_EQ(InputOptions::forFolder(folder, FileType::Xml).fileType, FileType::Xml);
+    }
+}
+
 TEST(ClipboardText, TakesWhatSpreadsheetProgramsOffer)
 {
     const QString csv = "application/x-qt-windows-mime;value=\"Csv\"";

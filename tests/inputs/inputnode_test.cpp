@@ -233,6 +233,51 @@ TEST_F(InputNodeTest, ReadsTheClipboardsText)
     EXPECT_EQ(node.name(), "Clipboard");
 }
 
+TEST_F(InputNodeTest, ReadsTheClipboardByItsType)
+{
+    struct Case
+    {
+        const char *what;
+        int type;
+        QString text;
+        QStringList header;
+        QStringList rows;
+    };
+    const Case cases[] = {
+        {"lines of fixed width", FileType::FixedWidth, "id qty\r1  5\r\r\n2  6\n", {"id", "qty"}, {"1|5", "2|6"}},
+        {"JSON", FileType::Json, "[{\"id\": 1, \"qty\": 5}]", {"id", "qty"}, {"1|5"}},
+        {"plain text", FileType::PlainText, "id,qty\n1,5", {"id,qty"}, {"1,5"}},
+        {"a type that isn't text", FileType::ExcelXlsx, "id,qty\n1,5", {"id", "qty"}, {"1|5"}},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        InputOptions options = InputOptions::forClipboard(c.text);
+        options.fileType = c.type;
+        InputNode node(options);
+        node.process(false, false);
+        EXPECT_EQ(node.state(), NodeState::Processed);
+        EXPECT_EQ(node.datasetConst().header(), c.header);
+        EXPECT_EQ(rows(node.datasetConst()), c.rows);
+    }
+}
+
+TEST_F(InputNodeTest, GuessedWidthsBecomeTheOptions)
+{
+    InputOptions options = fileOptions(write("in.txt", "id qty\n1  5\n2  6\n"));
+    options.fileType = FileType::FixedWidth;
+    InputNode node(options);
+    node.process(false, false);
+    EXPECT_EQ(node.options().fixedWidths, (QList<int>{3, 3}));
+    EXPECT_EQ(node.fixedWidthSample(), (QStringList{"id qty", "1  5", "2  6"}));
+    options.fixedWidths = {2, 4};
+    options.autoFixedWidths = false;
+    node.setOptions(options);
+    node.setState(NodeState::NeedsProcessing, false);
+    node.process(false, false);
+    EXPECT_EQ(node.options().fixedWidths, (QList<int>{2, 4}));
+    EXPECT_EQ(node.datasetConst().header(), (QStringList{"id", "qty"}));
+}
+
 TEST_F(InputNodeTest, ColumnsKeepTheirIdsFromReadingToReading)
 {
     InputNode node(fileOptions(write("in.csv", "a,b\n1,2\n")), 7);
