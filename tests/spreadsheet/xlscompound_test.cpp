@@ -186,6 +186,16 @@ TEST(XlsCompound, DamagedTables)
     }
 }
 
+TEST(XlsCompound, ReadsFilesThatDoNotMarkTheEndOfAnEmptyList)
+{
+    QByteArray bytes = written(sample());
+    ASSERT_EQ(qFromLittleEndian<quint32>(bytes.constData() + 72), 0u) << "no tables beyond those of the header";
+    qToLittleEndian(quint32(0), bytes.data() + 68);
+    CompoundFile file;
+    ASSERT_TRUE(file.open(bytes)) << qPrintable(file.error());
+    EXPECT_EQ(content(file, "Workbook"), sample()[1].content);
+}
+
 TEST(XlsCompound, DirectoryOfAnyLengthIsRefusedBeforeItIsBuilt)
 {
     // So many entries, each behind the one before, that a call within a call for each would use up the stack.

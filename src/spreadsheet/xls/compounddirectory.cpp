@@ -40,7 +40,7 @@ public:
         for (int i = 0; i < tableSectorsInHeader; ++i) {
             m_tableSectors.push_back(number(header, 76 + 4 * i));
         }
-        return readFurtherTableSectors(number(header, 68));
+        return readFurtherTableSectors(number(header, 68), number(header, 72));
     }
 
     int sectorSize() const { return m_sectorSize; }
@@ -66,10 +66,10 @@ private:
     }
 
     /// The table's own sectors beyond those in the header stand in a chain of lists.
-    bool readFurtherTableSectors(quint32 sector)
+    bool readFurtherTableSectors(quint32 sector, quint32 lists)
     {
         const auto most = static_cast<size_t>(m_file->size() / m_sectorSize + tableSectorsInHeader);
-        while (offset(sector) < m_file->size()) {
+        for (; lists > 0 && offset(sector) < m_file->size(); --lists) {
             const QByteArray list = read(offset(sector), m_sectorSize);
             if (list.size() < m_sectorSize || m_tableSectors.size() > most) {
                 return false;
