@@ -105,6 +105,7 @@ private:
     bool writeSheetByMode(
         const QString &path, const QString &sheet, const Dataset &dataset, const ExcelFormats &formats);
     void copyTemplateStyle(const QString &path, const QString &sheet);
+    bool nestsTooDeep(const QString &shownPath, const Dataset &dataset);
     bool warnOfOpenFailure(bool existed, const QString &shownPath);
     void writeText(TextSink &sink, const TextLayout &layout, const Dataset &dataset, const JsonColumnTypes &jsonTypes);
     void writeDelimited(TextSink &sink, const TextLayout &layout, const Dataset &dataset);

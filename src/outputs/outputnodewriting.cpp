@@ -7,6 +7,7 @@
 #include "outputs/markdownwriter.h"
 #include "outputs/outputnode.h"
 #include "outputs/outputpaths.h"
+#include "outputs/outputtree.h"
 #include "outputs/plaintextwriter.h"
 #include "outputs/textlayout.h"
 #include "outputs/textsink.h"
@@ -121,6 +122,9 @@ bool OutputNode::writeTextFile(const QString &path, const Dataset &dataset, cons
 {
     const bool existed = QFile::exists(path);
     const QString shownPath = absoluteNativePath(path);
+    if (nestsTooDeep(shownPath, dataset)) {
+        return false;
+    }
     TextLayout layout;
     layout.lineEnding = LineEndings::bytes(m_options.lineEndings);
     layout.writeHeader = shouldWriteHeader(path);
@@ -138,6 +142,20 @@ bool OutputNode::writeTextFile(const QString &path, const Dataset &dataset, cons
     }
     warnOfInvalidCharacters(sink.invalidCharacters());
     m_infos.append(doneText(m_options.writeMode, existed).arg(shownPath));
+    return true;
+}
+
+/// Warns of a name that a format of nested elements can't take.
+bool OutputNode::nestsTooDeep(const QString &shownPath, const Dataset &dataset)
+{
+    constexpr int shownLength = 50;
+    const bool nests = m_fileType == FileType::Json || m_fileType == FileType::Xml;
+    const QString name = nests ? OutputTree::tooDeep(dataset.columnNames()) : QString();
+    if (name.isNull()) {
+        return false;
+    }
+    m_warnings.append(QStringLiteral("Unable to write '%1': column name '%2' has more than %3 levels")
+                          .arg(shownPath, ellipsized(name, shownLength), formatInteger(OutputTree::maxLevels, true)));
     return true;
 }
 

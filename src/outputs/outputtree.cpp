@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QPair>
+#include <algorithm>
 
 namespace {
 
@@ -100,6 +101,13 @@ std::vector<OutputTree::Node> shapeOf(const QStringList &names)
 const Cell noValue;
 
 } // namespace
+
+QString OutputTree::tooDeep(const QStringList &names)
+{
+    const auto found = std::find_if(
+        names.cbegin(), names.cend(), [](const QString &name) { return name.count(QLatin1Char('.')) >= maxLevels; });
+    return found == names.cend() ? QString() : *found;
+}
 
 OutputTree::OutputTree(const Dataset &dataset, bool removeEmpty)
     : m_cells(dataset)

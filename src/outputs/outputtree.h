@@ -24,6 +24,11 @@ public:
         int end = 0; ///< the number behind those of its descendants
     };
 
+    /// A file grows with the square of the levels, so nobody is to write names that nest deeper.
+    static constexpr int maxLevels = 1000;
+    /// The first name that nests deeper than that; null for none.
+    static QString tooDeep(const QStringList &names);
+
     /// The dataset outlives the tree, unchanged. With `removeEmpty`, rows lack the nodes that have neither a value nor
     /// children left.
     OutputTree(const Dataset &dataset, bool removeEmpty);

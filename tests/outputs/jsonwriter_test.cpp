@@ -186,7 +186,7 @@ TEST(JsonWriter, WritesTextsLargerThanTheBuffer)
 
 TEST(JsonWriter, SurvivesNamesThatNestVeryDeeply)
 {
-    const int depth = 3000;
+    const int depth = 2000;
     const std::string text = json(grid({QString(depth, '.'), "1"}), {}).text;
     EXPECT_EQ(std::count(text.begin(), text.end(), '{'), depth + 1);
     EXPECT_EQ(std::count(text.begin(), text.end(), '}'), depth + 1);

@@ -1,7 +1,7 @@
-#include "graph/colors.h"
 #include "outputflow.h"
 #include "outputs/multifilesummary.h"
 #include "outputs/multifiletargets.h"
+#include "sheetview.h"
 #include "support/printers.h"
 
 #include <QDir>
@@ -165,6 +165,18 @@ TEST(OutputNode, JudgesColumnsByTheWholeTableOfManyFiles)
     EXPECT_EQ(flow.output->warnings(), QStringList({"'no' not of type Number in column 2.", ""}));
 }
 
+TEST(OutputNode, WritesManySheetsOfOneWorkbook)
+{
+    MultiFlow flow({"a|file|b|c", "x|w.xlsx[one]|7|no", "y|w.xlsx[two]|8|1", "z|w.xlsx[one]|9|2"});
+    flow.output->setFileType(FileType::ExcelXlsx);
+    EXPECT_EQ(flow.run(), NodeState::Processed);
+    EXPECT_EQ(shownBook(flow.path("w.xlsx")), QStringList({"one", "'a/49|'b/49|'c/49", "'x/49|7|'no/49",
+                                                  "'z/49|9|'2/49", "two", "'a/49|'b/49|'c/49", "'y/49|8|'1/49"}))
+        << "formats are those of the whole table";
+    EXPECT_EQ(flow.output->infos().last(), QString("2 file(s) written"));
+    EXPECT_EQ(flow.output->writtenFiles(), QSet<QString>{flow.path("w.xlsx")});
+}
+
 TEST(OutputNode, WritesNothingWithoutAFilesColumn)
 {
     MultiFlow flow({"a|file", "1|x.csv"});
@@ -297,6 +309,23 @@ TEST(OutputNode, TellsTheTypesOfJsonAndTheFaultsOfTags)
     EXPECT_EQ(
         flow.output->warnings(), QStringList({"Column name '1 b' invalid as an XML tag: doesn't start with a letter",
                                      "Column name 'c%1' invalid as an XML tag: invalid character '%'"}));
+}
+
+TEST(OutputNode, RefusesNamesThatNestWithoutEnd)
+{
+    for (const int type : {FileType::Json, FileType::Xml}) {
+        SCOPED_TRACE(type);
+        Flow flow(grid({"a|" + QString(1000, '.'), "1|2"}));
+        flow.put("out.csv", "old");
+        flow.output->setFileType(type);
+        EXPECT_EQ(flow.run(), NodeState::Failed);
+        EXPECT_EQ(
+            flow.output->warnings(), QStringList{"Unable to write '" + flow.path("out.csv") + "': column name '"
+                                                 + QString(49, '.') + "\xE2\x80\xA6' has more than 1,000 levels"});
+        EXPECT_EQ(flow.bytes(), "old");
+        flow.input->setTable(grid({QString(999, '.'), "1"}));
+        EXPECT_EQ(flow.run(), NodeState::Processed);
+    }
 }
 
 TEST(OutputNode, CountsTheJsonIssuesThatItDoesntList)
