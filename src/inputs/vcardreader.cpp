@@ -3,9 +3,11 @@
 #include "data/dataset.h"
 #include "data/values.h"
 #include "inputs/linescanner.h"
+#include "transforms/tablesize.h"
 
 #include <algorithm>
 #include <cstring>
+#include <new>
 
 namespace {
 
@@ -34,15 +36,18 @@ VCardReader::VCardReader(const RowRules &rules, TextSource *source)
 void VCardReader::read(Dataset *dataset)
 {
     m_reader.readAll();
-    RowBatch batch(m_rules, dataset);
-    batch.setBuffer(m_reader.begin());
     char *const end = unfold(m_reader.begin(), m_reader.end());
-    forEachLine(m_reader.begin(), end, true,
-        [&](const char *line, const char *lineEnd, bool) { takeLine(line, lineEnd, batch); });
-    finishRecord(batch);
-    batch.flush();
+    forEachLine(
+        m_reader.begin(), end, true, [this](const char *line, const char *lineEnd, bool) { takeLine(line, lineEnd); });
+    finishRecord();
+    // Known before the first row, the width can't make every record cost more than those before.
+    if (!TableSize::isPossible(static_cast<qint64>(m_recordEnds.size()), m_header.size())) {
+        throw std::bad_alloc();
+    }
     dataset->setColumnCount(m_header.size());
     dataset->setHeader(m_header);
+    RowBatch batch(m_rules, dataset);
+    addRows(batch);
     if (m_begins != m_ends) {
         m_warnings.append(QStringLiteral("vCard parsing error: %1 'BEGIN:VCARD' and %2 'END:VCARD'")
                               .arg(formatInteger(m_begins, true), formatInteger(m_ends, true)));
@@ -66,20 +71,17 @@ char *VCardReader::unfold(char *begin, char *end)
     return out;
 }
 
-void VCardReader::takeLine(const char *begin, const char *end, RowBatch &batch)
+void VCardReader::takeLine(const char *begin, const char *end)
 {
     const char *textBegin = begin;
     const char *textEnd = end;
     TextCleanup::trim(textBegin, textEnd);
     if (isText(textBegin, textEnd, "BEGIN:VCARD")) {
-        finishRecord(batch);
+        finishRecord();
         ++m_begins;
         m_inRecord = true;
-        if (m_progress && m_begins % recordsPerReport == 0) {
-            m_progress(double(begin - m_reader.begin()) / m_reader.size());
-        }
     } else if (isText(textBegin, textEnd, "END:VCARD")) {
-        finishRecord(batch);
+        finishRecord();
         ++m_ends;
     } else if (m_inRecord) {
         takeValue(begin, end);
@@ -104,20 +106,36 @@ void VCardReader::takeValue(const char *begin, const char *end)
         column = m_header.size();
         m_columns.insert(key, column);
         m_header.append(TextCoding::decode(key.constData(), key.size()));
-        m_values.emplace_back(m_reader.begin(), m_reader.begin());
     }
-    m_values[static_cast<size_t>(column)] = {colon + 1, end};
+    m_values.push_back({column, colon + 1, end});
 }
 
-void VCardReader::finishRecord(RowBatch &batch)
+void VCardReader::finishRecord()
 {
-    if (!m_inRecord) {
-        return;
+    if (m_inRecord) {
+        m_inRecord = false;
+        m_recordEnds.push_back(m_values.size());
     }
-    m_inRecord = false;
-    for (Text &value : m_values) {
-        batch.addText(value.first, value.second);
-        value.second = value.first;
+}
+
+void VCardReader::addRows(RowBatch &batch)
+{
+    const char *const nothing = m_reader.begin();
+    std::vector<Value> row(static_cast<size_t>(m_header.size()), {0, nothing, nothing});
+    batch.setBuffer(m_reader.begin());
+    size_t next = 0;
+    for (size_t record = 0; record < m_recordEnds.size(); ++record) {
+        for (; next < m_recordEnds[record]; ++next) {
+            row[static_cast<size_t>(m_values[next].column)] = m_values[next];
+        }
+        for (Value &value : row) {
+            batch.addText(value.begin, value.end);
+            value.end = value.begin;
+        }
+        batch.finishRow(true);
+        if (m_progress && record % recordsPerReport == 0) {
+            m_progress(double(record) / double(m_recordEnds.size()));
+        }
     }
-    batch.finishRow(true);
+    batch.flush();
 }

@@ -5,7 +5,6 @@
 
 #include <QHash>
 #include <QStringList>
-#include <utility>
 #include <vector>
 
 class Dataset;
@@ -28,19 +27,27 @@ public:
     const QStringList &warnings() const { return m_warnings; }
 
 private:
-    using Text = std::pair<const char *, const char *>;
+    /// A line of a record; its text lies in the reader.
+    struct Value
+    {
+        int column;
+        const char *begin;
+        const char *end;
+    };
 
     static char *unfold(char *begin, char *end);
-    void takeLine(const char *begin, const char *end, RowBatch &batch);
+    void takeLine(const char *begin, const char *end);
     void takeValue(const char *begin, const char *end);
-    void finishRecord(RowBatch &batch);
+    void finishRecord();
+    void addRows(RowBatch &batch);
 
     const RowRules m_rules;
     BlockReader m_reader;
     std::function<void(double)> m_progress;
     QHash<QByteArray, int> m_columns; // by key; the keys' bytes lie in the reader
     QStringList m_header;
-    std::vector<Text> m_values; // of the record, by column
+    std::vector<Value> m_values;      // of all records
+    std::vector<size_t> m_recordEnds; // in m_values
     bool m_inRecord = false;
     int m_begins = 0;
     int m_ends = 0;
