@@ -249,6 +249,7 @@ TEST_F(XlsEdit, OtherStreamsAreCarriedOver)
     EXPECT_EQ(content, "who wrote it");
     ASSERT_TRUE(file.read(file.find(QStringLiteral("_VBA_PROJECT_CUR/PROJECT")), &content));
     EXPECT_EQ(content, QByteArray(5000, 'm'));
+    EXPECT_LT(file.find(QStringLiteral("_signatures")), 0) << "no longer right";
 }
 
 TEST_F(XlsEdit, SavingTwiceGivesTheSame)

@@ -44,6 +44,7 @@ QByteArray globals()
     }
     records += record(RecordId::NumberFormat, words({170}) + biffText(QStringLiteral("0.000")));
     for (int i = 0; i < 16; ++i) {
+        records += i == 8 ? record(RecordId::HideObjects, words({0})) : QByteArray(); // formats needn't stand together
         records += record(RecordId::ExtendedFormat,
             words({0, i == 15 ? 0u : 170u, i < 15 ? 0xFFF5u : 1u, 0x20, 0, 0, 0, 0, 0, 0x20C0}));
     }
@@ -134,7 +135,8 @@ QByteArray foreignXlsFile(const QByteArray &stream)
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     CompoundFile().write(buffer,
-        {part("\5SummaryInformation", "who wrote it"), part("Workbook", stream), part("_VBA_PROJECT_CUR", {}, true),
+        {part("\5SummaryInformation", "who wrote it"), part("Workbook", stream),
+            part("_signatures", "of the old content"), part("_VBA_PROJECT_CUR", {}, true),
             part("_VBA_PROJECT_CUR/PROJECT", QByteArray(5000, 'm'))},
         nullptr);
     return buffer.data();

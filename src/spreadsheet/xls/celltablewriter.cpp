@@ -1,6 +1,7 @@
 #include "spreadsheet/xls/celltablewriter.h"
 
 #include "spreadsheet/cellreference.h"
+#include "spreadsheet/xls/compoundfile.h"
 #include "spreadsheet/xls/rkencoding.h"
 
 #include <algorithm>
@@ -46,7 +47,8 @@ void CellTableWriter::writeDimensions()
 void CellTableWriter::writeCells()
 {
     const RowIterator end = m_sheet.cells().end();
-    for (RowIterator block = m_sheet.cells().begin(); block != end;) {
+    // What is too large for a file isn't finished; see who writes it.
+    for (RowIterator block = m_sheet.cells().begin(); block != end && m_out.position() < CompoundFile::maxStreamSize;) {
         const int number = block->first / rowsInBlock;
         RowIterator row = block;
         for (; row != end && row->first / rowsInBlock == number; ++row) {

@@ -59,19 +59,25 @@ void GlobalsWriter::writeWindow()
 
 void GlobalsWriter::writeStyles()
 {
-    writeAll(RecordId::Font, m_context.styles.fonts());
-    writeAll(RecordId::NumberFormat, m_context.styles.numberFormats());
-    writeAll(RecordId::ExtendedFormat, m_context.styles.cellFormats());
+    for (const RecordId id : {RecordId::Font, RecordId::NumberFormat, RecordId::ExtendedFormat}) {
+        writeAdded(id);
+    }
     constexpr unsigned normalStyle = 0x8000, ofNoLevel = 0xFF00;
     m_out.write(RecordId::Style, {normalStyle, ofNoLevel});
     m_context.styles.palette().write(m_out);
 }
 
-void GlobalsWriter::writeAll(RecordId id, const std::vector<QByteArray> &records)
+/// What the book has beyond the file of a kind of records.
+void GlobalsWriter::writeAdded(RecordId id)
 {
-    for (const QByteArray &record : records) {
-        m_out.write(id, record);
+    const StyleWriter &styles = m_context.styles;
+    const std::vector<QByteArray> &added = id == RecordId::Font           ? styles.fonts()
+                                           : id == RecordId::NumberFormat ? styles.numberFormats()
+                                                                          : styles.cellFormats();
+    for (size_t i = m_addedCounts[id]; i < added.size(); ++i) {
+        m_out.write(id, added[i]);
     }
+    m_addedCounts[id] = added.size();
 }
 
 // Sheets
@@ -108,6 +114,9 @@ void GlobalsWriter::writeChanged(bool isCalculated)
     m_hasReferences = !m_context.sheets.isChanged();
     const GlobalRecords &records = m_context.globals;
     for (size_t i = 0; i < records.size(); ++i) {
+        m_last[records[i].id] = i;
+    }
+    for (size_t i = 0; i < records.size(); ++i) {
         const Record &record = records[i];
         const bool isReplaced = record.id == RecordId::SharedStrings
                                 || (record.id == RecordId::ExternSheet && m_context.sheets.isChanged());
@@ -115,13 +124,13 @@ void GlobalsWriter::writeChanged(bool isCalculated)
             ++i;
         }
         writeBefore(record.id);
-        writeRecord(record, i + 1 < records.size() ? records[i + 1].id : RecordId::Eof);
+        writeRecord(record, m_last[record.id] == i);
     }
 }
 
-void GlobalsWriter::writeRecord(const Record &record, RecordId next)
+/// `isLast`: the file has no more of this kind.
+void GlobalsWriter::writeRecord(const Record &record, bool isLast)
 {
-    const StyleWriter &styles = m_context.styles;
     switch (record.id) {
     case RecordId::BoundSheet:
         m_sheetPlaces.push_back(m_out.position() + static_cast<int>(recordHeaderSize));
@@ -131,22 +140,11 @@ void GlobalsWriter::writeRecord(const Record &record, RecordId next)
         }
         return;
     case RecordId::Font:
-        m_out.copy(record);
-        if (next != RecordId::Font) {
-            writeAll(RecordId::Font, styles.fonts());
-        }
-        return;
     case RecordId::NumberFormat:
-        m_out.copy(record);
-        if (next != RecordId::NumberFormat) {
-            writeAll(RecordId::NumberFormat, styles.numberFormats());
-            m_hasNumberFormats = true;
-        }
-        return;
     case RecordId::ExtendedFormat:
         m_out.copy(record);
-        if (next != RecordId::ExtendedFormat) {
-            writeAll(RecordId::ExtendedFormat, styles.cellFormats());
+        if (isLast) {
+            writeAdded(record.id);
         }
         return;
     case RecordId::ExtendedFormatCheck:
@@ -179,9 +177,13 @@ void GlobalsWriter::writeRecord(const Record &record, RecordId next)
 void GlobalsWriter::writeBefore(RecordId id)
 {
     const bool isEnd = id == RecordId::Eof;
-    if (id == RecordId::ExtendedFormat && !m_hasNumberFormats) {
-        writeAll(RecordId::NumberFormat, m_context.styles.numberFormats());
-        m_hasNumberFormats = true;
+    if (id == RecordId::ExtendedFormat && m_last.count(RecordId::NumberFormat) == 0) {
+        writeAdded(RecordId::NumberFormat);
+    }
+    for (const RecordId kind : {RecordId::Font, RecordId::ExtendedFormat}) {
+        if (id == RecordId::BoundSheet && m_last.count(kind) == 0) {
+            writeAdded(kind);
+        }
     }
     const bool isBehindReferences = id == RecordId::Name || id == RecordId::DrawingGroup || id == calculatorId
                                     || id == RecordId::SharedStrings || isEnd;

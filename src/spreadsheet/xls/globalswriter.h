@@ -3,6 +3,7 @@
 #include "spreadsheet/xls/recordwriter.h"
 #include "spreadsheet/xls/savecontext.h"
 
+#include <map>
 #include <vector>
 
 namespace spreadsheet {
@@ -25,7 +26,7 @@ public:
     void setSheetBegin(size_t sheet, quint32 position);
 
 private:
-    void writeRecord(const Record &record, RecordId next);
+    void writeRecord(const Record &record, bool isLast);
     void writeWindow();
     void writeSheets();
     void copySheets(const Record &record);
@@ -35,13 +36,15 @@ private:
     void writeSheetIds(const Record &record);
     void writeFormatCheck(const Record &record);
     void writeCalculator(const Record &record);
-    void writeAll(RecordId id, const std::vector<QByteArray> &records);
+    void writeAdded(RecordId id);
 
     SaveContext &m_context;
     RecordWriter &m_out;
-    std::vector<int> m_sheetPlaces; // of the positions of sheets, to be filled in
+    std::vector<int> m_sheetPlaces;    // of the positions of sheets, to be filled in
+    std::map<RecordId, size_t> m_last; // record of each kind in the file
     bool m_isCalculated = true;
-    bool m_hasNumberFormats = false, m_hasReferences = false, m_hasTexts = false;
+    std::map<RecordId, size_t> m_addedCounts; // of fonts and formats, so many are written already
+    bool m_hasReferences = false, m_hasTexts = false;
 };
 
 } // namespace spreadsheet

@@ -11,12 +11,6 @@ namespace {
 
 constexpr qint64 largestStream = CompoundFile::maxStreamSize;
 
-const QString &newStreamName()
-{
-    static const QString name = QStringLiteral("Workbook");
-    return name;
-}
-
 /// The SST record of the file and the CONTINUE records behind it.
 std::vector<Record> sharedTextRecords(const GlobalRecords &globals)
 {
@@ -124,15 +118,23 @@ private:
     RecordWriter m_stream;
 };
 
+/// True for what would contradict the changed workbook: its other form for older programs, and its signatures.
+bool isOutdated(const CompoundPart &part, const QString &streamName)
+{
+    const QString name = part.path.section(QLatin1Char('/'), 0, 0);
+    const auto isNamed = [&name](const char *other) {
+        return name.compare(QLatin1String(other), Qt::CaseInsensitive) == 0;
+    };
+    return (isNamed("Book") && name != streamName) || isNamed("_signatures") || isNamed("_xmlsignatures");
+}
+
 /// The parts of the file that is written: those of the loaded one with the workbook's stream replaced.
 std::vector<CompoundPart> partsWith(const QByteArray &workbook, const CompoundFile &original, const QString &streamName)
 {
     std::vector<CompoundPart> parts;
     for (const CompoundPart &part : original.parts()) {
-        const bool isOldForm = part.path.compare(QLatin1String("Book"), Qt::CaseInsensitive) == 0
-                               && streamName.compare(newStreamName(), Qt::CaseInsensitive) == 0;
-        if (isOldForm) {
-            continue; // the same workbook for older programs, which would contradict the changed one
+        if (isOutdated(part, streamName)) {
+            continue;
         }
         parts.push_back(part);
         if (part.path == streamName) {
@@ -148,7 +150,7 @@ std::vector<CompoundPart> newParts(const QByteArray &workbook)
     CompoundPart root, stream;
     root.isStorage = true;
     root.classId = QByteArray::fromHex("2008020000000000c000000000000046");
-    stream.path = newStreamName();
+    stream.path = QStringLiteral("Workbook");
     stream.content = workbook;
     return {root, stream};
 }
