@@ -171,10 +171,11 @@ bool BookWriter::writeWorkbook(bool areFormulasStale)
     stateEncoding(outline, &edit);
     const XmlElement *sheets = outline.child("sheets");
     const QByteArray prefix = outline.root().prefix();
-    if (sheets && !m_added.empty()) {
+    if (!m_added.empty()) {
         const QByteArray declared = outline.root().prefixOf("/relationships");
         int lastId = 0;
-        for (const XmlElement *sheet : outline.children(outline.indexOf(sheets))) {
+        for (const XmlElement *sheet :
+            sheets ? outline.children(outline.indexOf(sheets)) : std::vector<const XmlElement *>()) {
             lastId = std::max(lastId, std::min(sheet->attribute("sheetId").toInt(), 1000000));
         }
         QByteArray entries;
@@ -184,7 +185,12 @@ bool BookWriter::writeWorkbook(bool areFormulasStale)
                        + (declared.isEmpty() ? " xmlns:r=\"" + m_relationTypes + '"' : QByteArray()) + ' '
                        + (declared.isEmpty() ? QByteArray("r:") : declared) + "id=\"" + sheet.relationId + "\"/>";
         }
-        appendContent(*sheets, entries, -1, &edit);
+        if (sheets) {
+            appendContent(*sheets, entries, -1, &edit);
+        } else {
+            const QByteArray name = prefix + "sheets";
+            SchemaOrder::ofWorkbook().put(outline, "sheets", '<' + name + '>' + entries + "</" + name + '>', &edit);
+        }
     }
     if (const XmlElement *calculation = outline.child("calcPr")) {
         if (calculation->attribute("fullCalcOnLoad") != "1") {

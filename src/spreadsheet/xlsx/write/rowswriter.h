@@ -2,6 +2,7 @@
 
 #include "spreadsheet/cellgrid.h"
 #include "spreadsheet/xlsx/write/formulawriter.h"
+#include "spreadsheet/xlsx/write/xmlbuffer.h"
 
 #include <QByteArray>
 #include <QSet>
@@ -51,17 +52,18 @@ private:
     void writeStoredFormula(const CellRecord &cell, const QByteArray &stored);
     void writeValue(const CellRecord &cell);
     void writeDate(const CellRecord &cell);
-    void beginCell(const CellRecord &cell, const char *type);
+    /// Writes the start tag up to the end of `type`, which begins with the quote that closes the attribute before.
+    void beginCell(const CellRecord &cell, std::string_view type);
     void appendNumber(double number);
     bool hasMaster(const QByteArray &stored) const;
     const Reference &letters(int column);
 
     CellContext &m_context;
     const CellGrid &m_grid;
-    DeflatedPart &m_out;
     const std::string m_prefix;
     const std::string m_cellBegin, m_valueBegin, m_valueEnd, m_cellEnd;
-    std::string m_buffer;
+    XmlBuffer<DeflatedPart> m_buffer;
+    std::string m_text;      // of one cell
     std::string m_rowNumber; // of the row that is written
     std::vector<Reference> m_letters;
     QSet<QByteArray> m_masters; // numbers of the shared formulas that still have the cell which states them

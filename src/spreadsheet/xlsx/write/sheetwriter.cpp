@@ -106,7 +106,7 @@ bool SheetWriter::putTables(const XmlOutline &outline, const QString &part, cons
 
 bool SheetWriter::write(const QString &part, const Sheet &sheet)
 {
-    XmlOutline outline(2, "sheetData");
+    XmlOutline outline(2, "tableParts");
     if (!m_package.outline(part, &outline)) {
         return false;
     }

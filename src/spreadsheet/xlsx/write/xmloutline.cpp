@@ -55,10 +55,10 @@ struct XmlOutline::Handlers
     }
 };
 
-XmlOutline::XmlOutline(int deepest, const char *closed)
+XmlOutline::XmlOutline(int deepest, const char *within)
     : m_parser(XML_ParserCreate("UTF-8"))
     , m_deepest(deepest)
-    , m_closed(closed)
+    , m_within(within)
 {
     if (!m_parser) {
         throw std::bad_alloc();
@@ -116,7 +116,9 @@ void XmlOutline::begin(const char *name, const char **attributes)
 {
     const int depth = m_depth++;
     m_rootChildCount += depth == 1 ? 1 : 0;
-    if (depth > m_deepest || m_closedDepth >= 0) {
+    const bool isLeftOut = depth > 0 && depth == m_deepest && !m_within.isEmpty()
+                           && !m_elements[static_cast<size_t>(m_open.back())].is(m_within.constData());
+    if (depth > m_deepest || isLeftOut) {
         return;
     }
     if (m_elements.size() >= mostElements) {
@@ -132,9 +134,6 @@ void XmlOutline::begin(const char *name, const char **attributes)
     for (; *attributes; attributes += 2) {
         element.attributes.push_back({attributes[0], attributes[1]});
     }
-    if (!m_closed.isEmpty() && element.localName() == m_closed) {
-        m_closedDepth = depth;
-    }
     m_open.push_back(static_cast<int>(m_elements.size()));
     m_elements.push_back(std::move(element));
 }
@@ -142,10 +141,9 @@ void XmlOutline::begin(const char *name, const char **attributes)
 void XmlOutline::end()
 {
     const int depth = --m_depth;
-    if (depth > m_deepest || m_open.empty() || (m_closedDepth >= 0 && depth > m_closedDepth)) {
-        return;
+    if (m_open.empty() || m_elements[static_cast<size_t>(m_open.back())].depth != depth) {
+        return; // it was left out
     }
-    m_closedDepth = -1;
     XmlElement &element = m_elements[static_cast<size_t>(m_open.back())];
     m_open.pop_back();
     element.contentEnd = XML_GetCurrentByteIndex(parserOf(m_parser));

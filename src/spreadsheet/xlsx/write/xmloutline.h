@@ -37,8 +37,9 @@ struct XmlElement
 class XmlOutline
 {
 public:
-    /// Elements deeper than `deepest` are left out, as are those inside an element of the name `closed`.
-    explicit XmlOutline(int deepest, const char *closed = "");
+    /// Elements deeper than `deepest` are left out; those that deep too unless they stand in an element of the name
+    /// `within`, when that is given.
+    explicit XmlOutline(int deepest, const char *within = "");
     ~XmlOutline();
     Q_DISABLE_COPY(XmlOutline)
 
@@ -71,8 +72,8 @@ private:
 
     void *m_parser;
     int m_deepest;
-    QByteArray m_closed;
-    int m_depth = 0, m_closedDepth = -1;
+    QByteArray m_within;
+    int m_depth = 0;
     std::vector<XmlElement> m_elements;
     std::vector<int> m_open; // those recorded
     qint64 m_rootChildCount = 0;
