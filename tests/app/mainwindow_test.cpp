@@ -16,11 +16,14 @@
 #include "support/printers.h"
 #include "support/waitfor.h"
 
+#include <QClipboard>
 #include <QDir>
 #include <QFileInfo>
 #include <QMenu>
+#include <QMimeData>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QUrl>
 #include <gtest/gtest.h>
 
 namespace {
@@ -392,6 +395,54 @@ TEST_F(MainWindowTest, MemoryCeilingCanBeRaised)
     EXPECT_EQ(m_window->scene().nodesInState(NodeState::Processed).size(), 2);
     RunControl::setMemoryReader({});
     Settings::current().setMaxMemoryUsage(4.0);
+}
+
+TEST_F(MainWindowTest, ManyFilesAreConfirmed)
+{
+    writeFile(path("in.csv"), "a,file\n1,x.csv\n");
+    TestDocument document = plain();
+    document.outputs.replace("<output ", "<output single_or_multi=\"1\" multi_file_column=\"2\" ");
+    writeFile(path("many.transform"), document.xml());
+    {
+        const BoxAnswers answers({QStringLiteral("Cancel")});
+        ASSERT_TRUE(open("many.transform"));
+        EXPECT_EQ(answers.texts(), QStringList{QStringLiteral("Multi file output")});
+    }
+    EXPECT_EQ(readFile(path("x.csv")), "no file");
+    const BoxAnswers answers({QStringLiteral("OK")});
+    action("m_runEverythingAction").trigger();
+    EXPECT_EQ(answers.texts(), QStringList{QStringLiteral("Multi file output")});
+    EXPECT_EQ(readFile(path("x.csv")), "a\n1\n");
+}
+
+TEST_F(MainWindowTest, TheClipboardBecomesAnInput)
+{
+    const auto paste = [this](QMimeData *data) {
+        QGuiApplication::clipboard()->setMimeData(data);
+        action("m_inputFromClipboardAction").trigger();
+    };
+    const auto names = [this] {
+        QStringList found;
+        for (const Node *node : m_window->scene().nodes()) {
+            found.append(node->name());
+        }
+        found.sort();
+        return found;
+    };
+    auto *text = new QMimeData;
+    text->setText("a,b");
+    paste(text);
+    EXPECT_EQ(names(), QStringList("Clipboard"));
+    auto *files = new QMimeData;
+    files->setUrls({QUrl::fromLocalFile(path("in.csv"))});
+    paste(files);
+    EXPECT_EQ(names(), (QStringList{"Clipboard", "in.csv"}));
+    const BoxAnswers answers;
+    auto *picture = new QMimeData;
+    picture->setData("image/png", "no text");
+    paste(picture);
+    EXPECT_EQ(answers.texts(), QStringList("Data type pasted not recognized."));
+    EXPECT_EQ(names().size(), 2);
 }
 
 TEST_F(MainWindowTest, ZoomStaysWithinItsBounds)
