@@ -171,8 +171,8 @@ TEST(Formula, WhatCantBeWritten)
     const FormulaCase cases[] = {
         {"an unknown function", "FROB(1)", "the function FROB is unknown"},
         {"one that is newer than the file format", "IFERROR(1,2)", "the function IFERROR is unknown"},
-        {"too many arguments", "PI(1)", "PI can't have 1 arguments"},
-        {"too few", "IF(1)", "IF can't have 1 arguments"},
+        {"too many arguments", "PI(1)", "PI can't have 1 argument"},
+        {"too few", "IF(1)", "IF can't have 1 argument"},
         {"a name", "Total*2", "it uses the name 'Total'"},
         {"another workbook", "[b.xls]S!A1", "it refers to another workbook"},
         {"another workbook in quotes", "'[b.xls]S'!A1", "it refers to another workbook"},

@@ -2,13 +2,14 @@
 
 #include "spreadsheet/xls/hyperlinkrecord.h"
 
+#include <QHash>
 #include <algorithm>
 
 namespace spreadsheet {
 namespace {
 
 constexpr size_t mostMergesInRecord = 1026;
-constexpr quint32 rangeSize = 8, tooltipRangePlace = 2;
+constexpr int rangeSize = 8, tooltipRangePlace = 2;
 
 } // namespace
 
@@ -31,23 +32,21 @@ void writeMerges(const SheetLayout &layout, RecordWriter &out)
 
 void writeHyperlinks(const SheetLayout &layout, const std::vector<Record> &tooltips, RecordWriter &out)
 {
-    for (const Hyperlink &link : layout.hyperlinks) {
-        if (link.stored.isEmpty()) {
-            if (!link.target.trimmed().isEmpty()) {
-                out.write(RecordId::HyperLink, hyperlinkRecord(link));
-            }
-            continue;
+    QHash<QByteArray, const Record *> tooltipOfRange;
+    for (const Record &tooltip : tooltips) {
+        const auto *range = reinterpret_cast<const char *>(tooltip.data) + tooltipRangePlace;
+        if (tooltip.size >= static_cast<quint32>(tooltipRangePlace + rangeSize)) {
+            tooltipOfRange.insert(QByteArray(range, rangeSize), &tooltip);
         }
-        out.write(RecordId::HyperLink, link.stored);
-        for (const Record &tooltip : tooltips) {
-            const bool isOfLink = tooltip.size >= tooltipRangePlace + rangeSize
-                                  && std::equal(tooltip.data + tooltipRangePlace,
-                                      tooltip.data + tooltipRangePlace + rangeSize,
-                                      reinterpret_cast<const uchar *>(link.stored.constData()));
-            if (isOfLink) {
-                out.copy(tooltip);
-                break;
+    }
+    for (const Hyperlink &link : layout.hyperlinks) {
+        if (!link.stored.isEmpty()) {
+            out.write(RecordId::HyperLink, link.stored);
+            if (const Record *tooltip = tooltipOfRange.value(link.stored.left(rangeSize))) {
+                out.copy(*tooltip);
             }
+        } else if (!link.target.trimmed().isEmpty()) {
+            out.write(RecordId::HyperLink, hyperlinkRecord(link));
         }
     }
 }

@@ -1,6 +1,6 @@
 #include "spreadsheet/xls/formula/formulaparser.h"
 
-#include "spreadsheet/xls/formula/operandcode.h"
+#include "spreadsheet/xls/formula/binaryoperators.h"
 
 #include <utility>
 
@@ -8,31 +8,6 @@ namespace spreadsheet {
 namespace {
 
 constexpr int deepest = 64; // parentheses and functions within one another
-
-struct BinaryOperator
-{
-    FormulaSymbol symbol;
-    quint8 token;
-    int precedence;
-};
-constexpr BinaryOperator binaryOperators[] = {{FormulaSymbol::Less, OperandCode::less, 1},
-    {FormulaSymbol::LessOrEqual, OperandCode::lessOrEqual, 1}, {FormulaSymbol::Equal, OperandCode::equal, 1},
-    {FormulaSymbol::GreaterOrEqual, OperandCode::greaterOrEqual, 1}, {FormulaSymbol::Greater, OperandCode::greater, 1},
-    {FormulaSymbol::NotEqual, OperandCode::notEqual, 1}, {FormulaSymbol::Join, OperandCode::join, 2},
-    {FormulaSymbol::Plus, OperandCode::add, 3}, {FormulaSymbol::Minus, OperandCode::subtract, 3},
-    {FormulaSymbol::Times, OperandCode::multiply, 4}, {FormulaSymbol::Divide, OperandCode::divide, 4},
-    {FormulaSymbol::Power, OperandCode::power, 5}};
-constexpr int highestPrecedence = 5;
-
-const BinaryOperator *binaryOperator(FormulaSymbol symbol)
-{
-    for (const BinaryOperator &candidate : binaryOperators) {
-        if (candidate.symbol == symbol) {
-            return &candidate;
-        }
-    }
-    return nullptr;
-}
 
 /// The rectangle between two cells, each with its own signs.
 FormulaArea rectangle(FormulaPlace one, FormulaPlace other)
@@ -312,7 +287,8 @@ int FormulaParser::parseFunction()
     --m_depth;
     const auto count = static_cast<int>(node.parts.size());
     if (count < node.function->minArguments || count > node.function->maxArguments) {
-        return fail(QStringLiteral("%1 can't have %2 arguments").arg(name).arg(count));
+        const QString word = count == 1 ? QStringLiteral("argument") : QStringLiteral("arguments");
+        return fail(QStringLiteral("%1 can't have %2 %3").arg(name).arg(count).arg(word));
     }
     return add(std::move(node));
 }
