@@ -445,24 +445,6 @@ TEST_F(MainWindowTest, TheClipboardBecomesAnInput)
     EXPECT_EQ(names().size(), 2);
 }
 
-TEST_F(MainWindowTest, ManyFilesAreConfirmed)
-{
-    writeFile(path("in.csv"), "a,file\n1,x.csv\n");
-    TestDocument document = plain();
-    document.outputs.replace("<output ", "<output single_or_multi=\"1\" multi_file_column=\"2\" ");
-    writeFile(path("many.transform"), document.xml());
-    {
-        const BoxAnswers answers({QStringLiteral("Cancel")});
-        ASSERT_TRUE(open("many.transform"));
-        EXPECT_EQ(answers.texts(), QStringList{QStringLiteral("Multi file output")});
-    }
-    EXPECT_EQ(readFile(path("x.csv")), "no file");
-    const BoxAnswers answers({QStringLiteral("OK")});
-    action("m_runEverythingAction").trigger();
-    EXPECT_EQ(answers.texts(), QStringList{QStringLiteral("Multi file output")});
-    EXPECT_EQ(readFile(path("x.csv")), "a\n1\n");
-}
-
 TEST_F(MainWindowTest, ZoomStaysWithinItsBounds)
 {
     ASSERT_TRUE(open("flow.transform"));
