@@ -115,6 +115,9 @@ void InputNode::readAnew()
     QElapsedTimer timer;
     timer.start();
     setFraction(0.0);
+    if (m_medium != Medium::File) {
+        stopWatching();
+    }
     if (m_medium == Medium::Folder) {
         readFolder();
     } else {
