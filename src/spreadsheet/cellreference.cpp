@@ -47,9 +47,13 @@ int takeRow(std::string_view *text)
 /// Reads one kind of end on both sides of the colon.
 bool parseEnds(std::string_view first, std::string_view last, int (*take)(std::string_view *), int *from, int *to)
 {
-    *from = take(&first);
-    *to = take(&last);
-    return *from >= 0 && *to >= 0 && first.empty() && last.empty();
+    const int found = take(&first), foundLast = take(&last);
+    if (found < 0 || foundLast < 0 || !first.empty() || !last.empty()) {
+        return false;
+    }
+    *from = found;
+    *to = foundLast;
+    return true;
 }
 
 } // namespace

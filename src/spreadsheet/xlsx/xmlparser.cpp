@@ -2,6 +2,7 @@
 
 #include "spreadsheet/xlsx/ziparchive.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 #include <expat.h>
@@ -172,7 +173,7 @@ bool XmlParser::parse(const char *bytes, int size, bool isLast)
     }
     m_error = QStringLiteral("%1 at byte %2")
                   .arg(QString::fromLatin1(XML_ErrorString(code)))
-                  .arg(m_taken + XML_GetCurrentByteIndex(m_parser));
+                  .arg(m_taken + std::max<long long>(0, XML_GetCurrentByteIndex(m_parser)));
     return false;
 }
 
