@@ -5,7 +5,6 @@
 #include "outputs/excelbook.h"
 
 #include <QFileInfo>
-#include <QHash>
 #include <map>
 #include <utility>
 
@@ -33,11 +32,6 @@ Sheet *open(Book &book, const QString &path, const QString &sheet, QString *erro
         *error = QStringLiteral("Unable to read sheet '%1' from '%2'.").arg(sheet, shownPath);
     }
     return found;
-}
-
-double stated(double size, double otherwise)
-{
-    return size < 0 ? otherwise : size;
 }
 
 /// Copies from one sheet to another, whose book it adds formats to.
@@ -71,7 +65,8 @@ private:
     {
         const double usual = m_model.layout().defaultWidth;
         for (int i = m_firstColumn; i < m_lastColumn; ++i) {
-            const double width = stated(m_model.colWidth(i), usual);
+            const double own = m_model.colWidth(i);
+            const double width = own < 0 ? usual : own;
             const bool hidden = m_model.colHidden(i);
             if (width != m_sheet->colWidth(i) || hidden != m_sheet->colHidden(i)) {
                 m_sheet->setCol(i, width, hidden);
@@ -79,12 +74,10 @@ private:
         }
     }
 
-    /// Only rows that either sheet knows of can differ, unless the template's usual height is a stated one.
     void copyRows()
     {
-        const double usual = m_model.layout().defaultHeight;
         for (int i = m_firstRow; i < m_lastRow; ++i) {
-            const double height = stated(m_model.rowHeight(i), usual);
+            const double height = m_model.rowHeight(i);
             const bool hidden = m_model.rowHidden(i);
             if (height != m_sheet->rowHeight(i) || hidden != m_sheet->rowHidden(i)) {
                 m_sheet->setRow(i, height, hidden);
