@@ -10,6 +10,7 @@
 #include "spreadsheet/xlsx/write/textescape.h"
 
 #include <algorithm>
+#include <set>
 
 namespace spreadsheet {
 namespace {
@@ -42,13 +43,14 @@ QString BookWriter::beside(const char *name) const
 
 bool BookWriter::save(const QString &path)
 {
-    m_book.warnings.clear();
-    const bool hasChanges = std::any_of(m_book.sheets.begin(), m_book.sheets.end(), isWritten);
-    bool areFormulasStale = false;
-    if (hasChanges
-        && !(readKind() && writeStyles() && writeSheets(&areFormulasStale) && dropCalculationChain()
-             && writeWorkbook(areFormulasStale))) {
-        return false;
+    if (std::any_of(m_book.sheets.begin(), m_book.sheets.end(), isWritten)) {
+        if (!readKind() || !writeStyles() || !writeSheets()) {
+            return false;
+        }
+        dropCalculationChain();
+        if (!writeWorkbook()) {
+            return false;
+        }
     }
     return m_package.write(path);
 }
@@ -61,10 +63,11 @@ bool BookWriter::readKind()
     if (!m_relations || !m_package.outline(m_workbookPart, &outline)) {
         return false;
     }
+    bool isStrict = false;
     for (const XmlElement::Attribute &attribute : outline.root().attributes) {
-        m_isStrict = m_isStrict || attribute.value.startsWith("http://purl.oclc.org/ooxml/spreadsheetml");
+        isStrict = isStrict || attribute.value.startsWith("http://purl.oclc.org/ooxml/spreadsheetml");
     }
-    m_relationTypes = m_isStrict ? strictRelationTypes : usualRelationTypes;
+    m_relationTypes = isStrict ? strictRelationTypes : usualRelationTypes;
     return true;
 }
 
@@ -106,20 +109,21 @@ QString BookWriter::sheetPart(const SheetEntry &entry, bool isFirst)
     return part;
 }
 
-bool BookWriter::writeSheets(bool *areFormulasStale)
+bool BookWriter::hasSheet(std::string_view name) const
+{
+    const QString wanted = QString::fromUtf8(name.data(), static_cast<int>(name.size()));
+    return std::any_of(m_book.sheets.begin(), m_book.sheets.end(),
+        [&wanted](const SheetEntry &entry) { return entry.name.compare(wanted, Qt::CaseInsensitive) == 0; });
+}
+
+bool BookWriter::writeSheets()
 {
     quint32 presentTexts = 0;
     if (!countTexts(&presentTexts)) {
         return false;
     }
     SharedTextsEdit texts(m_book.texts, m_source, presentTexts);
-    FormulaWriter formulas(
-        [this](std::string_view name) {
-            const QString wanted = QString::fromUtf8(name.data(), static_cast<int>(name.size()));
-            return std::any_of(m_book.sheets.begin(), m_book.sheets.end(),
-                [&wanted](const SheetEntry &entry) { return entry.name.compare(wanted, Qt::CaseInsensitive) == 0; });
-        },
-        m_source != nullptr);
+    FormulaWriter formulas([this](std::string_view name) { return hasSheet(name); }, m_source != nullptr);
     CellContext cells{m_book, texts, m_styles, formulas};
     SheetWriter sheets(m_package, cells, relationType("/hyperlink"));
     for (const SheetEntry &entry : m_book.sheets) {
@@ -127,19 +131,23 @@ bool BookWriter::writeSheets(bool *areFormulasStale)
             return false;
         }
     }
-    *areFormulasStale = cells.hasFormulas;
+    m_hasFormulas = cells.hasFormulas;
     m_book.warnings << sheets.warnings();
-    if (cells.badFormulas > 0) {
-        m_book.warnings
-            << QStringLiteral("%1 formula(s) written as text, since they are not well-formed").arg(cells.badFormulas);
+    warn(cells.badFormulas, "%1 formula(s) written as text, since they are not well-formed");
+    warn(texts.overlongCount(), "%1 text(s) are longer than the 32767 characters that a cell can show");
+    m_book.warnings.removeDuplicates();
+    return !texts.hasAdded() || writeTexts(texts);
+}
+
+void BookWriter::warn(int count, const char *text)
+{
+    if (count > 0) {
+        m_book.warnings << QString::fromLatin1(text).arg(count);
     }
-    if (const int count = texts.overlongCount(); count > 0) {
-        m_book.warnings
-            << QStringLiteral("%1 text(s) are longer than the 32767 characters that a cell can show").arg(count);
-    }
-    if (!texts.hasAdded()) {
-        return true;
-    }
+}
+
+bool BookWriter::writeTexts(const SharedTextsEdit &texts)
+{
     if (m_textsPart.isEmpty()) {
         const QString usual = beside("sharedStrings.xml");
         m_textsPart = m_package.contains(usual) ? m_package.freeName(beside("sharedStrings%1.xml")) : usual;
@@ -150,56 +158,68 @@ bool BookWriter::writeSheets(bool *areFormulasStale)
 }
 
 /// The order of calculation names cells that may not be formulas any more; programs make it anew.
-bool BookWriter::dropCalculationChain()
+void BookWriter::dropCalculationChain()
 {
     if (const RelationshipsEdit::Entry *chain = m_relations->find("/calcChain")) {
         const QByteArray id = chain->id;
         m_package.remove(m_relations->targetPart(*chain));
         m_relations->remove(id);
     }
-    return true;
+}
+
+/// The list's entries for the sheets that were added.
+QByteArray BookWriter::sheetEntries(const XmlOutline &workbook, const XmlElement *sheets) const
+{
+    constexpr int greatestId = 65534;
+    std::set<int> ids;
+    for (const XmlElement *sheet : sheets ? workbook.children(workbook.indexOf(sheets)) : XmlOutline::Elements()) {
+        ids.insert(sheet->attribute("sheetId").toInt());
+    }
+    const QByteArray prefix = workbook.root().prefix();
+    const QByteArray declared = workbook.root().prefixOf("/relationships");
+    const QByteArray idName = declared.isEmpty() ? " xmlns:r=\"" + m_relationTypes + "\" r:id" : ' ' + declared + "id";
+    QByteArray entries;
+    for (const AddedSheet &sheet : m_added) {
+        int id = ids.empty() ? 1 : std::min(*ids.rbegin(), greatestId) + 1;
+        for (; id > greatestId || ids.count(id) > 0; ++id) {
+            id = id > greatestId ? 0 : id;
+        }
+        ids.insert(id);
+        entries += '<' + prefix + "sheet name=\"" + cellText(sheet.name) + "\" sheetId=\"" + QByteArray::number(id)
+                   + '"' + idName + "=\"" + sheet.relationId + "\"/>";
+    }
+    return entries;
 }
 
 /// Enters new sheets, and has formulas worked out anew when the file is opened: their results may rest on other cells.
-bool BookWriter::writeWorkbook(bool areFormulasStale)
+bool BookWriter::writeWorkbook()
 {
     XmlOutline outline(2);
     if (!m_package.outline(m_workbookPart, &outline)) {
         return false;
     }
     PartEdit edit;
-    stateEncoding(outline, &edit);
-    const XmlElement *sheets = outline.child("sheets");
     const QByteArray prefix = outline.root().prefix();
-    if (!m_added.empty()) {
-        const QByteArray declared = outline.root().prefixOf("/relationships");
-        int lastId = 0;
-        for (const XmlElement *sheet :
-            sheets ? outline.children(outline.indexOf(sheets)) : std::vector<const XmlElement *>()) {
-            lastId = std::max(lastId, std::min(sheet->attribute("sheetId").toInt(), 1000000));
-        }
-        QByteArray entries;
-        for (const AddedSheet &sheet : m_added) {
-            entries += '<' + prefix + "sheet name=\"" + cellText(sheet.name) + "\" sheetId=\""
-                       + QByteArray::number(++lastId) + '"'
-                       + (declared.isEmpty() ? " xmlns:r=\"" + m_relationTypes + '"' : QByteArray()) + ' '
-                       + (declared.isEmpty() ? QByteArray("r:") : declared) + "id=\"" + sheet.relationId + "\"/>";
-        }
-        if (sheets) {
-            appendContent(*sheets, entries, -1, &edit);
-        } else {
-            const QByteArray name = prefix + "sheets";
-            SchemaOrder::ofWorkbook().put(outline, "sheets", '<' + name + '>' + entries + "</" + name + '>', &edit);
-        }
+    const SchemaOrder &order = SchemaOrder::ofWorkbook();
+    const XmlElement *sheets = outline.child("sheets");
+    const QByteArray entries = sheetEntries(outline, sheets);
+    if (sheets && !entries.isEmpty()) {
+        appendContent(*sheets, entries, -1, &edit);
+    } else if (!entries.isEmpty()) {
+        const QByteArray name = prefix + "sheets";
+        order.put(outline, "sheets", '<' + name + '>' + entries + "</" + name + '>', &edit);
     }
-    if (const XmlElement *calculation = outline.child("calcPr")) {
-        if (calculation->attribute("fullCalcOnLoad") != "1") {
-            StartEdit(*calculation).set("fullCalcOnLoad", "1").apply(&edit);
-        }
-    } else if (areFormulasStale) {
-        SchemaOrder::ofWorkbook().put(outline, "calcPr", '<' + prefix + "calcPr fullCalcOnLoad=\"1\"/>", &edit);
+    const XmlElement *calculation = outline.child("calcPr");
+    if (calculation && calculation->attribute("fullCalcOnLoad") != "1") {
+        StartEdit(*calculation).set("fullCalcOnLoad", "1").apply(&edit);
+    } else if (!calculation && m_hasFormulas) {
+        order.put(outline, "calcPr", '<' + prefix + "calcPr fullCalcOnLoad=\"1\"/>", &edit);
     }
-    return edit.isEmpty() || m_package.change(m_workbookPart, std::move(edit));
+    if (edit.isEmpty()) {
+        return true;
+    }
+    stateEncoding(outline, &edit);
+    return m_package.change(m_workbookPart, std::move(edit));
 }
 
 } // namespace spreadsheet

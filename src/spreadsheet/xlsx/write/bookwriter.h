@@ -7,8 +7,11 @@
 
 namespace spreadsheet {
 
+class SharedTextsEdit;
+class XmlOutline;
 struct BookData;
 struct SheetEntry;
+struct XmlElement;
 
 /// Writes a workbook: an empty one, or the one that was loaded, with the book's changes.
 class BookWriter
@@ -29,11 +32,15 @@ private:
 
     bool readKind();
     bool writeStyles();
-    bool writeSheets(bool *areFormulasStale);
+    bool writeSheets();
+    bool writeTexts(const SharedTextsEdit &texts);
     bool countTexts(quint32 *count);
+    bool hasSheet(std::string_view name) const;
     QString sheetPart(const SheetEntry &entry, bool isFirst);
-    bool dropCalculationChain();
-    bool writeWorkbook(bool areFormulasStale);
+    void dropCalculationChain();
+    bool writeWorkbook();
+    QByteArray sheetEntries(const XmlOutline &workbook, const XmlElement *sheets) const;
+    void warn(int count, const char *text);
     QString beside(const char *name) const;
     QByteArray relationType(const char *kind) const { return m_relationTypes + kind; }
 
@@ -43,7 +50,7 @@ private:
     StylesWriter m_styles;
     QString m_workbookPart, m_textsPart;
     QByteArray m_relationTypes; // what the types of relations begin with
-    bool m_isStrict = false;
+    bool m_hasFormulas = false;
     RelationshipsEdit *m_relations = nullptr; // of the workbook
     std::vector<AddedSheet> m_added;
 };

@@ -24,10 +24,10 @@ void addItems(const XmlOutline &outline, const char *container, const QByteArray
     SchemaOrder::ofStyles().put(outline, container, element, edit);
 }
 
-std::vector<const XmlElement *> itemsOf(const XmlOutline &outline, const char *container)
+XmlOutline::Elements itemsOf(const XmlOutline &outline, const char *container)
 {
     const XmlElement *found = outline.child(container);
-    return found ? outline.children(outline.indexOf(found)) : std::vector<const XmlElement *>();
+    return found ? outline.children(outline.indexOf(found)) : XmlOutline::Elements();
 }
 
 } // namespace
@@ -71,7 +71,7 @@ void StylesWriter::takeFormats(const XmlOutline &outline, const StyleXml &xml)
             m_codes.insert(code, id);
         }
     }
-    const std::vector<const XmlElement *> formats = itemsOf(outline, "cellXfs");
+    const XmlOutline::Elements formats = itemsOf(outline, "cellXfs");
     m_presentCount = static_cast<quint32>(formats.size());
     m_firstNew = m_presentCount > 0 ? m_book.loadedFormats : 0;
     const auto keep = [](Pool &pool, const QByteArray &item, const QByteArray &number) {

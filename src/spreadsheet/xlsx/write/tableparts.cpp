@@ -78,7 +78,7 @@ bool TableParts::update(PartEdit *sheetEdit)
 
 void TableParts::editSheet(const XmlElement &list, const QSet<QByteArray> &dropped, PartEdit *edit) const
 {
-    const std::vector<const XmlElement *> items = m_outline.children(m_outline.indexOf(&list));
+    const XmlOutline::Elements items = m_outline.children(m_outline.indexOf(&list));
     const int kept = static_cast<int>(std::count_if(items.begin(), items.end(),
         [&dropped](const XmlElement *item) { return !dropped.contains(item->attribute("id")); }));
     if (kept == 0) {
@@ -138,7 +138,7 @@ bool TableParts::isInStep(const XmlOutline &table, const CellRange &range) const
     if (!list) {
         return false;
     }
-    const std::vector<const XmlElement *> columns = table.children(table.indexOf(list));
+    const XmlOutline::Elements columns = table.children(table.indexOf(list));
     if (static_cast<int>(columns.size()) != range.columnLast - range.columnFirst + 1) {
         return false;
     }

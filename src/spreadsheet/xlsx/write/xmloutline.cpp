@@ -101,9 +101,9 @@ const XmlElement *XmlOutline::child(const char *localName, int parent) const
     return nullptr;
 }
 
-std::vector<const XmlElement *> XmlOutline::children(int parent) const
+XmlOutline::Elements XmlOutline::children(int parent) const
 {
-    std::vector<const XmlElement *> found;
+    Elements found;
     for (const XmlElement &element : m_elements) {
         if (element.parent == parent) {
             found.push_back(&element);

@@ -37,6 +37,8 @@ struct XmlElement
 class XmlOutline
 {
 public:
+    using Elements = std::vector<const XmlElement *>;
+
     /// Elements deeper than `deepest` are left out; those that deep too unless they stand in an element of the name
     /// `within`, when that is given.
     explicit XmlOutline(int deepest, const char *within = "");
@@ -55,7 +57,7 @@ public:
     /// The first child of an element by name; null when there is none.
     const XmlElement *child(const char *localName, int parent = 0) const;
     /// All children of an element.
-    std::vector<const XmlElement *> children(int parent) const;
+    Elements children(int parent) const;
     int indexOf(const XmlElement *element) const { return static_cast<int>(element - m_elements.data()); }
     /// Children of the root, those counted too that are left out.
     qint64 rootChildCount() const { return m_rootChildCount; }
