@@ -7,13 +7,11 @@ namespace spreadsheet {
 namespace {
 
 /// How the sheet is calculated and printed, as a new workbook has it.
-void writeSettings(const Sheet &sheet, RecordWriter &out)
+void writeSettings(const StyleWriter &styles, RecordWriter &out)
 {
-    constexpr unsigned usualHeight = 255;     // twips
     constexpr unsigned usualOptions = 0x04C1; // page breaks and outline symbols are shown
-    const SheetLayout &layout = sheet.layout();
-    const unsigned height = layout.defaultHeight > 0 ? static_cast<unsigned>(qRound(layout.defaultHeight * 20))
-                                                     : usualHeight;
+    constexpr double twipsInPoint = 20.0;
+    const auto height = static_cast<unsigned>(qRound(styles.usualRowHeight() * twipsInPoint));
     out.write(RecordId::CalcMode, {1});
     out.write(RecordId::CalcCount, {100});
     out.write(RecordId::RefMode, {1});
@@ -70,7 +68,7 @@ void writeNewSheet(SaveContext &context, const Sheet &sheet, bool isFirst, Recor
     constexpr unsigned usualWidth = 8; // characters
     CellTableWriter cells(context, sheet, SharedFormulas(), out);
     writeBegin(SubstreamType::Worksheet, out);
-    writeSettings(sheet, out);
+    writeSettings(context.styles, out);
     writePageSetup(out);
     out.write(RecordId::DefaultColumnWidth, {usualWidth});
     writeColumns(sheet.layout(), context.styles, out);

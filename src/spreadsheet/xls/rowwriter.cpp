@@ -7,8 +7,8 @@ namespace spreadsheet {
 namespace {
 
 constexpr double twipsInPoint = 20.0;
-constexpr unsigned usualHeight = 255, tallest = 8190; // twips
-constexpr int attributesSize = 10;                    // height, two unused fields, options
+constexpr unsigned tallest = 8190; // twips
+constexpr int attributesSize = 10; // height, two unused fields, options
 
 // Options of a row
 constexpr quint32 alwaysSet = 0x0100, isHidden = 0x20, hasOwnHeight = 0x40, hasFormat = 0x80;
@@ -28,7 +28,7 @@ unsigned twips(double points)
 
 RowWriter::RowWriter(StyleWriter &styles, const SheetLayout &layout)
     : m_styles(styles)
-    , m_usualHeight(layout.defaultHeight >= 0 ? twips(layout.defaultHeight) : usualHeight)
+    , m_usualHeight(twips(layout.defaultHeight >= 0 ? layout.defaultHeight : styles.usualRowHeight()))
 {
 }
 

@@ -13,7 +13,8 @@ constexpr int mostNumberFormats = 4000;
 constexpr int longestNumberCode = 255;
 constexpr unsigned baseFormats = 15;
 constexpr unsigned unusedFont = 4; // the number that no font has
-constexpr double heightOfFont = 1.275;
+constexpr double heightOfFont = 1.3;
+constexpr double smallestRowHeight = 12.75;
 
 } // namespace
 
@@ -153,6 +154,12 @@ int StyleWriter::numberFormat(const CellStyle &style)
     m_numberFormatNumbers.insert(style.numberCode, number);
     m_numberFormats.push_back(numberFormatRecord(number, style.numberCode));
     return number;
+}
+
+double StyleWriter::usualRowHeight() const
+{
+    const Format *usual = m_book.format(0);
+    return std::max(smallestRowHeight, usual ? usual->style().font.size * heightOfFont : 0.0);
 }
 
 double StyleWriter::rowHeight(quint32 format) const

@@ -24,6 +24,8 @@ public:
         const bool isKnown = format < m_records.size() && m_records[format] >= 0;
         return isKnown ? static_cast<unsigned>(m_records[format]) : addRecordOf(format);
     }
+    /// Height in points of rows of a new sheet, by the usual font.
+    double usualRowHeight() const;
     /// Height in points that a row needs for the font of a format; 0 where the usual height will do.
     double rowHeight(quint32 format) const;
 
