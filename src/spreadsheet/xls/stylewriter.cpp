@@ -12,9 +12,8 @@ constexpr unsigned mostFonts = 512;
 constexpr int mostNumberFormats = 4000;
 constexpr int longestNumberCode = 255;
 constexpr unsigned baseFormats = 15;
-constexpr unsigned unusedFont = 4; // the number that no font has
-constexpr double heightOfFont = 1.3;
-constexpr double smallestRowHeight = 12.75;
+constexpr unsigned unusedFont = 4;     // the number that no font has
+constexpr double heightOfFont = 1.365; // 15 points for one of 11
 
 } // namespace
 
@@ -158,8 +157,10 @@ int StyleWriter::numberFormat(const CellStyle &style)
 
 double StyleWriter::usualRowHeight() const
 {
+    constexpr double smallest = 12.75; // for the font that workbooks of this kind usually have
     const Format *usual = m_book.format(0);
-    return std::max(smallestRowHeight, usual ? usual->style().font.size * heightOfFont : 0.0);
+    const double size = usual ? usual->style().font.size : usualFontSize;
+    return size > usualFontSize ? size * heightOfFont : smallest;
 }
 
 double StyleWriter::rowHeight(quint32 format) const
