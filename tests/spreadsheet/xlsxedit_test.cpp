@@ -554,4 +554,62 @@ TEST_F(XlsxEdit, RandomChangesComeBack)
     }
 }
 
+/// Damage of any part is found, or what is written is whole.
+TEST_F(XlsxEdit, DamagedWorkbooksAreRefusedOrSavedWhole)
+{
+    unsigned seed = 99;
+    const auto random = [&seed](int below) {
+        seed = seed * 1664525u + 1013904223u;
+        return static_cast<int>((seed >> 8) % static_cast<unsigned>(below));
+    };
+    const TestPackage sound = foreignWorkbook();
+    int savedCount = 0;
+    for (int round = 0; round < 150; ++round) {
+        SCOPED_TRACE(round);
+        TestPackage package = sound;
+        TestPackage::Part &part = package.parts[static_cast<size_t>(random(static_cast<int>(package.parts.size())))];
+        for (int change = 0; change <= random(3); ++change) {
+            const int place = random(part.bytes.size());
+            const int length = 1 + random(30);
+            switch (random(4)) {
+            case 0:
+                part.bytes[place] = static_cast<char>(random(256));
+                break;
+            case 1:
+                part.bytes.remove(place, length);
+                break;
+            case 2:
+                part.bytes.insert(place, part.bytes.mid(random(part.bytes.size()), length));
+                break;
+            default:
+                part.bytes.replace(place, 1, QByteArray::number(random(100000)));
+            }
+        }
+        ASSERT_TRUE(package.write(source()));
+        Book book(FileKind::Xlsx);
+        Sheet *sheet = book.load(source()) ? book.getSheet(data) : nullptr;
+        if (!sheet) {
+            EXPECT_FALSE(book.errorMessage().isEmpty() && book.sheetType(data) == 0);
+            continue;
+        }
+        sheet->writeStr(1, 0, QStringLiteral("written"), book.addFormat());
+        sheet->addHyperlink(QStringLiteral("http://new.example/"), 1, 1, 0, 0);
+        const bool hasAdded = book.addSheet(QStringLiteral("Added"));
+        if (!book.save(target())) {
+            EXPECT_FALSE(book.errorMessage().isEmpty());
+            continue;
+        }
+        ++savedCount;
+        Book read(FileKind::Xlsx);
+        ASSERT_TRUE(read.load(target())) << qPrintable(part.name + read.errorMessage());
+        ASSERT_EQ(read.sheetCount(), book.sheetCount());
+        Sheet *back = read.getSheet(data);
+        ASSERT_TRUE(back) << qPrintable(part.name + read.errorMessage());
+        EXPECT_EQ(back->readStr(1, 0), QStringLiteral("written")) << qPrintable(part.name);
+        EXPECT_EQ(back->hyperlinkSize(), sheet->hyperlinkSize()) << qPrintable(part.name);
+        EXPECT_TRUE(!hasAdded || read.getSheet(read.sheetCount() - 1)) << qPrintable(part.name);
+    }
+    EXPECT_GT(savedCount, 20);
+}
+
 } // namespace

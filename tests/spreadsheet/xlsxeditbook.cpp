@@ -82,7 +82,7 @@ const char dataSheet[] = DECLARATION
 
 const char otherSheet[] = DECLARATION
     "<worksheet " MAIN "><dimension ref=\"A1:B3\"/><sheetData><row r=\"1\"><c r=\"A1\" t=\"s\"><v>0</v></c><c r=\"B1\" "
-                       "t=\"s\"><v>1</v></c></row>"
+    "t=\"s\"><v>1</v></c></row>"
     "<row r=\"2\"><c r=\"A2\"><f>SUM(Total)</f><v>6.5</v></c></row></sheetData><sheetProtection sheet=\"1\"/>"
     "<autoFilter ref=\"A1:B3\"/><mergeCells count=\"1\"><mergeCell ref=\"D1:E2\"/></mergeCells></worksheet>";
 
