@@ -569,7 +569,7 @@ TEST_F(XlsxEdit, DamagedWorkbooksAreRefusedOrSavedWhole)
         TestPackage package = sound;
         TestPackage::Part &part = package.parts[static_cast<size_t>(random(static_cast<int>(package.parts.size())))];
         for (int change = 0; change <= random(3); ++change) {
-            const int place = random(part.bytes.size());
+            const int place = random(qMax(part.bytes.size(), 1));
             const int length = 1 + random(30);
             switch (random(4)) {
             case 0:
@@ -579,7 +579,7 @@ TEST_F(XlsxEdit, DamagedWorkbooksAreRefusedOrSavedWhole)
                 part.bytes.remove(place, length);
                 break;
             case 2:
-                part.bytes.insert(place, part.bytes.mid(random(part.bytes.size()), length));
+                part.bytes.insert(place, part.bytes.mid(random(qMax(part.bytes.size(), 1)), length));
                 break;
             default:
                 part.bytes.replace(place, 1, QByteArray::number(random(100000)));
