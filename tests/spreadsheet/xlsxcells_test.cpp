@@ -50,6 +50,11 @@ TEST(XlsxCells, ReadsEveryTypeOfCell)
             "<row r=\"1\"><c r=\"A1\" t=\"inlineStr\"><is><t> a </t></is></c><c r=\"B1\" t=\"str\"><v> b "
             "</v></c></row>",
             "A1=\" a \" B1=\" b \""},
+        {"texts of their own beside a value of another type",
+            "<row r=\"1\"><c r=\"A1\" t=\"b\"><is><t>1</t></is></c><c r=\"B1\"><is><t></t></is></c><c r=\"C1\" "
+            "t=\"s\"><is>"
+            "<t>0_x0041_</t></is></c></row>",
+            "A1=\"1\" B1=\"\" C1=\"0A\""},
         {"runs are put together, without guides to pronunciation",
             "<row r=\"1\"><c r=\"A1\" t=\"inlineStr\"><is><r><rPr><b/><rFont val=\"x\"/></rPr><t>a</t></r>"
             "<r><t xml:space=\"preserve\"> b</t></r><rPh sb=\"0\" eb=\"1\"><t>no</t></rPh><phoneticPr "

@@ -106,8 +106,9 @@ QByteArray randomCell(QRandomGenerator *random)
         " r=\"&#66;2\"", " s = \"1\"", " y:t=\"s\""};
     static const char *const contents[] = {"><v>1</v></c>", "><v>0</v></c>", "><v>-2.5e3</v></c>", "/>", "></c>",
         "><v></v></c>", "><v>a &amp; b</v></c>", "><f>A1</f><v>1</v></c>", "><is><t>x</t></is></c>",
-        "><v>1</v><v>2</v></c>", "><v>]</v></c>", "><v>2024-01-31</v></c>", " ><v>1</v ></c >", "><v/></c>",
-        "><v>1<!-- --></v></c>", "><v>\xC3\xA9</v></c>", "><y><c><v>5</v></c></y></c>", "><v>]]></v></c>", "><v>1</c>"};
+        "><v>1</v><v>2</v></c>", "><is><t>_x0042_</t></is></c>", "><is><t>y</t><t>z</t></is></c>", "><v>]</v></c>",
+        "><v>2024-01-31</v></c>", " ><v>1</v ></c >", "><v/></c>", "><v>1<!-- --></v></c>", "><v>\xC3\xA9</v></c>",
+        "><y><c><v>5</v></c></y></c>", "><v>]]></v></c>", "><v>1</c>"};
     const auto pick = [random](const auto &list) {
         return QByteArray(list[random->bounded(static_cast<int>(std::size(list)))]);
     };

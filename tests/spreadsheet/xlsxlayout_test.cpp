@@ -44,6 +44,15 @@ TEST(XlsxLayout, ReadsRows)
     EXPECT_EQ(sheet->lastRow(), 6) << "rows without cells are not used";
 }
 
+TEST(XlsxLayout, KeepsARowsOwnWhenOneOfItsCellsStandsElsewhere)
+{
+    LoadedXlsx loaded(XlsxTestBook().rows("<row r=\"1\" hidden=\"1\"><c r=\"A1\"><v>1</v></c><c r=\"A5\"><v>2</v></c>"
+                                          "<c r=\"B1\"><v>3</v></c></row>"));
+    EXPECT_EQ(loaded.cells(), "A1=1 B1=3 A5=2");
+    EXPECT_TRUE(loaded.first()->rowHidden(0));
+    EXPECT_FALSE(loaded.first()->rowHidden(4));
+}
+
 TEST(XlsxLayout, HidesRowsThatAreNotThere)
 {
     LoadedXlsx loaded(XlsxTestBook().sheet("<sheetFormatPr defaultRowHeight=\"15\" zeroHeight=\"1\"/><sheetData>"

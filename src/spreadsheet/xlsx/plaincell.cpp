@@ -79,14 +79,16 @@ const char *readPlainCell(const char *from, const char *end, PlainCell *cell)
     if (*at == '/') {
         return skip("/>", at, end);
     }
-    at = skip("><v>", at, end);
-    if (!at) {
+    const char *value = skip("><v>", at, end);
+    cell->isInline = !value;
+    value = value ? value : skip("><is><t>", at, end);
+    if (!value) {
         return nullptr;
     }
-    const char *behind = skipPlain(at, end);
-    cell->value = {at, static_cast<size_t>(behind - at)};
+    const char *behind = skipPlain(value, end);
+    cell->value = {value, static_cast<size_t>(behind - value)};
     cell->hasValue = true;
-    return skip("</v></c>", behind, end);
+    return cell->isInline ? skip("</t></is></c>", behind, end) : skip("</v></c>", behind, end);
 }
 
 const char *findCellStart(const char *from, const char *end)

@@ -97,6 +97,7 @@ bool SheetCells::beginRow(const XmlAttributes &attributes)
                                             : QByteArray(m_attributes.constData(), m_attributes.size());
     m_usualCells = m_place ? m_place->cells.size() : 0;
     m_placeRow = -1;
+    m_isOwnPlaced = false;
     if (m_keepsAllRows || m_rowOwn.hidden || m_rowOwn.height >= 0 || m_rowOwn.hasFormat) {
         placeFor(m_row);
     }
@@ -127,10 +128,10 @@ GridRow &SheetCells::placeFor(int row)
     }
     m_place = &m_grid->rowFor(row);
     m_placeRow = row;
-    if (row == m_row) {
+    if (row == m_row && !m_isOwnPlaced) {
+        m_isOwnPlaced = true;
         m_rowOwn.cells = std::move(m_place->cells);
         *m_place = std::move(m_rowOwn);
-        m_rowOwn = GridRow();
     }
     if (m_place->cells.empty()) {
         m_place->cells.reserve(m_usualCells);
@@ -201,6 +202,7 @@ bool SheetCells::beginCell(const XmlAttributes &attributes)
 bool SheetCells::addCell(const PlainCell &cell)
 {
     m_kind = cell.type.empty() ? Kind::Number : kindOf(cell.type);
+    m_kind = cell.isInline ? Kind::Text : m_kind;
     m_format = cell.format.empty() ? 0 : formatOf(cell.format);
     m_hasValue = cell.hasValue;
     m_hasInline = m_hasFormula = false;
@@ -282,9 +284,7 @@ bool SheetCells::takeValue(std::string_view whole, CellRecord *cell)
     }
     if (m_kind == Kind::Text) {
         if (m_hasValue) {
-            std::string plain;
-            appendUnescaped(whole, &plain);
-            takeText(plain, cell);
+            takeEscapedText(whole, cell);
         }
         return true;
     }
@@ -328,6 +328,16 @@ bool SheetCells::takeShared(std::string_view value, CellRecord *cell)
     }
     cell->setTextId(m_source.firstText + index);
     return true;
+}
+
+void SheetCells::takeEscapedText(std::string_view text, CellRecord *cell)
+{
+    if (text.find("_x") == std::string_view::npos) {
+        return takeText(text, cell);
+    }
+    std::string plain;
+    appendUnescaped(text, &plain);
+    takeText(plain, cell);
 }
 
 void SheetCells::takeText(std::string_view text, CellRecord *cell)

@@ -50,6 +50,7 @@ private:
     GridRow &placeFor(int row);
     bool takeValue(std::string_view whole, CellRecord *cell);
     bool takeShared(std::string_view value, CellRecord *cell);
+    void takeEscapedText(std::string_view text, CellRecord *cell);
     void takeText(std::string_view text, CellRecord *cell);
     void put(const CellRecord &cell);
     quint32 formatOf(std::string_view index) const;
@@ -60,8 +61,9 @@ private:
     bool m_keepsAllRows = false;
     QString m_error;
 
-    int m_row = -1;             // of the element that is open
-    GridRow m_rowOwn;           // what the element says of the row itself
+    int m_row = -1;   // of the element that is open
+    GridRow m_rowOwn; // what the element says of the row itself
+    bool m_isOwnPlaced = false;
     QByteArray m_attributes;    // being gathered
     GridRow *m_place = nullptr; // the grid's row of number m_placeRow
     int m_placeRow = -1;
