@@ -138,7 +138,7 @@ TestPackage foreignWorkbook()
         relations({{{"rId1", "chart", "../charts/chart1.xml"}}, {{"rId2", "image", "../media/image1.png"}}}));
     package.set("xl/drawings/vml1.vml", "<xml xmlns:v=\"urn:v\"><v:shape/></xml>");
     package.set("xl/comments1.xml", DECLARATION "<comments " MAIN "><authors/><commentList/></comments>");
-    package.set("xl/media/image1.png", QByteArray("\x89PNG\r\n\x1a\n\0\0\xff", 11));
+    package.set("xl/media/image1.png", QByteArray("\x89PNG\r\n\x1a\n\0\0\xff", 11) + QByteArray(100, 'a'));
     package.set("xl/tables/table1.xml", table);
     package.set("xl/styles.xml", styles);
     package.set("xl/sharedStrings.xml", texts);

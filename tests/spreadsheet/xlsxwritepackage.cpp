@@ -35,7 +35,11 @@ bool TestPackage::write(const QString &path) const
     for (const Part &part : parts) {
         zip_source_t *source = zip_source_buffer(
             archive, part.bytes.constData(), static_cast<zip_uint64_t>(part.bytes.size()), 0);
-        zip_file_add(archive, part.name.toUtf8().constData(), source, ZIP_FL_ENC_UTF_8);
+        const zip_int64_t index = zip_file_add(archive, part.name.toUtf8().constData(), source, ZIP_FL_ENC_UTF_8);
+        if (part.name.endsWith(QLatin1String(".png"))) {
+            // Programs store what is compressed in itself.
+            zip_set_file_compression(archive, static_cast<zip_uint64_t>(index), ZIP_CM_STORE, 0);
+        }
     }
     return zip_close(archive) == 0;
 }

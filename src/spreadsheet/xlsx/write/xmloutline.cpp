@@ -1,6 +1,6 @@
 #include "spreadsheet/xlsx/write/xmloutline.h"
 
-#include <climits>
+#include <cctype>
 #include <expat.h>
 
 namespace spreadsheet {
@@ -28,8 +28,12 @@ QByteArray XmlElement::attribute(const char *localName) const
 QByteArray XmlElement::prefixOf(const char *nameSpaceEnd) const
 {
     for (const Attribute &attribute : attributes) {
-        if (attribute.name.startsWith("xmlns:") && attribute.value.endsWith(nameSpaceEnd)) {
-            return attribute.name.mid(6) + ':';
+        const QByteArray prefix = attribute.name.startsWith("xmlns:") ? attribute.name.mid(6) : QByteArray();
+        // The parser knows nothing of namespaces, and would take one that can't begin a name.
+        const bool isName = !prefix.isEmpty()
+                            && (isalpha(static_cast<unsigned char>(prefix.at(0))) || prefix.at(0) == '_');
+        if (isName && attribute.value.endsWith(nameSpaceEnd)) {
+            return prefix + ':';
         }
     }
     return {};

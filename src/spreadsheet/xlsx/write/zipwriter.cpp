@@ -133,12 +133,27 @@ bool ZipWriter::copy(zip *from, quint64 index)
         zip_source_free(source);
         return failByArchive();
     }
+    keepProperties(from, index, static_cast<zip_uint64_t>(added));
+    return true;
+}
+
+/// What the archive would choose anew for an entry.
+void ZipWriter::keepProperties(zip *from, quint64 index, quint64 added)
+{
+    zip_stat_t state;
+    if (zip_stat_index(from, index, 0, &state) == 0) {
+        if ((state.valid & ZIP_STAT_COMP_METHOD) != 0 && state.comp_method == ZIP_CM_STORE) {
+            zip_set_file_compression(m_zip, added, ZIP_CM_STORE, 0);
+        }
+        if ((state.valid & ZIP_STAT_MTIME) != 0) {
+            zip_file_set_mtime(m_zip, added, state.mtime, 0);
+        }
+    }
     zip_uint8_t system = 0;
     zip_uint32_t attributes = 0;
     if (zip_file_get_external_attributes(from, index, 0, &system, &attributes) == 0) {
-        zip_file_set_external_attributes(m_zip, static_cast<zip_uint64_t>(added), 0, system, attributes);
+        zip_file_set_external_attributes(m_zip, added, 0, system, attributes);
     }
-    return true;
 }
 
 bool ZipWriter::finish()

@@ -32,6 +32,7 @@ private:
     struct PartReader;
     bool fail(const QString &error);
     bool failByArchive();
+    void keepProperties(zip *from, quint64 index, quint64 added);
 
     SaveTarget m_target;
     zip *m_zip = nullptr;
