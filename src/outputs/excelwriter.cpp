@@ -45,6 +45,10 @@ void empty(spreadsheet::Sheet &sheet, spreadsheet::FileKind kind)
     for (int i = sheet.hyperlinkSize() - 1; i >= 0; --i) {
         sheet.delHyperlink(i);
     }
+    // Values inside a merged range would be there and not be seen.
+    for (int i = sheet.mergeSize() - 1; i >= 0; --i) {
+        sheet.delMerge(i);
+    }
 }
 
 /// One write, from the request to the saved file.

@@ -238,4 +238,11 @@ bool Sheet::setMerge(const CellRange &range)
     return true;
 }
 
+void Sheet::delMerge(int index)
+{
+    m_layout.merges.erase(m_layout.merges.begin() + index);
+    m_layout.mergesChanged = true;
+    m_changed = true;
+}
+
 } // namespace spreadsheet

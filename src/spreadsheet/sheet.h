@@ -68,6 +68,7 @@ public:
     bool setRow(int row, double height, bool hidden);
     /// False for a range outside the sheet or one that overlaps another merged range.
     bool setMerge(const CellRange &range);
+    void delMerge(int index);
 
     // For those who read and write whole sheets
     const CellGrid &cells() const { return m_cells; }

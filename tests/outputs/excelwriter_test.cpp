@@ -98,9 +98,16 @@ TEST_P(ExcelWriterTest, WritesIntoTheSheetThatItIsTold)
     }
 }
 
-TEST_P(ExcelWriterTest, AReplacedSheetHasNoOldLinks)
+TEST_P(ExcelWriterTest, AReplacedSheetHasNoOldLinksAndMergedRanges)
 {
     writeTwoSheets();
+    {
+        spreadsheet::Book book(kindOfPath(path("out")));
+        ASSERT_TRUE(book.load(path("out")));
+        EXPECT_GT(book.getSheet(1)->hyperlinkSize(), 0);
+        EXPECT_TRUE(book.getSheet(1)->setMerge({0, 1, 0, 1}));
+        ASSERT_TRUE(book.save(path("out")));
+    }
     const Dataset dataset = grid({"x", "7"});
     ExcelWriteRequest one = request(dataset);
     one.overwriteSheet = true;
@@ -108,6 +115,7 @@ TEST_P(ExcelWriterTest, AReplacedSheetHasNoOldLinks)
     spreadsheet::Book book(kindOfPath(path("out")));
     ASSERT_TRUE(book.load(path("out")));
     EXPECT_EQ(book.getSheet(1)->hyperlinkSize(), 0);
+    EXPECT_EQ(book.getSheet(1)->mergeSize(), 0);
 }
 
 TEST_P(ExcelWriterTest, ExplainsWhyASheetIsRefused)

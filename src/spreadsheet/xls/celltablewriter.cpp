@@ -191,10 +191,10 @@ void CellTableWriter::writeFormula(int row, const CellRecord &cell)
     }
 }
 
-/// Its result is 0 until the program that opens the file has worked it out.
+/// Its result is an empty text until the program that opens the file has worked it out: better none than a wrong one.
 void CellTableWriter::writeNewFormula(int row, const CellRecord &cell, const QByteArray &text)
 {
-    constexpr unsigned resultToTokenSize = 16, toBeWorkedOut = 0x0003;
+    constexpr unsigned resultToTokenSize = 16, toBeWorkedOut = 0x0003, emptyText = 3;
     CompiledFormula compiled;
     QString reason;
     if (!compileFormula(text, m_sheetNumbers, &compiled, &reason)) {
@@ -207,7 +207,9 @@ void CellTableWriter::writeNewFormula(int row, const CellRecord &cell, const QBy
     }
     const auto size = static_cast<unsigned>(compiled.tokens.size() + compiled.arrays.size());
     begin(RecordId::Formula, row, cell, resultToTokenSize + size);
-    m_out.buffer().f64(0.0);
+    m_out.buffer().u32(emptyText);
+    m_out.buffer().u16(0);
+    m_out.buffer().u16(notANumber);
     m_out.buffer().u16(toBeWorkedOut);
     m_out.buffer().u32(0);
     m_out.buffer().u16(static_cast<unsigned>(compiled.tokens.size()));
