@@ -102,10 +102,10 @@ void RowBatch::flush()
     m_rowBegin = 0;
 }
 
-QStringList RowBatch::infos() const
+QStringList RowBatch::emptyRowsInfos(qint64 emptyRowsDropped)
 {
-    if (m_emptyRowsDropped == 0) {
+    if (emptyRowsDropped == 0) {
         return QStringList();
     }
-    return {QStringLiteral("%1 empty row(s) ignored").arg(formatInteger(m_emptyRowsDropped, true))};
+    return {QStringLiteral("%1 empty row(s) ignored").arg(formatInteger(emptyRowsDropped, true))};
 }

@@ -53,7 +53,9 @@ public:
     void flush();
 
     /// Lines that tell of the rows that were dropped.
-    QStringList infos() const;
+    QStringList infos() const { return emptyRowsInfos(m_emptyRowsDropped); }
+    /// The same for readers with other ways to make rows.
+    static QStringList emptyRowsInfos(qint64 emptyRowsDropped);
     const RowWidths &widths() const { return m_widths; }
 
 private:

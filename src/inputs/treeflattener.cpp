@@ -1,7 +1,7 @@
 #include "inputs/treeflattener.h"
 
 #include "data/dataset.h"
-#include "data/values.h"
+#include "inputs/rowbatch.h"
 #include "inputs/treerecord.h"
 
 #include <algorithm>
@@ -193,6 +193,7 @@ void TreeFlattener::expandRepeats(const quint32 *children, quint32 count, qint64
 {
     const std::vector<Text> before(m_cells.begin() + firstRow * m_width, m_cells.end());
     const qint64 rows = m_rowCount - firstRow;
+    m_rows.checkRoom(m_rowCount + rows * (count - 1), m_width);
     expand(children[0], firstRow);
     for (quint32 i = 1; i < count; ++i) {
         const qint64 begin = m_rowCount;
@@ -232,8 +233,5 @@ void TreeFlattener::finish(QStringList *infos)
     m_rows.flush();
     m_dataset->setColumnCount(m_paths->columnCount());
     m_dataset->setHeader(m_paths->columnNames());
-    if (m_rows.emptyRowsDropped() > 0) {
-        const QString info = QStringLiteral("%1 empty row(s) ignored");
-        infos->append(info.arg(formatInteger(m_rows.emptyRowsDropped(), true)));
-    }
+    *infos += RowBatch::emptyRowsInfos(m_rows.emptyRowsDropped());
 }

@@ -123,7 +123,8 @@ void TreeRows::endRow()
         return;
     }
     m_rowEnds.push_back(static_cast<int>(m_texts.size()));
-    if (m_texts.size() >= textsAtOnce) {
+    if (m_texts.size()
+        >= qBound(textsAtOnce, textsAtOnce * static_cast<size_t>(m_width) / usualWidth, mostTextsAtOnce)) {
         flush();
     }
 }

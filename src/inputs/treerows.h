@@ -22,7 +22,7 @@ public:
     /// Call between records: texts made before may be gone after it.
     void startRecord()
     {
-        if (m_size > textSizeAtOnce) {
+        if (m_size > textSizeAtOnce * static_cast<size_t>(1 + m_width / usualWidth)) {
             flush();
         }
         if (m_rowEnds.empty()) {
@@ -53,7 +53,9 @@ private:
 
     // Enough rows to make work by columns pay, few enough for their texts to stay in the cache.
     static constexpr size_t textsAtOnce = 16384;
+    static constexpr size_t mostTextsAtOnce = 1 << 20;
     static constexpr size_t textSizeAtOnce = 1 << 18;
+    static constexpr int usualWidth = 512;
 
     const TreeReadOptions m_options;
     const RealWriter m_realWriter;

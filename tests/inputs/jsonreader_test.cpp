@@ -4,6 +4,7 @@
 #include "support/scopedlocale.h"
 
 #include <gtest/gtest.h>
+#include <stdexcept>
 
 namespace {
 
@@ -79,6 +80,7 @@ TEST(JsonReader, MakesRowsOfTrees)
 
 TEST(JsonReader, TellsWhatIsWrong)
 {
+    const IgnoredLeaks leaks;
     const struct
     {
         const char *what;
@@ -211,6 +213,7 @@ constexpr int brokenInputs = 3000;
 
 TEST(JsonReader, AgreesWithTheLibraryOnRandomDocuments)
 {
+    const IgnoredLeaks leaks;
     QRandomGenerator random(20240817);
     RandomJson json(&random);
     for (int i = 0; i < validInputs && !testing::Test::HasFailure(); ++i) {
@@ -229,6 +232,7 @@ TEST(JsonReader, AgreesWithTheLibraryOnRandomDocuments)
 
 TEST(JsonReader, AgreesWithTheLibraryOnBrokenDocuments)
 {
+    const IgnoredLeaks leaks;
     QRandomGenerator random(71);
     RandomJson json(&random);
     const QVector<QByteArray> pieces{"\"", "{", "}", "[", "]", ",", ":", "\\", "\n", "\r", " ", "\t", "\xEF\xBB\xBF",
@@ -246,6 +250,7 @@ TEST(JsonReader, AgreesWithTheLibraryOnBrokenDocuments)
 
 TEST(JsonReader, ShowsNumbersAsTheyAreShownElsewhere)
 {
+    const IgnoredLeaks leaks;
     for (const char *locale : {"en_US", "de_DE", "ar_EG"}) {
         const ScopedLocale scoped(locale);
         QRandomGenerator random(5);
@@ -259,6 +264,43 @@ TEST(JsonReader, ShowsNumbersAsTheyAreShownElsewhere)
         SCOPED_TRACE(locale);
         expectEqual(readTree<JsonReader>(text, longRows), referenceJson(text, longRows));
     }
+}
+
+/// A record with so many arrays of so many elements.
+QByteArray manyArrays(int arrays, int size, const QByteArray &element)
+{
+    QByteArray text("[{");
+    for (int i = 0; i < arrays; ++i) {
+        const QByteArray elements = (element + ',').repeated(size);
+        text += (i > 0 ? ",\"" : "\"") + QByteArray::number(i) + "\":[" + elements.left(elements.size() - 1) + ']';
+    }
+    return text + "}]";
+}
+
+TEST(JsonReader, RefusesRecordsWithMoreRowsThanFit)
+{
+    EXPECT_THROW(readTree<JsonReader>(manyArrays(4, 1000, "1"), longRows), std::bad_alloc);
+    EXPECT_THROW(readTree<JsonReader>(manyArrays(70, 2, "[]"), longRows), std::bad_alloc);
+    EXPECT_EQ(readTree<JsonReader>(manyArrays(3, 20, "1"), longRows).rows.size(), 8000);
+}
+
+TEST(JsonReader, CanBeStoppedInsideOneRecord)
+{
+    QBuffer buffer;
+    buffer.setData(manyArrays(2, 1000, "1"));
+    buffer.open(QIODevice::ReadOnly);
+    TextSource source(&buffer, TextSource::automatic());
+    JsonReader reader(longRows, &source);
+    int calls = 0;
+    reader.setProgress([&calls](double share) {
+        EXPECT_GE(share, 0);
+        EXPECT_LE(share, 1);
+        if (++calls == 50) {
+            throw std::runtime_error("stopped");
+        }
+    });
+    Dataset dataset;
+    EXPECT_THROW(reader.read(&dataset), std::runtime_error);
 }
 
 } // namespace

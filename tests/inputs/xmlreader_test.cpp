@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <numeric>
+#include <stdexcept>
 
 namespace {
 
@@ -264,6 +265,18 @@ TEST(XmlReader, AgreesWithTheLibraryOnBrokenDocuments)
         expectEqual(sorted(outcome), sorted(referenceXml(text, optionsFor(i))));
         EXPECT_EQ(outcome.done, outcome.warnings.isEmpty());
     }
+}
+
+TEST(XmlReader, CanBeStopped)
+{
+    QBuffer buffer;
+    buffer.setData("<r>" + QByteArray("<p><a>1</a></p>").repeated(10000) + "</r>");
+    buffer.open(QIODevice::ReadOnly);
+    TextSource source(&buffer, TextSource::automatic());
+    XmlReader reader(longRows, &source);
+    reader.setProgress([](double) { throw std::runtime_error("stopped"); });
+    Dataset dataset;
+    EXPECT_THROW(reader.read(&dataset), std::runtime_error);
 }
 
 } // namespace
