@@ -7,6 +7,7 @@
 #include <memory>
 
 class Dataset;
+class JsonReading;
 class TextSource;
 
 /// Reads JSON, a whole document or one object a line, into a table. One reader reads once.
@@ -29,6 +30,5 @@ public:
     const QStringList &warnings() const;
 
 private:
-    class Reading;
-    std::unique_ptr<Reading> m_reading;
+    std::unique_ptr<JsonReading> m_reading;
 };
