@@ -32,6 +32,7 @@ struct TableCase
 
 TEST(JsonReader, MakesRowsOfTrees)
 {
+    const IgnoredLeaks leaks;
     const TableCase cases[] = {
         {"members come in the order of their keys, missing ones are empty", longRows,
             R"([{"b":1,"a":"x"},{"c":true,"a":null}])", {"a", "b", "c"}, {"x|1|", "null||true"}},
