@@ -9,22 +9,15 @@
 
 namespace {
 
-struct FileAndSheet
+/// Parts the sheet in brackets from the path of a workbook; without one, the item's sheet stays.
+IONode::FileSheet parted(const QString &value, const IONode &node)
 {
-    QString file;
-    QString sheet;
-};
-
-/// Parts the sheet in brackets from the path of a workbook; without one, `sheet` stays.
-FileAndSheet parted(const QString &value, const IONode &node)
-{
-    const int bracket = value.lastIndexOf(QLatin1Char('['));
-    const bool namesSheet = FileType::isExcel(node.fileType()) && bracket > value.lastIndexOf(QLatin1Char('/'))
-                            && value.endsWith(QLatin1Char(']')) && !QFileInfo::exists(value);
-    if (!namesSheet) {
-        return {value, node.sheetName()};
+    IONode::FileSheet source{value, node.sheetName()};
+    if (FileType::isExcel(node.fileType()) && !QFileInfo::exists(value)) {
+        const IONode::FileSheet split = IONode::splitFileSheet(value);
+        source = split.file == value ? source : split;
     }
-    return {value.left(bracket), value.mid(bracket + 1, value.size() - bracket - 2)};
+    return source;
 }
 
 /// Gives one alias of a scene another file or folder.
@@ -60,7 +53,7 @@ private:
             return input->medium() == Medium::Folder ? setFolder(*input) : setFile(*input);
         }
         if (auto *output = qobject_cast<OutputNode *>(&node)) {
-            const FileAndSheet target = parted(m_value, *output);
+            const IONode::FileSheet target = parted(m_value, *output);
             output->setPath(target.file, target.sheet);
         } else if (auto *chart = qobject_cast<ChartNode *>(&node)) {
             chart->setPath(m_value);
@@ -77,7 +70,7 @@ private:
         if (input.medium() != Medium::File) {
             return QString();
         }
-        const FileAndSheet source = parted(m_value, input);
+        const IONode::FileSheet source = parted(m_value, input);
         const QFileInfo file(source.file);
         if (!file.isFile()) {
             return QStringLiteral("File '%1' does not exist").arg(m_value);

@@ -23,7 +23,7 @@ struct ColumnRecord
 struct Hyperlink
 {
     CellRange range;
-    QString target;    ///< an address, a path, or a place in the workbook behind "#"
+    QString target;    ///< an address, a path, or a place in the workbook; for new links behind "#"
     QByteArray stored; ///< in the file's own form; empty for links made here
 };
 
