@@ -114,12 +114,20 @@ TEST(XlsxWriteLink, TargetsAreAddressesOrPlaces)
     {
         const char *what;
         QString target;
-        const char *address, *location;
+        QByteArray address, location;
     } cases[] = {
         {"an address stays", QStringLiteral("http://a.org/x?q=1&r=2#top"), "http://a.org/x?q=1&r=2#top", ""},
         {"blanks and quotes are encoded", QStringLiteral("http://a.org/a b\"<>"), "http://a.org/a%20b%22%3C%3E", ""},
         {"not twice", QStringLiteral("http://a.org/a%20b%"), "http://a.org/a%20b%25", ""},
-        {"characters beyond ASCII", QStringLiteral("http://a.org/\u00e9"), "http://a.org/%C3%A9", ""},
+        {"characters beyond ASCII stay", QStringLiteral("http://a.org/\u00e9 \U0001F600"),
+            "http://a.org/\xC3\xA9%20\xF0\x9F\x98\x80", ""},
+        {"those of a host", QStringLiteral("https://m\u00fcnchen.de:80/x"), "https://m\xC3\xBCnchen.de:80/x", ""},
+        {"of one that no registry would take", QStringLiteral("http://\U0001F4A9.la/"), "http://\xF0\x9F\x92\xA9.la/",
+            ""},
+        {"an encoded host", QStringLiteral("http://m%C3%BCnchen.de/"), "http://m%C3%BCnchen.de/", ""},
+        {"control characters are encoded", QStringLiteral("http://a.org/\u0001\u0085\uFFFF"),
+            "http://a.org/%01%C2%85%EF%BF%BF", ""},
+        {"a port that is none", QStringLiteral("http://\u00fc:b/"), "http%3A%2F%2F\xC3\xBC%3Ab%2F", ""},
         {"one fragment", QStringLiteral("a#b#c"), "a#b%23c", ""},
         {"brackets of a host", QStringLiteral("http://[::1]:8080/[x]"), "http://[::1]:8080/%5Bx%5D", ""},
         {"mail", QStringLiteral("mailto:a@b.org?subject=x y"), "mailto:a@b.org?subject=x%20y", ""},
@@ -132,13 +140,21 @@ TEST(XlsxWriteLink, TargetsAreAddressesOrPlaces)
         {"no address at all becomes a name", QStringLiteral("::: %zz"), "%3A%3A%3A%20%25zz", ""},
         {"nothing", QStringLiteral(" \t"), "", ""},
         {"only a number sign", QStringLiteral("#"), "", ""},
-        {"too long once encoded", QString(800, QChar(0x20AC)), "", ""},
+        {"as many characters as an address may have", QString(2079, QChar(0x20AC)),
+            QByteArray("\xE2\x82\xAC").repeated(2079), ""},
+        {"too long once encoded, so as it was typed",
+            QStringLiteral("http://a.org/") + QString(1000, QChar(' ')) + QChar('x'),
+            "http://a.org/" + QByteArray(1000, ' ') + 'x', ""},
+        {"too long a path", QStringLiteral("C:\\") + QString(2076, QChar('x')), "C:\\" + QByteArray(2076, 'x'), ""},
+        {"too long", QString(2080, QChar('x')), "", ""},
+        {"as long a place as may be", QChar('#') + QString(2078, QChar(0x20AC)), "",
+            QByteArray("\xE2\x82\xAC").repeated(2078)},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.what);
         const LinkTarget link = linkTarget(c.target);
-        EXPECT_EQ(link.address, QByteArray(c.address));
-        EXPECT_EQ(link.location, QByteArray(c.location));
+        EXPECT_EQ(link.address.toStdString(), c.address.toStdString());
+        EXPECT_EQ(link.location.toStdString(), c.location.toStdString());
     }
 }
 

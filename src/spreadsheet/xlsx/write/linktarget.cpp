@@ -3,6 +3,8 @@
 #include "spreadsheet/sizes.h"
 
 #include <QUrl>
+#include <QVector>
+#include <cstring>
 
 namespace spreadsheet {
 namespace {
@@ -41,27 +43,81 @@ QString asAddress(const QString &target)
                : target;
 }
 
-/// Encodes what no address can hold. "#" may begin one fragment, brackets may enclose the host.
-QByteArray encoded(const QByteArray &address)
+/// What an address holds as it is beyond ASCII: all but control characters and what no text may hold.
+bool isForeignCharacter(uint c)
 {
-    const int host = address.indexOf("://[");
-    const int hostEnd = host < 0 ? -1 : address.indexOf(']', host);
-    QByteArray result;
+    constexpr uint firstPrintable = 0xA0, firstSpecial = 0xFFF0, lastSpecial = 0xFFFF;
+    return c >= firstPrintable && !(c >= firstSpecial && c <= lastSpecial) && (c & 0xFFFE) != 0xFFFE;
+}
+
+bool isEncoded(const QVector<uint> &address, int at)
+{
+    constexpr uint lastAscii = 0x7F;
+    const auto isDigit = [&](int place) {
+        const uint c = address.at(place);
+        return c <= lastAscii && isHexDigit(static_cast<char>(c));
+    };
+    return address.at(at) == '%' && at + 2 < address.size() && isDigit(at + 1) && isDigit(at + 2);
+}
+
+QString percentEncoded(uint c)
+{
+    QString encoded;
+    for (const char byte : QString::fromUcs4(&c, 1).toUtf8()) {
+        encoded += QLatin1Char('%') + QString::fromLatin1(QByteArray(1, byte).toHex().toUpper());
+    }
+    return encoded;
+}
+
+/// Encodes what no address can hold. "#" may begin one fragment, brackets may enclose the host.
+QString encoded(const QString &target)
+{
+    const QVector<uint> address = target.toUcs4();
+    const int host = address.indexOf('[') - 3;
+    const bool hasHostBracket = host > 0 && address.mid(host, 3) == QVector<uint>{':', '/', '/'};
+    const int hostEnd = hasHostBracket ? address.indexOf(']', host) : -1;
+    QString result;
     bool hasFragment = false;
     for (int i = 0; i < address.size(); ++i) {
-        const char c = address.at(i);
-        const bool isEncoded = c == '%' && i + 2 < address.size() && isHexDigit(address.at(i + 1))
-                               && isHexDigit(address.at(i + 2));
+        const uint c = address.at(i);
+        const bool isAllowed = c <= 0x7F ? isUriCharacter(static_cast<char>(c)) : isForeignCharacter(c);
         const bool isFragment = c == '#' && !hasFragment;
         const bool isHostBracket = hostEnd > 0 && (i == host + 3 || i == hostEnd);
-        if (isUriCharacter(c) || isEncoded || isFragment || isHostBracket) {
-            result += c;
+        if (isAllowed || isEncoded(address, i) || isFragment || isHostBracket) {
+            result += QString::fromUcs4(&c, 1);
         } else {
-            result += '%' + QByteArray(1, c).toHex().toUpper();
+            result += percentEncoded(c);
         }
         hasFragment = hasFragment || isFragment;
     }
     return result;
+}
+
+/// Whether the address is well-formed. Characters beyond ASCII may stand wherever letters may, in the host too, which
+/// the test for plain addresses would refuse.
+bool isWellFormed(const QString &address)
+{
+    const QVector<uint> characters = address.toUcs4();
+    QString plain;
+    for (int i = 0; i < characters.size(); ++i) {
+        const bool isLetter = characters.at(i) > 0x7F || isEncoded(characters, i);
+        plain += isLetter ? QLatin1Char('x') : QLatin1Char(static_cast<char>(characters.at(i)));
+        i += isEncoded(characters, i) ? 2 : 0;
+    }
+    return QUrl(plain, QUrl::StrictMode).isValid();
+}
+
+/// Any text as the name of a file beside the workbook, which can hold anything.
+QString asName(const QString &text)
+{
+    QString name;
+    for (const uint c : text.toUcs4()) {
+        const bool isKept = c <= 0x7F ? isUriCharacter(static_cast<char>(c))
+                                            && !std::strchr(":/?@!$&'()*+,;=", static_cast<int>(c))
+                                      : isForeignCharacter(c);
+        name += isKept ? QString::fromUcs4(&c, 1) : percentEncoded(c);
+    }
+    return name;
 }
 
 } // namespace
@@ -71,15 +127,19 @@ LinkTarget linkTarget(const QString &target)
     const QString trimmed = target.trimmed();
     LinkTarget link;
     if (trimmed.startsWith(QLatin1Char('#'))) {
-        link.location = trimmed.mid(1).toUtf8();
-    } else if (!trimmed.isEmpty()) {
-        link.address = encoded(asAddress(trimmed).toUtf8());
-        if (!QUrl(QString::fromLatin1(link.address), QUrl::StrictMode).isValid()) {
-            // As the name of a file beside the workbook it can hold anything.
-            link.address = QUrl::toPercentEncoding(trimmed);
-        }
+        link.location = trimmed.size() <= maxHyperlinkLength ? trimmed.mid(1).toUtf8() : QByteArray();
+        return link;
     }
-    return link.address.size() > maxHyperlinkLength || link.location.size() > maxHyperlinkLength ? LinkTarget() : link;
+    const QString typed = asAddress(trimmed);
+    QString address = encoded(typed);
+    if (!isWellFormed(address)) {
+        address = asName(trimmed);
+    } else if (address.size() > maxHyperlinkLength) {
+        // Programs take blanks and quotes too, but nothing longer.
+        address = typed.size() <= maxHyperlinkLength ? typed : trimmed;
+    }
+    link.address = address.size() <= maxHyperlinkLength ? address.toUtf8() : QByteArray();
+    return link;
 }
 
 } // namespace spreadsheet
