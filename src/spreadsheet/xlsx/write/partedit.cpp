@@ -18,9 +18,18 @@ void PartEdit::replace(qint64 begin, qint64 end, Writer writer)
     m_changes.push_back({begin, end, std::move(writer)});
 }
 
+void PartEdit::close(qint64 at, const QByteArray &bytes)
+{
+    m_closedAt = at;
+    m_closing = bytes;
+}
+
 void PartEdit::sort()
 {
     if (!m_sorted) {
+        if (!m_closing.isEmpty()) {
+            insert(m_closedAt, m_closing);
+        }
         std::stable_sort(m_changes.begin(), m_changes.end(),
             [](const Change &first, const Change &second) { return first.begin < second.begin; });
         m_sorted = true;

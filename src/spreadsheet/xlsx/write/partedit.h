@@ -18,6 +18,8 @@ public:
     void replace(qint64 begin, qint64 end, const QByteArray &bytes);
     void replace(qint64 begin, qint64 end, Writer writer);
     void insert(qint64 at, const QByteArray &bytes) { replace(at, at, bytes); }
+    /// Puts the bytes behind all else that comes to stand at that place.
+    void close(qint64 at, const QByteArray &bytes);
     bool isEmpty() const { return m_changes.empty(); }
 
     /// Takes the old part piece by piece and writes the new one.
@@ -33,6 +35,8 @@ private:
     void sort();
 
     std::vector<Change> m_changes;
+    qint64 m_closedAt = 0;
+    QByteArray m_closing;
     size_t m_next = 0;   // the change that is due
     qint64 m_taken = 0;  // bytes of the old part so far
     qint64 m_resume = 0; // the old part counts again from here

@@ -16,7 +16,7 @@ public:
     }
 
     /// Puts an element in place of the one that the root has, or where the root may have it. An empty text takes it
-    /// away.
+    /// away. For edits that openPart() began.
     void put(const XmlOutline &outline, const char *name, PartEdit::Writer writer, PartEdit *edit) const;
     void put(const XmlOutline &outline, const char *name, const QByteArray &element, PartEdit *edit) const;
 

@@ -111,7 +111,7 @@ bool SheetWriter::write(const QString &part, const Sheet &sheet)
         return false;
     }
     PartEdit edit;
-    stateEncoding(outline, &edit);
+    openPart(outline, &edit);
     putLayout(outline, sheet, &edit);
     return putLinks(outline, part, sheet, &edit) && putTables(outline, part, sheet, &edit)
            && m_package.change(part, std::move(edit));

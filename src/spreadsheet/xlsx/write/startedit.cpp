@@ -2,6 +2,8 @@
 
 #include "spreadsheet/xlsx/write/textescape.h"
 
+#include <algorithm>
+
 namespace spreadsheet {
 
 StartEdit &StartEdit::set(const char *name, const QByteArray &value)
@@ -13,6 +15,15 @@ StartEdit &StartEdit::set(const char *name, const QByteArray &value)
         }
     }
     m_element.attributes.push_back({name, value});
+    return *this;
+}
+
+StartEdit &StartEdit::remove(const char *name)
+{
+    std::vector<XmlElement::Attribute> &attributes = m_element.attributes;
+    attributes.erase(std::remove_if(attributes.begin(), attributes.end(),
+                         [name](const XmlElement::Attribute &attribute) { return attribute.name == name; }),
+        attributes.end());
     return *this;
 }
 
@@ -44,6 +55,16 @@ void stateEncoding(const XmlOutline &outline, PartEdit *edit)
     if (!outline.encoding().isEmpty() && outline.encoding().toLower() != "utf-8") {
         edit->replace(
             0, outline.declarationEnd(), QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>"));
+    }
+}
+
+void openPart(const XmlOutline &outline, PartEdit *edit)
+{
+    stateEncoding(outline, edit);
+    const XmlElement &root = outline.root();
+    if (root.isEmptyTag()) {
+        StartEdit(root).apply(edit, StartEdit::Content::Added);
+        edit->close(root.end, "</" + root.name + '>');
     }
 }
 

@@ -16,6 +16,8 @@ public:
 
     /// An attribute without a prefix; added behind the others when the element hasn't got it.
     StartEdit &set(const char *name, const QByteArray &value);
+    /// Takes an attribute without a prefix away.
+    StartEdit &remove(const char *name);
     enum class Content { Same, Added };
     /// Puts the tag in place of the old one. With content added an empty element is left open for it, and its end tag
     /// is up to the caller.
@@ -30,5 +32,9 @@ void appendContent(const XmlElement &element, const QByteArray &content, int cou
 
 /// States UTF-8 in the part's declaration, since parts are written in it whatever they were read in.
 void stateEncoding(const XmlOutline &outline, PartEdit *edit);
+
+/// What the edit of a part begins with whose root may get children: states the encoding, and gives a root that is an
+/// empty tag an end tag, in front of which they come to stand.
+void openPart(const XmlOutline &outline, PartEdit *edit);
 
 } // namespace spreadsheet
