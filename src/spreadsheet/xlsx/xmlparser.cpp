@@ -222,6 +222,11 @@ void XmlParser::start(const char *name, const char **attributes)
         const char *colon = std::strchr(name, ':');
         m_prefix.assign(name, colon ? static_cast<size_t>(colon + 1 - name) : 0);
     }
+    const AlternateContent::Role role = m_alternatives.begin(name, m_depth);
+    if (role != AlternateContent::Role::Element) {
+        m_skipped = role == AlternateContent::Role::LeftOut ? 1 : 0;
+        return;
+    }
     const bool isOurs = std::strncmp(name, m_prefix.data(), m_prefix.size()) == 0;
     if (!isOurs || !m_handler->startElement(name + m_prefix.size(), XmlAttributes(attributes))) {
         m_skipped = 1;
@@ -231,9 +236,12 @@ void XmlParser::start(const char *name, const char **attributes)
 void XmlParser::onEnd(void *parser, const char *name)
 {
     auto *self = static_cast<XmlParser *>(parser);
-    --self->m_depth;
+    const int depth = self->m_depth--;
     if (self->m_skipped > 0) {
         --self->m_skipped;
+        return;
+    }
+    if (self->m_alternatives.end(depth)) {
         return;
     }
     self->guarded([&] { self->m_handler->endElement(name + self->m_prefix.size()); });

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "spreadsheet/xlsx/alternatecontent.h"
+
 #include <QString>
 #include <exception>
 #include <string>
@@ -39,7 +41,8 @@ private:
 };
 
 /// Takes the elements of a document. Names come without the prefix that the root has; elements of other prefixes are
-/// skipped with all they hold, and so is what startElement() refuses.
+/// skipped with all they hold, and so is what startElement() refuses. Of alternatives the first one comes, without what
+/// encloses it.
 class XmlHandler
 {
 public:
@@ -114,6 +117,7 @@ private:
     std::string m_prefix; // of the root, with the colon
     bool m_isUtf8 = false;
     bool m_isInCdata = false;
+    AlternateContent m_alternatives;
     int m_depth = 0;
     int m_skipped = 0;     // open elements in and including the one that is skipped
     long long m_fed = 0;   // bytes that went through the parser

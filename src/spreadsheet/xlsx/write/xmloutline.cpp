@@ -116,9 +116,28 @@ XmlOutline::Elements XmlOutline::children(int parent) const
     return found;
 }
 
+/// True for what encloses alternatives, and for those that don't count with all they hold.
+bool XmlOutline::isTransparent(const char *name)
+{
+    // Children of the root are told by their names and keep their places; only where they are counted does it matter.
+    const bool isWatched = m_depth > 1 || m_deepest == 0;
+    if (m_leftOut > 0 || !isWatched) {
+        m_leftOut += m_leftOut > 0 ? 1 : 0;
+        return m_leftOut > 0;
+    }
+    const AlternateContent::Role role = m_alternatives.begin(name, m_depth);
+    m_leftOut = role == AlternateContent::Role::LeftOut ? 1 : 0;
+    m_wrapperCount += role == AlternateContent::Role::Wrapper ? 1 : 0;
+    return role != AlternateContent::Role::Element;
+}
+
 void XmlOutline::begin(const char *name, const char **attributes)
 {
-    const int depth = m_depth++;
+    const bool isSkipped = isTransparent(name);
+    const int depth = m_depth++ - m_wrapperCount;
+    if (isSkipped) {
+        return;
+    }
     m_rootChildCount += depth == 1 ? 1 : 0;
     const bool isLeftOut = depth > 0 && depth == m_deepest && !m_within.isEmpty()
                            && !m_elements[static_cast<size_t>(m_open.back())].is(m_within.constData());
@@ -144,7 +163,16 @@ void XmlOutline::begin(const char *name, const char **attributes)
 
 void XmlOutline::end()
 {
-    const int depth = --m_depth;
+    --m_depth;
+    if (m_leftOut > 0) {
+        --m_leftOut;
+        return;
+    }
+    if (m_alternatives.end(m_depth)) {
+        --m_wrapperCount;
+        return;
+    }
+    const int depth = m_depth - m_wrapperCount;
     if (m_open.empty() || m_elements[static_cast<size_t>(m_open.back())].depth != depth) {
         return; // it was left out
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "spreadsheet/xlsx/alternatecontent.h"
+
 #include <QByteArray>
 #include <functional>
 #include <memory>
@@ -33,7 +35,8 @@ struct XmlElement
     QByteArray prefixOf(const char *nameSpaceEnd) const;
 };
 
-/// The upper elements of a part, found without a tree of the rest. A part with a document type is refused.
+/// The upper elements of a part, found without a tree of the rest. A part with a document type is refused. Alternatives
+/// below a child of the root are counted as the reader counts them: the first one stands for them.
 class XmlOutline
 {
 public:
@@ -69,13 +72,17 @@ public:
 private:
     struct Handlers;
     void begin(const char *name, const char **attributes);
+    bool isTransparent(const char *name);
     void end();
     void stop();
 
     void *m_parser;
     int m_deepest;
     QByteArray m_within;
+    AlternateContent m_alternatives;
     int m_depth = 0;
+    int m_wrapperCount = 0; // of those that are open
+    int m_leftOut = 0;      // open elements in and including the alternative that is left out
     std::vector<XmlElement> m_elements;
     std::vector<int> m_open; // those recorded
     qint64 m_rootChildCount = 0;
