@@ -53,6 +53,9 @@ CellRecord &CellGrid::cellFor(int row, int column)
             m_formulas.erase(key(row, column));
             cell.isFormula = false;
         }
+        if (!m_extras.empty()) {
+            m_extras.erase(key(row, column));
+        }
         return cell;
     }
     m_areaKnown = false;
@@ -67,14 +70,21 @@ void CellGrid::clear(int rowFirst, int rowLast, int columnFirst, int columnLast)
         std::vector<CellRecord> &cells = row->second.cells;
         const auto kept = std::remove_if(cells.begin(), cells.end(),
             [=](const CellRecord &cell) { return cell.column >= columnFirst && cell.column <= columnLast; });
+        if (kept != cells.end()) {
+            row->second.dropFittedHeight();
+        }
         cells.erase(kept, cells.end());
     }
-    for (auto formula = m_formulas.begin(); formula != m_formulas.end();) {
-        const int row = static_cast<int>(formula->first >> 16);
-        const int column = static_cast<int>(formula->first & 0xFFFF);
-        const bool gone = row >= rowFirst && row <= rowLast && column >= columnFirst && column <= columnLast;
-        formula = gone ? m_formulas.erase(formula) : std::next(formula);
-    }
+    const auto eraseFrom = [=](auto *records) {
+        for (auto record = records->begin(); record != records->end();) {
+            const int row = static_cast<int>(record->first >> 16);
+            const int column = static_cast<int>(record->first & 0xFFFF);
+            const bool gone = row >= rowFirst && row <= rowLast && column >= columnFirst && column <= columnLast;
+            record = gone ? records->erase(record) : std::next(record);
+        }
+    };
+    eraseFrom(&m_formulas);
+    eraseFrom(&m_extras);
     m_areaKnown = false;
 }
 
@@ -83,6 +93,7 @@ void CellGrid::clearAll()
     m_rows.clear();
     m_last = m_rows.end();
     m_formulas.clear();
+    m_extras.clear();
     m_areaKnown = false;
 }
 
@@ -96,6 +107,20 @@ void CellGrid::setFormula(int row, int column, FormulaRecord formula)
 {
     cellFor(row, column).isFormula = true;
     m_formulas[key(row, column)] = std::move(formula);
+}
+
+const CellExtras *CellGrid::extras(int row, int column) const
+{
+    if (m_extras.empty()) {
+        return nullptr;
+    }
+    const auto found = m_extras.find(key(row, column));
+    return found == m_extras.end() ? nullptr : &found->second;
+}
+
+void CellGrid::setExtras(int row, int column, CellExtras extras)
+{
+    m_extras[key(row, column)] = std::move(extras);
 }
 
 const CellGrid::Area &CellGrid::area() const

@@ -76,7 +76,7 @@ bool Sheet::colHidden(int column) const
 double Sheet::rowHeight(int row) const
 {
     const GridRow *found = m_cells.row(row);
-    return found ? static_cast<double>(found->height) : -1.0;
+    return found && !found->hasFittedHeight ? static_cast<double>(found->height) : -1.0;
 }
 
 double Sheet::colWidth(int column) const
@@ -99,6 +99,7 @@ CellRecord *Sheet::cellForWriting(int row, int column, const Format *format)
         return nullptr;
     }
     CellRecord &cell = m_cells.cellFor(row, column);
+    m_cells.rowFor(row).dropFittedHeight();
     cell.format = format ? format->index() : 0;
     m_changed = true;
     return &cell;
@@ -160,6 +161,7 @@ bool Sheet::setCellFormat(int row, int column, const Format *format)
         GridRow &cells = m_cells.rowFor(row);
         const auto place = static_cast<size_t>(present - cells.cells.data());
         cells.cells[place].format = format ? format->index() : 0;
+        cells.dropFittedHeight();
         m_changed = true;
         return true;
     }
@@ -216,6 +218,7 @@ bool Sheet::setRow(int row, double height, bool hidden)
     }
     GridRow &changed = m_cells.rowFor(row);
     changed.height = static_cast<float>(height);
+    changed.hasFittedHeight = false;
     changed.hidden = hidden;
     m_changed = true;
     return true;

@@ -39,7 +39,7 @@ public:
     bool isDate(int row, int column) const;
     bool rowHidden(int row) const;
     bool colHidden(int column) const;
-    /// Points; below 0 for the default.
+    /// Points; below 0 for the default, and for a row that is as high as its cells need.
     double rowHeight(int row) const;
     /// Characters; below 0 for the default.
     double colWidth(int column) const;

@@ -37,6 +37,8 @@ struct SheetLayout
     double defaultHeight = -1;    ///< points; below 0 when not stated
     bool otherRowsHidden = false; ///< rows that have neither cells nor anything of their own are hidden
 
+    int storedLastRow = -1; ///< the last used row that the file has; below 0 for none
+
     // Parts of the file that the sheet's new form must replace
     bool columnsChanged = false, mergesChanged = false, hyperlinksChanged = false;
 

@@ -45,6 +45,14 @@ bool parseFinite(std::string_view text, double *number)
     return parseWhole(text, number) && qIsFinite(*number);
 }
 
+/// Whether the attribute of a row says something even when the row has no cells.
+bool isOutline(std::string_view name, std::string_view value)
+{
+    const bool isNumber = name == "outlineLevel";
+    const bool isFlag = name == "collapsed" || name == "thickTop" || name == "thickBot" || name == "ph";
+    return (isNumber && value != "0") || (isFlag && XmlAttributes::isTrue(value));
+}
+
 } // namespace
 
 SheetCells::SheetCells(const XlsxSource &source, BookData &book, CellGrid *grid)
@@ -74,6 +82,7 @@ bool SheetCells::beginRow(const XmlAttributes &attributes)
     m_column = -1;
     m_rowOwn = GridRow();
     m_attributes.resize(0);
+    m_hasOutline = false;
     bool hasOwnHeight = false, hasNumber = true;
     for (const char **item = attributes.list(); *item; item += 2) {
         const std::string_view name = item[0];
@@ -89,7 +98,7 @@ bool SheetCells::beginRow(const XmlAttributes &attributes)
     if (!hasNumber || m_row < 0 || m_row >= maxRows(FileKind::Xlsx)) {
         return fail(QStringLiteral("The sheet has a row that lies outside of any sheet"));
     }
-    m_rowOwn.height = hasOwnHeight ? m_rowOwn.height : -1;
+    m_rowOwn.hasFittedHeight = !hasOwnHeight && m_rowOwn.height >= 0;
     m_rowOwn.format = m_rowOwn.hasFormat ? m_rowOwn.format : 0;
     // The same attributes stand in row after row.
     const bool sameAsBefore = m_place && m_place->otherAttributes == m_attributes;
@@ -98,10 +107,16 @@ bool SheetCells::beginRow(const XmlAttributes &attributes)
     m_usualCells = m_place ? m_place->cells.size() : 0;
     m_placeRow = -1;
     m_isOwnPlaced = false;
-    if (m_keepsAllRows || m_rowOwn.hidden || m_rowOwn.height >= 0 || m_rowOwn.hasFormat) {
+    if (isRowKept()) {
         placeFor(m_row);
     }
     return true;
+}
+
+/// Whether the row says anything that counts without cells.
+bool SheetCells::isRowKept() const
+{
+    return m_keepsAllRows || m_hasOutline || m_rowOwn.hidden || m_rowOwn.height >= 0 || m_rowOwn.hasFormat;
 }
 
 void SheetCells::takeRowAttribute(const char *name, const char *value)
@@ -118,6 +133,7 @@ void SheetCells::takeRowAttribute(const char *name, const char *value)
         m_rowOwn.hidden = XmlAttributes::isTrue(value);
     } else if (attribute != "spans") {
         appendXmlAttribute(attribute, value, &m_attributes);
+        m_hasOutline = m_hasOutline || isOutline(attribute, value);
     }
 }
 
@@ -180,11 +196,9 @@ bool SheetCells::beginCell(const XmlAttributes &attributes)
     m_hasValue = m_hasInline = m_hasFormula = false;
     m_value.clear();
     m_inline.clear();
+    m_cellAttributes.clear();
     for (const char **item = attributes.list(); *item; item += 2) {
-        if (item[0][0] == '\0' || item[0][1] != '\0') {
-            continue;
-        }
-        switch (item[0][0]) {
+        switch (item[0][1] == '\0' ? item[0][0] : '\0') {
         case 'r':
             reference = item[1];
             break;
@@ -194,6 +208,8 @@ bool SheetCells::beginCell(const XmlAttributes &attributes)
         case 't':
             m_kind = kindOf(item[1]);
             break;
+        default:
+            appendXmlAttribute(item[0], item[1], &m_cellAttributes);
         }
     }
     return takePlace(reference, reference ? std::string_view(reference) : std::string_view());
@@ -206,6 +222,7 @@ bool SheetCells::addCell(const PlainCell &cell)
     m_format = cell.format.empty() ? 0 : formatOf(cell.format);
     m_hasValue = cell.hasValue;
     m_hasInline = m_hasFormula = false;
+    m_cellAttributes.clear();
     return takePlace(cell.hasReference, cell.reference) && finishCell(cell.value);
 }
 
@@ -271,6 +288,10 @@ void SheetCells::put(const CellRecord &cell)
     place->column = static_cast<quint16>(m_column);
     if (m_hasFormula) {
         m_grid->setFormula(m_cellRow, m_column, {QByteArray(), m_formula});
+    }
+    CellExtras extras{m_cellAttributes, m_hasInline ? m_inline.stored() : QByteArray()};
+    if (!extras.isEmpty()) {
+        m_grid->setExtras(m_cellRow, m_column, std::move(extras));
     }
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "spreadsheet/cellgrid.h"
-#include "spreadsheet/xlsx/richtext.h"
+#include "spreadsheet/xlsx/celltext.h"
 
 #include <QByteArray>
 #include <string>
@@ -30,7 +30,8 @@ public:
     bool appendFormula(std::string_view piece);
     void endFormula();
     void beginInline() { m_hasInline = true; }
-    RichText &inlineText() { return m_inline; }
+    /// What stands in the cell's own text is to be handed to it.
+    CellText &inlineText() { return m_inline; }
     bool endCell() { return finishCell(m_value); }
     /// A whole cell at once.
     bool addCell(const PlainCell &cell);
@@ -47,6 +48,7 @@ private:
     bool takePlace(bool hasReference, std::string_view reference);
     bool finishCell(std::string_view value);
     void takeRowAttribute(const char *name, const char *value);
+    bool isRowKept() const;
     GridRow &placeFor(int row);
     bool takeValue(std::string_view whole, CellRecord *cell);
     bool takeShared(std::string_view value, CellRecord *cell);
@@ -65,6 +67,7 @@ private:
     GridRow m_rowOwn; // what the element says of the row itself
     bool m_isOwnPlaced = false;
     QByteArray m_attributes;    // being gathered
+    bool m_hasOutline = false;  // grouped, collapsed or with a line's thickness of its own
     GridRow *m_place = nullptr; // the grid's row of number m_placeRow
     int m_placeRow = -1;
     size_t m_usualCells = 0; // so many did the row before have
@@ -74,7 +77,8 @@ private:
     quint32 m_format = 0;
     bool m_hasValue = false, m_hasInline = false, m_hasFormula = false;
     std::string m_value;
-    RichText m_inline;
+    CellText m_inline;
+    QByteArray m_cellAttributes; // beside place, type and format
     QByteArray m_formula;
 };
 

@@ -31,7 +31,8 @@ public:
         case Cell:
             return startInCell(name, attributes);
         case Inline:
-            return m_cells.inlineText().start(name);
+            m_cells.inlineText().start(name, attributes);
+            return true;
         case Rows:
             return name == "row" && enter(Row, m_cells.beginRow(attributes));
         case Columns:
@@ -69,8 +70,7 @@ public:
             m_place = Cell;
             break;
         case Inline:
-            m_cells.inlineText().end(name);
-            m_place = name == "is" ? Cell : Inline;
+            m_place = m_cells.inlineText().end(name) ? Inline : Cell;
             break;
         case Cell:
             endCell();
@@ -208,8 +208,9 @@ bool readSheetPart(XlsxSource &source, int index, BookData &book, Sheet &sheet, 
         return false;
     }
     SheetHandler handler(source, book, sheet, false);
-    return parseSheet(source, index, &handler, error)
-           && handler.finishExtras(source, source.sheets[static_cast<size_t>(index)].part, error);
+    const bool isRead = parseSheet(source, index, &handler, error);
+    sheet.layout().storedLastRow = sheet.lastRow() - 1;
+    return isRead && handler.finishExtras(source, source.sheets[static_cast<size_t>(index)].part, error);
 }
 
 bool hasUsedCell(XlsxSource &source, int index, BookData &book, bool *found, QString *error)

@@ -107,7 +107,7 @@ void RowsWriter::writeRowStart(int row, const GridRow &own)
     if (own.height >= 0) {
         m_buffer << " ht=\"";
         m_buffer.appendNumber(own.height);
-        m_buffer << "\" customHeight=\"1\"";
+        m_buffer << (own.hasFittedHeight ? "\"" : "\" customHeight=\"1\"");
     }
     m_buffer << (own.hidden ? " hidden=\"1\"" : "") << view(own.otherAttributes) << ">";
 }
@@ -143,31 +143,66 @@ void RowsWriter::beginCell(const CellRecord &cell, std::string_view type)
         m_buffer << "\" s=\"";
         m_buffer.appendNumber(m_context.styles.number(cell.format));
     }
+    if (m_extras && !m_extras->attributes.isEmpty()) {
+        m_buffer << "\"" << view(m_extras->attributes);
+        type.remove_prefix(1);
+    }
     m_buffer << type;
 }
 
 void RowsWriter::writeCell(int row, const CellRecord &cell)
 {
+    m_extras = m_grid.extras(row, cell.column);
     if (cell.isFormula) {
         writeFormulaCell(row, cell);
-        return;
+    } else {
+        writePlainCell(cell);
     }
+}
+
+void RowsWriter::writePlainCell(const CellRecord &cell)
+{
     switch (cell.type) {
     case CellType::Empty:
     case CellType::Blank:
         beginCell(cell, "\"/>");
         return;
     case CellType::String:
-        beginCell(cell, "\" t=\"s\"");
-        m_buffer << m_valueBegin;
-        m_buffer.appendNumber(m_context.texts.use(cell.textId()));
-        m_buffer << m_valueEnd;
+        writeText(cell);
         return;
     case CellType::StrictDate:
         writeDate(cell);
         return;
     default:
         writeValue(cell);
+    }
+}
+
+void RowsWriter::writeText(const CellRecord &cell)
+{
+    if (m_extras && !m_extras->richText.isEmpty()) {
+        beginCell(cell, "\" t=\"inlineStr\"");
+        m_buffer << "><" << m_prefix << "is>";
+        writeStored(view(m_extras->richText));
+        m_buffer << "</" << m_prefix << "is>" << m_cellEnd;
+        return;
+    }
+    beginCell(cell, "\" t=\"s\"");
+    m_buffer << m_valueBegin;
+    m_buffer.appendNumber(m_context.texts.use(cell.textId()));
+    m_buffer << m_valueEnd;
+}
+
+/// Elements whose names come without the prefix.
+void RowsWriter::writeStored(std::string_view elements)
+{
+    while (!elements.empty()) {
+        const bool isEnd = elements.substr(0, 2) == "</";
+        const size_t size = std::min(elements.find('<', 1), elements.size());
+        const size_t nameBegin = isEnd ? 2 : elements.front() == '<' ? 1 : 0;
+        m_buffer << elements.substr(0, nameBegin) << (nameBegin > 0 ? std::string_view(m_prefix) : std::string_view())
+                 << elements.substr(nameBegin, size - nameBegin);
+        elements.remove_prefix(size);
     }
 }
 
@@ -211,9 +246,8 @@ void RowsWriter::writeFormulaCell(int row, const CellRecord &cell)
     } else if (formula && isElement(formula->stored) && hasMaster(formula->stored)) {
         writeStoredFormula(cell, formula->stored);
     } else {
-        CellRecord result = cell;
-        result.isFormula = false;
-        writeCell(row, result);
+        m_extras = nullptr; // they may speak of the formula
+        writePlainCell(cell);
     }
 }
 

@@ -22,7 +22,7 @@ struct CellContext
 {
     const BookData &book;
     SharedTextsEdit &texts;
-    const StylesWriter &styles;
+    StylesWriter &styles;
     FormulaWriter &formulas;
     int badFormulas = 0; ///< those written as texts, since they weren't well-formed
     bool hasFormulas = false;
@@ -47,6 +47,7 @@ private:
     void findMasters();
     void writeRowStart(int row, const GridRow &own);
     void writeCell(int row, const CellRecord &cell);
+    void writePlainCell(const CellRecord &cell);
     void writeFormulaCell(int row, const CellRecord &cell);
     void writeNewFormula(const CellRecord &cell, std::string_view text);
     void writeStoredFormula(const CellRecord &cell, const QByteArray &stored);
@@ -54,6 +55,8 @@ private:
     void writeDate(const CellRecord &cell);
     /// Writes the start tag up to the end of `type`, which begins with the quote that closes the attribute before.
     void beginCell(const CellRecord &cell, std::string_view type);
+    void writeText(const CellRecord &cell);
+    void writeStored(std::string_view elements);
     void appendNumber(double number);
     bool hasMaster(const QByteArray &stored) const;
     const Reference &letters(int column);
@@ -63,8 +66,9 @@ private:
     const std::string m_prefix;
     const std::string m_cellBegin, m_valueBegin, m_valueEnd, m_cellEnd;
     XmlBuffer<DeflatedPart> m_buffer;
-    std::string m_text;      // of one cell
-    std::string m_rowNumber; // of the row that is written
+    std::string m_text;                   // of one cell
+    std::string m_rowNumber;              // of the row that is written
+    const CellExtras *m_extras = nullptr; // of the cell that is written
     std::vector<Reference> m_letters;
     QSet<QByteArray> m_masters; // numbers of the shared formulas that still have the cell which states them
 };

@@ -5,6 +5,7 @@
 #include "spreadsheet/xlsx/relationships.h"
 #include "spreadsheet/xlsx/write/package.h"
 #include "spreadsheet/xlsx/write/startedit.h"
+#include "spreadsheet/xlsx/xmlparser.h"
 #include "spreadsheet/xlsx/xmltext.h"
 
 #include <algorithm>
@@ -15,6 +16,12 @@ namespace {
 std::string_view view(const QByteArray &bytes)
 {
     return {bytes.constData(), static_cast<size_t>(bytes.size())};
+}
+
+/// True for a table without data, which only shows the row where data may be put in.
+bool isWaiting(const XmlOutline &table)
+{
+    return XmlAttributes::isTrue(view(table.root().attribute("insertRow")));
 }
 
 int rowCount(const XmlElement &table, const char *attribute, int otherwise)
@@ -33,11 +40,6 @@ TableParts::TableParts(
     , m_sheet(sheet)
     , m_texts(texts)
 {
-    const XmlElement *dimension = outline.child("dimension");
-    CellRange range;
-    if (dimension && parseRange(view(dimension->attribute("ref")), &range)) {
-        m_oldLastRow = range.rowLast;
-    }
 }
 
 bool TableParts::update(PartEdit *sheetEdit)
@@ -106,16 +108,23 @@ bool TableParts::updateTable(const QString &part, bool *isKept)
         return true;
     }
     CellRange used = range;
+    const int firstDataRow = range.rowFirst + rowCount(table.root(), "headerRowCount", 1);
     if (rowCount(table.root(), "totalsRowCount", 0) == 0) {
-        used.rowLast = lastRow(range, range.rowFirst + rowCount(table.root(), "headerRowCount", 1));
+        used.rowLast = lastRow(range, firstDataRow);
     }
-    if (used.rowLast == range.rowLast) {
+    const bool isFilled = isWaiting(table) && hasData(firstDataRow, used);
+    if (used.rowLast == range.rowLast && !isFilled) {
         return true;
     }
     PartEdit edit;
     stateEncoding(table, &edit);
     const QByteArray reference = rangeReference(used);
-    StartEdit(table.root()).set("ref", reference).apply(&edit);
+    StartEdit start(table.root());
+    start.set("ref", reference);
+    if (isFilled) {
+        start.remove("insertRow").remove("insertRowShift");
+    }
+    start.apply(&edit);
     for (const XmlElement &element : table.elements()) {
         if (element.depth == 1 && element.is("autoFilter")) {
             StartEdit(element).set("ref", reference).apply(&edit);
@@ -155,7 +164,7 @@ bool TableParts::isInStep(const XmlOutline &table, const CellRange &range) const
             return false;
         }
     }
-    return hasHeader || hasCells(range.rowFirst, range);
+    return hasHeader || isWaiting(table) || hasCells(range.rowFirst, range);
 }
 
 bool TableParts::isText(int row, int column, const QByteArray &attribute) const
@@ -174,11 +183,26 @@ bool TableParts::hasCells(int row, const CellRange &range) const
     });
 }
 
+/// Whether a row of the range, from the first one with data on, has more than formats.
+bool TableParts::hasData(int firstRow, const CellRange &range) const
+{
+    const auto isData = [&range](const CellRecord &cell) {
+        return cell.column >= range.columnFirst && cell.column <= range.columnLast && cell.type != CellType::Blank;
+    };
+    for (int row = firstRow; row <= range.rowLast; ++row) {
+        const GridRow *found = m_sheet.cells().row(row);
+        if (found && std::any_of(found->cells.begin(), found->cells.end(), isData)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 /// The last row that the table has now, at least its first one with data.
 int TableParts::lastRow(const CellRange &range, int firstDataRow) const
 {
     int last = range.rowLast;
-    if (last == m_oldLastRow) {
+    if (last >= m_sheet.layout().storedLastRow) {
         // Nothing stood below the table, so what does now belongs to it.
         while (hasCells(last + 1, range)) {
             ++last;

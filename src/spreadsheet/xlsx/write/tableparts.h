@@ -34,6 +34,7 @@ private:
     bool rangeOf(const XmlOutline &table, CellRange *range) const;
     bool isText(int row, int column, const QByteArray &attribute) const;
     bool hasCells(int row, const CellRange &range) const;
+    bool hasData(int firstRow, const CellRange &range) const;
     int lastRow(const CellRange &range, int firstDataRow) const;
     void editSheet(const XmlElement &list, const QSet<QByteArray> &dropped, PartEdit *edit) const;
 
@@ -42,7 +43,6 @@ private:
     const XmlOutline &m_outline;
     const Sheet &m_sheet;
     const TextTable &m_texts;
-    int m_oldLastRow = -1; // of the sheet; below 0 when it isn't known
     QStringList m_dropped;
 };
 
