@@ -52,6 +52,13 @@ struct Alignment
     int rotation = 0; ///< 0 to 180, 255 stacked
     int indent = 0;
     int readingOrder = 0;
+
+    bool operator==(const Alignment &other) const
+    {
+        return horizontal == other.horizontal && vertical == other.vertical && wrap == other.wrap
+               && shrink == other.shrink && rotation == other.rotation && indent == other.indent
+               && readingOrder == other.readingOrder;
+    }
 };
 
 /// All that a cell's format says, in itself: it can be taken over into any book.

@@ -36,7 +36,7 @@ protected:
     TestPackage saved(Book &book)
     {
         EXPECT_TRUE(book.save(target())) << qPrintable(book.errorMessage());
-        EXPECT_EQ(checkPackage(target()), QStringList());
+        EXPECT_EQ(checkPackage(target()).join(QLatin1Char('\n')).toStdString(), "");
         return TestPackage::read(target());
     }
     /// The parts that aren't what they were, byte for byte as they are compressed.
@@ -157,6 +157,176 @@ TEST_F(XlsxEdit, CellsRowsAndColumnsKeepWhatTheyHad)
     }
 }
 
+TEST_F(XlsxEdit, UntouchedCellsKeepWhatOnlyOtherProgramsKnow)
+{
+    TestPackage package = foreignWorkbook();
+    const QByteArray runs =
+        "<is><r><t xml:space=\"preserve\">rich &amp; </t></r><r><rPr><b></b><sz val=\"9\"></sz></rPr>"
+        "<t>_x0041_</t></r><rPh sb=\"0\" eb=\"1\"><t>guide</t></rPh></is>";
+    const QByteArray cells[] = {"<c r=\"A5\" cm=\"1\"><f t=\"array\" ref=\"A5:A6\">UNIQUE(B2:B3)</f><v>1</v></c>",
+        "<c r=\"B5\" vm=\"1\" t=\"e\"><v>#VALUE!</v></c>", "<c r=\"C5\" t=\"e\"><v>#SPILL!</v></c>",
+        "<c r=\"D5\" s=\"1\" cm=\"2\" vm=\"3\" t=\"s\"><v>0</v></c>",
+        "<c r=\"E5\" vm=\"9\" t=\"inlineStr\">" + runs + "</c>", "<c r=\"F5\" ph=\"1\" t=\"b\"><v>1</v></c>"};
+    QByteArray row = "<row r=\"5\">";
+    for (const QByteArray &cell : cells) {
+        row += cell;
+    }
+    package.edit(dataPart, "</sheetData>", row + "</row></sheetData>");
+    package.edit(dataPart, "A1:D4", "A1:F5");
+    const auto kept = load(package);
+    EXPECT_EQ(kept->getSheet(data)->readStr(4, 4), QStringLiteral("rich & A"));
+    kept->getSheet(data)->writeNum(9, 0, 1);
+    const QByteArray part = saved(*kept).bytes(dataPart);
+    for (const QByteArray &cell : cells) {
+        EXPECT_TRUE(part.contains(cell)) << cell.constData() << "\n" << part.constData();
+    }
+
+    const auto changed = load(package);
+    changed->getSheet(data)->writeStr(4, 3, QStringLiteral("x"));
+    changed->getSheet(data)->writeStr(4, 4, QStringLiteral("y"));
+    changed->getSheet(data)->writeFormula(4, 0, QStringLiteral("=1"));
+    changed->getSheet(data)->clear(4, 4, 1, 1);
+    const QByteArray now = saved(*changed).bytes(dataPart);
+    for (const char *gone : {"cm=\"", "vm=\"", "rich", "guide"}) {
+        EXPECT_FALSE(now.contains(gone)) << gone << "\n" << now.constData();
+    }
+}
+
+TEST_F(XlsxEdit, RunsGetThePrefixOfTheirPart)
+{
+    TestPackage package = foreignWorkbook();
+    package.set(QStringLiteral("xl/worksheets/sheet2.xml"),
+        "<x:worksheet xmlns:x=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\"><x:sheetData><x:row "
+        "r=\"1\">"
+        "<x:c r=\"A1\" t=\"inlineStr\"><x:is><x:r><x:t>a</x:t></x:r></x:is></x:c></x:row></x:sheetData></x:worksheet>");
+    const auto book = load(package);
+    book->getSheet(other)->writeNum(1, 0, 1);
+    const QByteArray part = saved(*book).bytes(QStringLiteral("xl/worksheets/sheet2.xml"));
+    EXPECT_TRUE(part.contains("<x:is><x:r><x:t>a</x:t></x:r></x:is>")) << part.constData();
+}
+
+TEST_F(XlsxEdit, RowsWithoutCellsKeepWhatTheySay)
+{
+    TestPackage package = foreignWorkbook();
+    const QByteArray rows[] = {"<row r=\"6\" outlineLevel=\"1\">", "<row r=\"7\" collapsed=\"1\">",
+        "<row r=\"8\" thickTop=\"1\">", "<row r=\"9\" thickBot=\"true\" x14ac:dyDescent=\"0.25\">",
+        "<row r=\"10\" ht=\"15.75\">", "<row r=\"12\" ht=\"30\" hidden=\"1\" outlineLevel=\"2\">"};
+    QByteArray all;
+    for (const QByteArray &row : rows) {
+        all += row + "</row>";
+    }
+    package.edit(
+        dataPart, "</sheetData>", all + "<row r=\"13\" outlineLevel=\"0\" x14ac:dyDescent=\"0.25\"/></sheetData>");
+    const auto book = load(package);
+    EXPECT_EQ(book->getSheet(data)->rowHeight(9), -1) << "fitted to its cells, which may change";
+    EXPECT_EQ(book->getSheet(data)->lastRow(), 4);
+    book->getSheet(data)->writeNum(10, 0, 1);
+    const QByteArray part = saved(*book).bytes(dataPart);
+    for (const QByteArray &row : rows) {
+        EXPECT_TRUE(part.contains(row)) << row.constData() << "\n" << part.constData();
+    }
+    EXPECT_FALSE(part.contains("<row r=\"13\"")) << "it says nothing";
+}
+
+TEST_F(XlsxEdit, AFittedHeightGoesWithTheCellsThatItFitted)
+{
+    TestPackage package = foreignWorkbook();
+    package.edit(dataPart, "<row r=\"3\">", "<row r=\"3\" ht=\"45\">");
+    package.edit(dataPart, "<row r=\"4\" ", "<row r=\"4\" ht=\"60\" ");
+    const auto book = load(package);
+    book->getSheet(data)->writeNum(2, 1, 1);
+    book->getSheet(data)->clear(3, 3, 0, 0);
+    const QByteArray part = saved(*book).bytes(dataPart);
+    EXPECT_TRUE(part.contains("<row r=\"2\" ht=\"30\" customHeight=\"1\">"));
+    EXPECT_FALSE(part.contains("ht=\"45\"") || part.contains("ht=\"60\"")) << part.constData();
+}
+
+TEST_F(XlsxEdit, PartsWhoseRootIsAnEmptyTagGetContent)
+{
+    const QByteArray name = "xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\"";
+    const struct
+    {
+        const char *what;
+        QString part;
+        QByteArray bytes;
+    } cases[] = {
+        {"styles", stylesPart, "<styleSheet " + name + "/>"},
+        {"styles with a prefix and a remark behind", stylesPart,
+            "<?xml version=\"1.0\"?>\n<x:styleSheet " + QByteArray(name).replace("xmlns", "xmlns:x")
+                + " /><!-- - -->\n"},
+        {"a sheet", QStringLiteral("xl/worksheets/sheet2.xml"), "<worksheet " + name + "/>"},
+        {"a sheet with a stated encoding", QStringLiteral("xl/worksheets/sheet2.xml"),
+            "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><worksheet " + name + "/>"},
+        {"texts", textsPart, "<sst " + name + "/>"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.what);
+        TestPackage package = foreignWorkbook();
+        package.set(dataPart, "<worksheet " + name + "><sheetData/></worksheet>");
+        package.set(QStringLiteral("xl/worksheets/sheet2.xml"), "<worksheet " + name + "><sheetData/></worksheet>");
+        package.set(c.part, c.bytes);
+        const auto book = load(package);
+        Format *date = book->addFormat();
+        date->setNumFormat(14);
+        Sheet *sheet = book->getSheet(other);
+        sheet->writeNum(0, 0, 45000, date);
+        sheet->writeStr(1, 0, QStringLiteral("text"));
+        sheet->addHyperlink(QStringLiteral("http://a.example/"), 1, 1, 0, 0);
+        sheet->setMerge({3, 4, 0, 1});
+        sheet->setCol(2, 20, true);
+        saved(*book);
+        Book read(FileKind::Xlsx);
+        ASSERT_TRUE(read.load(target())) << qPrintable(read.errorMessage());
+        const Sheet *back = read.getSheet(other);
+        ASSERT_TRUE(back) << qPrintable(read.errorMessage());
+        EXPECT_TRUE(back->isDate(0, 0));
+        EXPECT_EQ(back->readStr(1, 0), QStringLiteral("text"));
+        EXPECT_EQ(back->hyperlinkSize() + back->mergeSize(), 2);
+        EXPECT_TRUE(back->colHidden(2));
+    }
+}
+
+TEST_F(XlsxEdit, AlternativesCountAsOne)
+{
+    TestPackage package = foreignWorkbook();
+    const auto alternatives = [](const char *first, const char *second) {
+        return QByteArray("<mc:AlternateContent xmlns:mc=\"urn:mc\"><mc:Choice Requires=\"x14\">") + first
+               + "</mc:Choice><mc:Choice Requires=\"x15\">" + second + "</mc:Choice><mc:Fallback>" + second
+               + "</mc:Fallback></mc:AlternateContent>";
+    };
+    const char *italic = "<font><i/><sz val=\"12\"/><name val=\"Arial\"/></font>";
+    const char *time = "<xf numFmtId=\"21\" fontId=\"1\" fillId=\"0\" borderId=\"0\" xfId=\"0\"/>";
+    package.edit(stylesPart, "<font><b/>", alternatives(italic, italic) + "<font><b/>");
+    package.edit(stylesPart, "<fonts count=\"2\">", "<fonts count=\"3\">");
+    package.edit(stylesPart, "<xf numFmtId=\"170\" fontId=\"1\"",
+        alternatives(time, time) + "<xf numFmtId=\"170\" fontId=\"2\"");
+    package.edit(stylesPart, "<cellXfs count=\"2\">", "<cellXfs count=\"3\">");
+    package.set(textsPart, package.bytes(textsPart).replace(
+                               "<si><t>Qty</t></si>", alternatives("<si><t>Qty</t></si>", "<si><t>Number</t></si>")));
+    const auto book = load(package);
+    EXPECT_TRUE(book->format(1)->isDate());
+    EXPECT_TRUE(book->format(1)->style().font.italic);
+    EXPECT_EQ(book->format(2)->style().numberCode, QStringLiteral("0.000"));
+    EXPECT_TRUE(book->format(2)->style().font.bold);
+    EXPECT_FALSE(book->format(3));
+    Format *date = book->addFormat(book->format(2));
+    date->setNumFormat(14);
+    book->getSheet(data)->writeNum(9, 0, 45000, date);
+    book->getSheet(data)->writeStr(9, 1, QStringLiteral("new"));
+    ASSERT_TRUE(book->save(target())) << qPrintable(book->errorMessage());
+    const TestPackage after = TestPackage::read(target());
+    EXPECT_TRUE(after.bytes(stylesPart).contains("<cellXfs count=\"4\">"));
+    EXPECT_TRUE(after.bytes(stylesPart).contains("<xf numFmtId=\"14\" fontId=\"2\""))
+        << after.bytes(stylesPart).constData();
+    EXPECT_TRUE(after.bytes(dataPart).contains("<c r=\"A10\" s=\"3\">"));
+    Book read(FileKind::Xlsx);
+    ASSERT_TRUE(read.load(target()));
+    EXPECT_EQ(read.getSheet(data)->readStr(0, 1), QStringLiteral("Qty"));
+    EXPECT_EQ(read.getSheet(data)->readStr(1, 0), QStringLiteral("rich text"));
+    EXPECT_EQ(read.getSheet(data)->readStr(9, 1), QStringLiteral("new"));
+    EXPECT_TRUE(read.getSheet(data)->isDate(9, 0));
+}
+
 TEST_F(XlsxEdit, NewTextsStandBehindTheOldOnes)
 {
     const auto book = load();
@@ -187,8 +357,8 @@ TEST_F(XlsxEdit, NewFormatsStandBehindTheOldOnes)
     const QByteArray styles = saved(*book).bytes(stylesPart);
     const char *expected[] = {"<numFmts count=\"2\"><numFmt numFmtId=\"170\" formatCode=\"0.000\"/>"
                               "<numFmt numFmtId=\"171\" formatCode=\"0 &quot;x&quot;\"/></numFmts>",
-        "<cellXfs count=\"5\">",
-        "<xf numFmtId=\"170\" fontId=\"1\" fillId=\"0\" borderId=\"0\" xfId=\"0\" applyNumberFormat",
+        "<cellXfs count=\"4\">",
+        "<xf numFmtId=\"171\" fontId=\"2\" fillId=\"2\" borderId=\"0\" xfId=\"0\" applyNumberFormat",
         "<xf numFmtId=\"14\" fontId=\"0\" fillId=\"0\" borderId=\"0\" xfId=\"0\" applyNumberFormat=\"1\"/>",
         "<fills count=\"3\">", "<borders count=\"1\">"};
     for (const char *text : expected) {
@@ -268,6 +438,53 @@ TEST_F(XlsxEdit, TablesFollowTheirCells)
         EXPECT_FALSE(after.find(tablePart));
         EXPECT_FALSE(after.bytes(dataPart).contains("tablePart"));
         EXPECT_FALSE(after.bytes(dataRelations).contains("table"));
+    }
+}
+
+TEST_F(XlsxEdit, ATableWithoutDataWaitsForIt)
+{
+    const struct
+    {
+        const char *what;
+        bool hasHeader;
+        std::function<void(Sheet *)> change;
+        const char *range;
+        bool isWaiting;
+    } cases[] = {
+        {"it stays while none comes", true, [](Sheet *sheet) { sheet->writeNum(0, 3, 1); }, "A1:B2", true},
+        {"without a header too", false, [](Sheet *sheet) { sheet->writeNum(0, 3, 1); }, "A2:B2", true},
+        {"the first row fills its place", true, [](Sheet *sheet) { sheet->writeNum(1, 0, 1); }, "A1:B2", false},
+        {"and more follow", true,
+            [](Sheet *sheet) {
+                sheet->writeNum(1, 0, 1);
+                sheet->writeNum(2, 1, 1);
+            },
+            "A1:B3", false},
+        {"without a header too", false,
+            [](Sheet *sheet) {
+                sheet->writeNum(1, 0, 1);
+                sheet->writeNum(2, 1, 1);
+            },
+            "A2:B3", false},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.what);
+        TestPackage package = foreignWorkbook();
+        const QByteArray sheet = package.bytes(dataPart);
+        const QByteArray rows = sheet.mid(
+            sheet.indexOf("<row r=\"2\""), sheet.indexOf("</sheetData>") - sheet.indexOf("<row r=\"2\""));
+        package.edit(dataPart, rows, "");
+        package.edit(dataPart, "A1:D4", "A1:B1");
+        package.edit(tablePart, " totalsRowShown=\"0\"",
+            c.hasHeader ? " insertRow=\"1\" totalsRowShown=\"0\""
+                        : " headerRowCount=\"0\" insertRow=\"1\" totalsRowShown=\"0\"");
+        package.set(tablePart, package.bytes(tablePart).replace("A1:B4", c.hasHeader ? "A1:B2" : "A2:B2"));
+        const auto book = load(package);
+        c.change(book->getSheet(data));
+        const QByteArray table = saved(*book).bytes(tablePart);
+        EXPECT_EQ(table.count(QByteArray("ref=\"") + c.range + '"'), 2) << table.constData();
+        EXPECT_EQ(table.contains("insertRow"), c.isWaiting) << table.constData();
+        EXPECT_EQ(book->warnings(), QStringList());
     }
 }
 

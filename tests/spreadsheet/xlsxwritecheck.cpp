@@ -337,7 +337,8 @@ private:
             part, QStringLiteral("has a bad range"));
         const std::vector<QDomElement> texts = children(
             m_roots[partOfType(".sharedStrings+xml")], QStringLiteral("si"));
-        for (size_t i = 0; i < columns.size(); ++i) {
+        const bool hasHeader = root.attribute(QStringLiteral("headerRowCount")) != QLatin1String("0");
+        for (size_t i = 0; hasHeader && i < columns.size(); ++i) {
             const QString place = QString::fromLatin1(
                 cellReference(range.rowFirst, range.columnFirst + static_cast<int>(i)));
             const int text = m_cellTexts[sheet].value(place, -1);

@@ -44,7 +44,7 @@ QString BookWriter::beside(const char *name) const
 bool BookWriter::save(const QString &path)
 {
     if (std::any_of(m_book.sheets.begin(), m_book.sheets.end(), isWritten)) {
-        if (!readKind() || !writeStyles() || !writeSheets()) {
+        if (!readKind() || !beginStyles() || !writeSheets() || !finishStyles()) {
             return false;
         }
         dropCalculationChain();
@@ -71,7 +71,7 @@ bool BookWriter::readKind()
     return true;
 }
 
-bool BookWriter::writeStyles()
+bool BookWriter::beginStyles()
 {
     QString part = m_source ? m_source->stylesPart : QStringLiteral("xl/styles.xml");
     if (m_source && m_book.formats.size() <= m_book.loadedFormats) {
@@ -82,7 +82,16 @@ bool BookWriter::writeStyles()
         m_package.begin(part, stylesContentType, emptyStyles());
         m_relations->addPart(relationType("/styles"), part);
     }
-    return m_styles.write(m_package, part);
+    return m_styles.begin(m_package, part);
+}
+
+bool BookWriter::finishStyles()
+{
+    if (m_styles.isFull()) {
+        m_book.warnings << QStringLiteral(
+            "The workbook has as many cell formats as .xlsx can hold, some cells were written without theirs");
+    }
+    return m_styles.finish(m_package);
 }
 
 bool BookWriter::countTexts(quint32 *count)
@@ -218,7 +227,7 @@ bool BookWriter::writeWorkbook()
     if (edit.isEmpty()) {
         return true;
     }
-    stateEncoding(outline, &edit);
+    openPart(outline, &edit);
     return m_package.change(m_workbookPart, std::move(edit));
 }
 

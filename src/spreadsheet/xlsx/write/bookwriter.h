@@ -21,7 +21,7 @@ public:
     BookWriter(BookData &book, const XlsxSource *source);
 
     bool save(const QString &path);
-    const QString &error() const { return m_package.error(); }
+    const QString &error() const { return m_styles.error().isEmpty() ? m_package.error() : m_styles.error(); }
 
 private:
     struct AddedSheet
@@ -31,7 +31,8 @@ private:
     };
 
     bool readKind();
-    bool writeStyles();
+    bool beginStyles();
+    bool finishStyles();
     bool writeSheets();
     bool writeTexts(const SharedTextsEdit &texts);
     bool countTexts(quint32 *count);

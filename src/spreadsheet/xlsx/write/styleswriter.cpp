@@ -6,8 +6,12 @@
 #include "spreadsheet/xlsx/write/schemaorder.h"
 #include "spreadsheet/xlsx/write/startedit.h"
 
+#include <algorithm>
+
 namespace spreadsheet {
 namespace {
+
+constexpr int mostFormats = 65490; // of cells, for the programs that the file is for
 
 /// Adds items to a container of the part, which is made when there is none.
 void addItems(const XmlOutline &outline, const char *container, const QByteArray &items, int count, PartEdit *edit)
@@ -30,6 +34,37 @@ XmlOutline::Elements itemsOf(const XmlOutline &outline, const char *container)
     return found ? outline.children(outline.indexOf(found)) : XmlOutline::Elements();
 }
 
+/// Whether nothing is lost of a part of a format when it is read as a style.
+bool isKnownChild(const XmlElement &child)
+{
+    static const QList<QByteArray> known{"horizontal", "vertical", "textRotation", "wrapText", "indent", "shrinkToFit",
+        "readingOrder", "locked", "hidden"};
+    const bool hasKnown = std::all_of(child.attributes.begin(), child.attributes.end(),
+        [](const XmlElement::Attribute &attribute) { return known.contains(attribute.name); });
+    return hasKnown && (child.is("alignment") || child.is("protection"));
+}
+
+/// Whether the attributes of a cell format say what its style says, and no more: that it is based on the first named
+/// style, and that what differs from it counts.
+bool saysNoMore(const XmlElement &format, const CellStyle &style)
+{
+    const bool isPlainText = style.alignment == Alignment();
+    for (const auto &[name, value] : format.attributes) {
+        const bool isOff = value == "0" || value == "false" || value == "off";
+        const bool isNumber = name == "numFmtId" || name == "fontId" || name == "fillId" || name == "borderId";
+        const bool needsNothing = (name == "applyNumberFormat" && format.attribute("numFmtId") == "0")
+                                  || (name == "applyFont" && format.attribute("fontId") == "0")
+                                  || (name == "applyFill" && format.attribute("fillId") == "0")
+                                  || (name == "applyBorder" && format.attribute("borderId") == "0")
+                                  || (name == "applyAlignment" && isPlainText)
+                                  || (name == "applyProtection" && style.locked && !style.hiddenFormula);
+        if (!isNumber && !needsNothing && name.startsWith("apply") == isOff) {
+            return false;
+        }
+    }
+    return true;
+}
+
 } // namespace
 
 int StylesWriter::Pool::use(const QByteArray &item)
@@ -43,27 +78,71 @@ int StylesWriter::Pool::use(const QByteArray &item)
     return count++;
 }
 
-/// What the formats of the file refer to can be taken for new ones that look the same.
-void StylesWriter::takeFormats(const XmlOutline &outline, const StyleXml &xml)
+template<typename MakeItem>
+int StylesWriter::Pool::known(int own, MakeItem makeItem)
 {
-    for (Pool *pool : {&m_numberFormats, &m_fonts, &m_fills, &m_borders}) {
-        pool->count = static_cast<int>(itemsOf(outline, pool->container).size());
+    if (own < 0 || own >= count) {
+        return -1;
     }
-    // The first two fills are taken for granted by the programs that read them.
+    sameAs.resize(static_cast<size_t>(count), -1);
+    int &same = sameAs[static_cast<size_t>(own)];
+    if (same < 0) {
+        const QByteArray item = makeItem();
+        keep(item, own);
+        same = numbers.value(item);
+    }
+    return same;
+}
+
+void StylesWriter::Pool::keep(const QByteArray &item, int number)
+{
+    if (number >= 0 && number < count && !numbers.contains(item)) {
+        numbers.insert(item, number);
+    }
+}
+
+bool StylesWriter::begin(Package &package, const QString &part)
+{
+    m_part = part;
+    if (!package.outline(part, &m_outline)) {
+        return false;
+    }
+    m_xml = StyleXml(m_outline.root().prefix());
+    for (Pool *pool : {&m_numberFormats, &m_fonts, &m_fills, &m_borders, &m_formats}) {
+        pool->count = static_cast<int>(itemsOf(m_outline, pool->container).size());
+    }
+    m_firstNew = m_formats.count > 0 ? m_book.loadedFormats : 0;
+    m_numbers.assign(m_book.formats.size(), notKnown);
+    takeFills();
+    takeNumberFormats();
+    takeFormats();
+    if (m_firstNew == 0) {
+        number(0); // the first one counts for cells that have none
+    }
+    return true;
+}
+
+/// The first two fills are taken for granted by the programs that read them.
+void StylesWriter::takeFills()
+{
     for (const int pattern : {0, 17}) {
         FillStyle fill;
         fill.pattern = pattern;
         const int place = pattern == 0 ? 0 : 1;
         if (m_fills.count <= place) {
-            m_fills.added += xml.fill(fill);
+            m_fills.added += m_xml.fill(fill);
             ++m_fills.count;
         }
         if (m_book.loadedFormats == 0) {
-            m_fills.numbers.insert(xml.fill(fill), place);
+            m_fills.numbers.insert(m_xml.fill(fill), place);
         }
     }
+}
+
+void StylesWriter::takeNumberFormats()
+{
     m_nextCode = firstCustomNumberFormat;
-    for (const XmlElement *item : itemsOf(outline, "numFmts")) {
+    for (const XmlElement *item : itemsOf(m_outline, m_numberFormats.container)) {
         const int id = item->attribute("numFmtId").toInt();
         const QString code = QString::fromUtf8(item->attribute("formatCode"));
         m_nextCode = std::max(m_nextCode, std::min(id, 1000000) + 1);
@@ -71,24 +150,37 @@ void StylesWriter::takeFormats(const XmlOutline &outline, const StyleXml &xml)
             m_codes.insert(code, id);
         }
     }
-    const XmlOutline::Elements formats = itemsOf(outline, "cellXfs");
-    m_presentCount = static_cast<quint32>(formats.size());
-    m_firstNew = m_presentCount > 0 ? m_book.loadedFormats : 0;
-    const auto keep = [](Pool &pool, const QByteArray &item, const QByteArray &number) {
-        const int known = number.toInt();
-        if (known >= 0 && known < pool.count && !pool.numbers.contains(item)) {
-            pool.numbers.insert(item, known);
+}
+
+/// The formats of the file, and what they refer to, can be taken for new ones that look the same.
+void StylesWriter::takeFormats()
+{
+    const XmlOutline::Elements formats = itemsOf(m_outline, m_formats.container);
+    // In one go over all elements, since looking for the children of each format would take too long.
+    const std::vector<XmlElement> &elements = m_outline.elements();
+    std::vector<bool> hasMore(elements.size(), false);
+    for (const XmlElement &element : elements) {
+        if (element.depth == 3 && !isKnownChild(element)) {
+            hasMore[static_cast<size_t>(element.parent)] = true;
         }
-    };
-    for (quint32 i = 0; i < m_presentCount && i < m_firstNew; ++i) {
-        const CellStyle &style = m_book.format(i)->style();
-        keep(m_fonts, xml.font(style.font), formats[i]->attribute("fontId"));
-        keep(m_fills, xml.fill(style.fill), formats[i]->attribute("fillId"));
-        keep(m_borders, xml.border(style.border), formats[i]->attribute("borderId"));
+    }
+    const auto shared = std::min<size_t>(formats.size(), m_firstNew);
+    for (size_t i = 0; i < shared; ++i) {
+        const XmlElement &format = *formats[i];
+        const CellStyle &style = m_book.formats[i]->style();
+        const auto number = [&format](const char *name) { return format.attribute(name).toInt(); };
+        const StyleXml::FormatNumbers numbers{numberFormat(style),
+            m_fonts.known(number("fontId"), [&] { return m_xml.font(style.font); }),
+            m_fills.known(number("fillId"), [&] { return m_xml.fill(style.fill); }),
+            m_borders.known(number("borderId"), [&] { return m_xml.border(style.border); })};
+        const bool isSound = numbers.font >= 0 && numbers.fill >= 0 && numbers.border >= 0;
+        if (isSound && !hasMore[static_cast<size_t>(m_outline.indexOf(&format))] && saysNoMore(format, style)) {
+            m_formats.keep(m_xml.format(style, numbers), static_cast<int>(i));
+        }
     }
 }
 
-int StylesWriter::numberFormat(const CellStyle &style, const StyleXml &xml)
+int StylesWriter::numberFormat(const CellStyle &style)
 {
     if (style.numberCode.isEmpty()) {
         return style.numberFormat >= 0 && style.numberFormat < firstCustomNumberFormat ? style.numberFormat : 0;
@@ -98,43 +190,55 @@ int StylesWriter::numberFormat(const CellStyle &style, const StyleXml &xml)
         return *found;
     }
     m_codes.insert(style.numberCode, m_nextCode);
-    m_numberFormats.added += xml.numberFormat(m_nextCode, style.numberCode);
+    m_numberFormats.added += m_xml.numberFormat(m_nextCode, style.numberCode);
     ++m_numberFormats.count;
     return m_nextCode++;
 }
 
-QByteArray StylesWriter::newFormats(const StyleXml &xml)
+/// With fonts and the like that are added where they are missing.
+QByteArray StylesWriter::formatXml(const CellStyle &style)
 {
-    QByteArray formats;
-    for (size_t i = m_firstNew; i < m_book.formats.size(); ++i) {
-        const CellStyle &style = m_book.formats[i]->style();
-        const StyleXml::FormatNumbers numbers{numberFormat(style, xml), m_fonts.use(xml.font(style.font)),
-            m_fills.use(xml.fill(style.fill)), m_borders.use(xml.border(style.border))};
-        formats += xml.format(style, numbers);
-    }
-    return formats;
+    const StyleXml::FormatNumbers numbers{numberFormat(style), m_fonts.use(m_xml.font(style.font)),
+        m_fills.use(m_xml.fill(style.fill)), m_borders.use(m_xml.border(style.border))};
+    return m_xml.format(style, numbers);
 }
 
-bool StylesWriter::write(Package &package, const QString &part)
+int StylesWriter::addFormat(quint32 format)
 {
-    XmlOutline outline(2);
-    if (!package.outline(part, &outline)) {
+    const Format *found = m_book.format(format);
+    if (!found) {
+        return 0;
+    }
+    const QByteArray xml = formatXml(found->style());
+    const bool hasRoom = m_formats.count < mostFormats || m_formats.numbers.contains(xml);
+    if (hasRoom) {
+        m_numbers[format] = m_formats.use(xml);
+        return m_numbers[format];
+    }
+    m_isFull = true;
+    if (found->isDate()) {
+        // In the usual format a date would be a number.
+        m_error = QStringLiteral(
+            "The workbook has as many cell formats as it can hold, and none for dates and times as they are written");
+    }
+    m_numbers[format] = 0;
+    return 0;
+}
+
+bool StylesWriter::finish(Package &package)
+{
+    if (!m_error.isEmpty()) {
         return false;
     }
-    const StyleXml xml(outline.root().prefix());
-    takeFormats(outline, xml);
-    const QByteArray formats = newFormats(xml);
-    if (formats.isEmpty()) {
+    if (m_part.isEmpty() || m_formats.added.isEmpty()) {
         return true;
     }
     PartEdit edit;
-    stateEncoding(outline, &edit);
-    for (const Pool *pool : {&m_numberFormats, &m_fonts, &m_fills, &m_borders}) {
-        addItems(outline, pool->container, pool->added, pool->count, &edit);
+    openPart(m_outline, &edit);
+    for (const Pool *pool : {&m_numberFormats, &m_fonts, &m_fills, &m_borders, &m_formats}) {
+        addItems(m_outline, pool->container, pool->added, pool->count, &edit);
     }
-    const int count = static_cast<int>(m_presentCount + m_book.formats.size() - m_firstNew);
-    addItems(outline, "cellXfs", formats, count, &edit);
-    return package.change(part, std::move(edit));
+    return package.change(m_part, std::move(edit));
 }
 
 } // namespace spreadsheet
