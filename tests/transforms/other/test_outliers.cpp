@@ -51,8 +51,7 @@ TEST(TransformOutliers, ScoresByStandardDeviation)
 {
     const TransformRun run = runTransform(
         "Outliers", {{"Threshold", 1.0}, {"Add_Scores", true}}, {column({"2", "4", "4", "4", "6"})});
-    EXPECT_EQ(
-        run.infos(), (QStringList{"5 numeric values", "Average (mean)=4", "Standard deviation=1.4142135623731"}));
+    EXPECT_EQ(run.infos(), (QStringList{"5 numeric values", "Average (mean)=4", "Standard deviation=1.4142135623731"}));
     EXPECT_EQ(run.result.header(), (QStringList{"Value", "Score"}));
     EXPECT_EQ(rows(run.result),
         (QStringList{"2.58578643762691|-1.41421356237309", "4|0", "4|0", "4|0", "5.41421356237309|1.41421356237309"}));
