@@ -7,13 +7,14 @@
 #include "graph/graphscene.h"
 #include "graph/node.h"
 #include "graph/runcontrol.h"
+#include "platform/filereplacement.h"
 #include "platform/ownfile.h"
 #include "settings/product.h"
 
 #include <QDomDocument>
 #include <QFile>
+#include <QFileInfo>
 #include <QHashFunctions>
-#include <QSaveFile>
 #include <QTemporaryFile>
 #include <QTextStream>
 
@@ -42,7 +43,8 @@ bool readBytes(const QString &path, QByteArray &bytes, QString &error)
 {
     constexpr qint64 largest = 512LL * 1024 * 1024;
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    // Reading from a pipe might never end.
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
         error = QStringLiteral("Can't open file '%1'.").arg(path);
         return false;
     }
@@ -133,16 +135,16 @@ QString commitError(const QString &reason)
 
 bool saveToPath(const QString &path, const QString &text, QString &error)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+    platform::FileReplacement target(path);
+    if (!target.open()) {
         error = openError(path);
         return false;
     }
-    if (!writeText(file, text, error)) {
+    if (!writeText(target.file(), text, error)) {
         return false;
     }
-    if (!file.commit()) {
-        error = commitError(file.errorString());
+    if (!target.commit()) {
+        error = commitError(target.error());
         return false;
     }
     return true;

@@ -13,6 +13,7 @@ namespace spreadsheet {
 
 class BookFile;
 struct BookData;
+struct CellRecord;
 struct DateParts;
 
 /// A workbook, .xlsx or .xls: read, made anew or changed. Sheets are read from the file when they are first asked for.
@@ -54,7 +55,8 @@ public:
     double datePack(int year, int month, int day, int hour, int minute, int second, int msec) const;
 
     /// False when the file can't be written, see errorMessage(); what was there before is then still there. A book
-    /// without sheets can't be saved.
+    /// without sheets can't be saved, and only a plain file is replaced. Where the folder can't be written but the file
+    /// can, it is written in place: a book that was loaded from it is to be loaded anew before more is done with it.
     bool save(const QString &path);
     /// What save() or load() could not keep as it was meant.
     const QStringList &warnings() const;
@@ -62,6 +64,8 @@ public:
     /// UTF-8, by the number that cells of its sheets hold; valid until the book changes.
     std::string_view text(quint32 id) const;
     const Format *format(quint32 index) const;
+    /// As Sheet::isDate().
+    bool isDate(const CellRecord &cell) const;
 
 private:
     bool isNameFree(const QString &name) const;

@@ -24,8 +24,8 @@ public:
     virtual bool readSheet(int source, BookData &book, Sheet &sheet) = 0;
     /// Whether the sheet has a used cell, found without reading all of it.
     virtual bool hasCells(int source, BookData &book) = 0;
-    /// Writes the book so that `path` holds either all of it or what it held before. Sheets that are unchanged or were
-    /// never read, and all parts that nobody knows, stay as they were in the loaded file.
+    /// Writes the book so that `path` holds either all of it or what it held before, see Book::save(). Sheets that are
+    /// unchanged or were never read, and all parts that nobody knows, stay as they were in the loaded file.
     virtual bool save(const QString &path, BookData &book) = 0;
 
     const QString &error() const { return m_error; }

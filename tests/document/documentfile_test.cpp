@@ -9,6 +9,7 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -114,6 +115,17 @@ TEST_F(DocumentFileTest, WhatIsNoDocumentLeavesTheOpenOneAlone)
     EXPECT_EQ(load(at("none")), QStringLiteral("Can't open file '%1'.").arg(at("none")));
     EXPECT_EQ(load(m_dir.path()), QStringLiteral("Can't open file '%1'.").arg(m_dir.path()));
     EXPECT_FALSE(m_wasCleared);
+}
+
+TEST_F(DocumentFileTest, APipeIsNeitherReadNorReplaced)
+{
+    const QString pipe = at("pipe");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    EXPECT_EQ(load(pipe), QStringLiteral("Can't open file '%1'.").arg(pipe));
+    EXPECT_EQ(save(pipe), QStringLiteral("Can't open file '%1' to write.").arg(pipe));
+    struct stat status;
+    ASSERT_EQ(::lstat(QFile::encodeName(pipe).constData(), &status), 0);
+    EXPECT_TRUE(S_ISFIFO(status.st_mode));
 }
 
 TEST_F(DocumentFileTest, SavedAndOpenedAgainItIsTheSame)

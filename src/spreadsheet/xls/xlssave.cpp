@@ -1,9 +1,9 @@
+#include "platform/filereplacement.h"
 #include "spreadsheet/xls/compoundfile.h"
 #include "spreadsheet/xls/globalswriter.h"
 #include "spreadsheet/xls/xlsfile.h"
 #include "spreadsheet/xls/xlssheetwriter.h"
 
-#include <QSaveFile>
 #include <algorithm>
 
 namespace spreadsheet {
@@ -171,17 +171,16 @@ bool XlsFile::save(const QString &path, BookData &book)
         return fail(QStringLiteral("The workbook is too large for .xls."));
     }
     const auto parts = m_source ? partsWith(stream.data(), original, m_source->streamName) : newParts(stream.data());
-    QSaveFile file(path);
+    platform::FileReplacement target(path);
     CompoundFile written;
-    if (!file.open(QIODevice::WriteOnly)) {
-        return fail(file.errorString());
+    if (!target.open()) {
+        return fail(target.error());
     }
-    if (!written.write(file, parts, &original)) {
-        file.cancelWriting();
+    if (!written.write(target.file(), parts, &original)) {
         return fail(written.error().isEmpty() ? QStringLiteral("The file can't be written.") : written.error());
     }
-    if (!file.commit()) {
-        return fail(file.errorString());
+    if (!target.commit()) {
+        return fail(target.error());
     }
     stream.appendWarnings();
     return true;

@@ -7,6 +7,7 @@
 #include "spreadsheet/xlsx/xlsxsource.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 namespace spreadsheet {
 namespace {
@@ -15,7 +16,8 @@ namespace {
 QString otherKindOfFile(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    // Reading from anything but a plain file might never end.
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
         return QStringLiteral("The file can't be opened for reading");
     }
     if (file.size() == 0) {

@@ -12,7 +12,7 @@ struct SaveTarget::Calls
     static zip_int64_t call(void *user, void *data, zip_uint64_t length, zip_source_cmd_t command)
     {
         SaveTarget &target = *static_cast<SaveTarget *>(user);
-        QSaveFile &file = target.m_file;
+        QFile &file = target.m_replacement.file();
         switch (command) {
         case ZIP_SOURCE_STAT:
             return stat(data, length);
@@ -34,7 +34,8 @@ struct SaveTarget::Calls
     static zip_int64_t write(SaveTarget &target, const void *data, zip_uint64_t length)
     {
         errno = 0;
-        const qint64 written = target.m_file.write(static_cast<const char *>(data), static_cast<qint64>(length));
+        const qint64 written = target.m_replacement.file().write(
+            static_cast<const char *>(data), static_cast<qint64>(length));
         target.m_systemError = written < 0 ? errno : 0;
         return written;
     }
@@ -63,7 +64,7 @@ struct SaveTarget::Calls
 
     static zip_int64_t seek(SaveTarget &target, void *data, zip_uint64_t length)
     {
-        QSaveFile &file = target.m_file;
+        QFile &file = target.m_replacement.file();
         zip_error_t ignored;
         zip_error_init(&ignored);
         const zip_int64_t place = zip_source_seek_compute_offset(
@@ -74,13 +75,13 @@ struct SaveTarget::Calls
 };
 
 SaveTarget::SaveTarget(const QString &path)
-    : m_file(path)
+    : m_replacement(path)
 {
 }
 
 bool SaveTarget::open()
 {
-    return m_file.open(QIODevice::WriteOnly);
+    return m_replacement.open();
 }
 
 zip_source *SaveTarget::source()
@@ -90,12 +91,12 @@ zip_source *SaveTarget::source()
 
 bool SaveTarget::commit()
 {
-    return m_file.commit();
+    return m_replacement.commit();
 }
 
 QString SaveTarget::error() const
 {
-    return m_file.errorString();
+    return m_replacement.error();
 }
 
 } // namespace spreadsheet

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QSaveFile>
+#include "platform/filereplacement.h"
 
 struct zip_source;
 
 namespace spreadsheet {
 
-/// The file that an archive is written to: a temporary one beside it, which takes its place at commit(). A file that
-/// was there keeps its mode, and a symbolic link stays one.
+/// The file that an archive is written to, which stays as it was until commit().
 class SaveTarget
 {
 public:
@@ -24,7 +23,7 @@ public:
 private:
     struct Calls;
 
-    QSaveFile m_file;
+    platform::FileReplacement m_replacement;
     int m_systemError = 0;
 };
 
