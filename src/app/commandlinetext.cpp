@@ -1,5 +1,6 @@
 #include "app/commandlinetext.h"
 
+#include "graph/ionode.h"
 #include "outputs/outputenums.h"
 
 #include <QDir>
@@ -193,14 +194,8 @@ QString looped(const QString &command, const CommandLineTextOptions &options)
 LoopPattern loopPatternOf(const QString &path)
 {
     LoopPattern pattern;
-    QString file = path;
-    if (file.endsWith(QLatin1Char(']'))) {
-        const int bracket = file.lastIndexOf(QLatin1Char('['));
-        if (bracket > file.lastIndexOf(QLatin1Char('/'))) {
-            pattern.worksheetSuffix = file.mid(bracket);
-            file.truncate(bracket);
-        }
-    }
+    const QString file = IONode::splitFileSheet(path).file;
+    pattern.worksheetSuffix = path.mid(file.size());
     const QFileInfo info(file);
     pattern.folder = QDir::toNativeSeparators(info.absolutePath());
     const QString suffix = info.completeSuffix();

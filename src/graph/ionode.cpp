@@ -29,7 +29,8 @@ QString IONode::fileSheetText(const QString &path, const QString &sheet)
 IONode::FileSheet IONode::splitFileSheet(const QString &text)
 {
     const int bracket = text.lastIndexOf(QLatin1Char('['));
-    const bool hasSheet = text.endsWith(QLatin1Char(']')) && bracket > text.lastIndexOf(QLatin1Char('/'));
+    // What a sheet's name may hold is for the workbook to say; a slash in it begins no folder.
+    const bool hasSheet = text.endsWith(QLatin1Char(']')) && bracket > text.lastIndexOf(QLatin1Char(']'), -2);
     if (!hasSheet) {
         return {text, QString()};
     }

@@ -63,12 +63,12 @@ public:
         if (text.isEmpty()) {
             return {Empty};
         }
-        // Documents may come from a system that separates folders by backslashes.
-        const QString slashed = QString(text).replace(QLatin1Char('\\'), QLatin1Char('/'));
-        if (slashed.endsWith(QLatin1Char('/'))) {
+        if (text.endsWith(QLatin1Char('/')) || text.endsWith(QLatin1Char('\\'))) {
             return {EndsInFolder};
         }
-        IONode::FileSheet target = IONode::splitFileSheet(slashed);
+        IONode::FileSheet target = IONode::splitFileSheet(text);
+        // Documents may come from a system that separates folders by backslashes.
+        target.file.replace(QLatin1Char('\\'), QLatin1Char('/'));
         if (QDir::isRelativePath(target.file)) {
             if (m_folder.isEmpty()) {
                 return {RelativeToNothing};

@@ -173,6 +173,7 @@ TEST(CommandLineText, LoopPatternOfAPath)
         {"everything behind the first point", "/d/x.tar.gz", "/d", "*.tar.gz", ""},
         {"no point", "/d/x", "/d", "*", ""},
         {"a sheet", "/d/x.xlsx[Sheet 1]", "/d", "*.xlsx", "[Sheet 1]"},
+        {"a sheet of an odd name", "/d/x.xlsx[Q1/Q2]", "/d", "*.xlsx", "[Q1/Q2]"},
         {"a bracket in the folder is no sheet", "/d[1]/x]", "/d[1]", "*", ""},
         {"a name that ends in a point", "/d/x.", "/d", "*.", ""},
     };
