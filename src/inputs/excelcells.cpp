@@ -4,6 +4,7 @@
 #include "data/values.h"
 #include "inputs/textcleanup.h"
 #include "spreadsheet/book.h"
+#include "spreadsheet/cellreference.h"
 #include "spreadsheet/datesystem.h"
 
 #include <algorithm>
@@ -91,7 +92,7 @@ void ExcelCells::readRows(const std::function<void(double)> &progress)
         }
         for (const CellRecord &record : row.cells) {
             const int column = record.column - firstColumn;
-            const Cell value = cell(record, precisions.at(column));
+            const Cell value = cell(number, record, precisions.at(column));
             if (!value.isEmpty()) {
                 cells(column)[target] = value;
             }
@@ -117,17 +118,14 @@ Cell *ExcelCells::cells(int column)
 
 // Cells
 
-Cell ExcelCells::cell(const CellRecord &record, ExcelDates::Precision precision)
+/// `row` is that of the sheet.
+Cell ExcelCells::cell(int row, const CellRecord &record, ExcelDates::Precision precision)
 {
     switch (record.type) {
     case CellType::Number:
-        if (record.format != m_lastFormat) {
-            m_lastFormat = record.format;
-            m_lastFormatIsDate = ExcelDates::isDate(m_book, record);
-        }
-        return m_lastFormatIsDate ? dateCell(record.number, precision) : numberCell(record.number);
+        return isDateNumber(record) ? dateCell(row, record, precision) : numberCell(record.number);
     case CellType::StrictDate:
-        return dateCell(record.number, precision);
+        return m_book.isDate(record) ? dateCell(row, record, precision) : numberCell(record.number);
     case CellType::String:
         return textCell(record.textId());
     case CellType::Boolean:
@@ -140,6 +138,16 @@ Cell ExcelCells::cell(const CellRecord &record, ExcelDates::Precision precision)
     return Cell();
 }
 
+/// For a number, whose neighbours mostly have its format.
+bool ExcelCells::isDateNumber(const CellRecord &record)
+{
+    if (record.format != m_lastFormat) {
+        m_lastFormat = record.format;
+        m_lastFormatIsDate = m_book.isDate(record);
+    }
+    return m_lastFormatIsDate;
+}
+
 Cell ExcelCells::numberCell(double value)
 {
     char plain[ShortestRealWriter::plainCapacity];
@@ -147,14 +155,29 @@ Cell ExcelCells::numberCell(double value)
     return size > 0 ? m_arena->store(plain, size) : m_arena->store(m_numbers.textByLocale(value));
 }
 
-Cell ExcelCells::dateCell(double value, ExcelDates::Precision precision)
+Cell ExcelCells::dateCell(int row, const CellRecord &record, ExcelDates::Precision precision)
 {
     spreadsheet::DateParts parts;
-    if (!m_book.dateUnpack(value, &parts)) {
+    if (!m_book.dateUnpack(record.number, &parts)) {
+        noteUnknownDate(row, record.column);
         return Cell();
     }
     char text[ExcelDates::capacity];
     return m_arena->store(text, ExcelDates::write(parts, precision, text));
+}
+
+void ExcelCells::noteUnknownDate(int row, int column)
+{
+    const bool isIgnored = (m_options.ignoreHiddenRows && m_sheet.rowHidden(row))
+                           || (m_options.ignoreHiddenColumns && m_sheet.colHidden(column));
+    if (isIgnored) {
+        return;
+    }
+    if (m_unknownDates.wantsText()) {
+        m_unknownDates.add(QString::fromLatin1(spreadsheet::cellReference(row, column)));
+    } else {
+        m_unknownDates.addHidden();
+    }
 }
 
 /// Cells that share a text in the workbook share it in the table, and it is cleaned once.

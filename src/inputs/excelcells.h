@@ -3,11 +3,16 @@
 #include "data/cellcolumn.h"
 #include "inputs/exceldates.h"
 #include "inputs/shortestreal.h"
+#include "transforms/messages.h"
 
 #include <functional>
 #include <vector>
 
 class Dataset;
+
+namespace spreadsheet {
+struct CellRecord;
+}
 
 /// What an input wants of a sheet.
 struct ExcelReadOptions
@@ -32,14 +37,20 @@ public:
     /// limit. `progress`, which may be null, is told the share done now and then.
     void read(const std::function<void(double)> &progress, Dataset *dataset);
 
+    /// Cells such as "B7" whose numbers have a date format but are no dates, by rows; they are empty in the table.
+    /// Those of hidden rows and columns that are to be ignored don't count.
+    const Messages::Examples &unknownDates() const { return m_unknownDates; }
+
 private:
     void readRows(const std::function<void(double)> &progress);
     void appendLinks();
     void appendLink(int column, int firstRow, int lastRow, const QByteArray &suffix);
     Cell *cells(int column);
-    Cell cell(const spreadsheet::CellRecord &record, ExcelDates::Precision precision);
+    Cell cell(int row, const spreadsheet::CellRecord &record, ExcelDates::Precision precision);
+    bool isDateNumber(const spreadsheet::CellRecord &record);
     Cell numberCell(double value);
-    Cell dateCell(double value, ExcelDates::Precision precision);
+    Cell dateCell(int row, const spreadsheet::CellRecord &record, ExcelDates::Precision precision);
+    void noteUnknownDate(int row, int column);
     Cell textCell(quint32 id);
     Cell cleanText(std::string_view text);
     void takeRoom(qint64 bytes);
@@ -62,4 +73,5 @@ private:
     std::vector<char> m_buffer;     // for one text
     quint32 m_lastFormat = 0xFFFFFFFF;
     bool m_lastFormatIsDate = false;
+    Messages::Examples m_unknownDates;
 };

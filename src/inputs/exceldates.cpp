@@ -57,18 +57,6 @@ int ExcelDates::write(const spreadsheet::DateParts &parts, Precision precision, 
     return static_cast<int>(p - out);
 }
 
-bool ExcelDates::isDate(const spreadsheet::Book &book, const spreadsheet::CellRecord &cell)
-{
-    if (cell.type == spreadsheet::CellType::StrictDate) {
-        return true;
-    }
-    if (cell.type != spreadsheet::CellType::Number) {
-        return false;
-    }
-    const spreadsheet::Format *format = book.format(cell.format);
-    return format && format->isDate();
-}
-
 QVector<ExcelDates::Precision> ExcelDates::precisions(
     const spreadsheet::Book &book, const spreadsheet::Sheet &sheet, int firstRow)
 {
@@ -86,7 +74,7 @@ QVector<ExcelDates::Precision> ExcelDates::precisions(
         }
         for (const spreadsheet::CellRecord &cell : cells.cells) {
             const int column = cell.column - firstColumn;
-            if (seen.at(column) == sampleDates || !isDate(book, cell)) {
+            if (seen.at(column) == sampleDates || !book.isDate(cell)) {
                 continue;
             }
             ++seen[column];

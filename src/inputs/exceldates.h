@@ -5,7 +5,6 @@
 namespace spreadsheet {
 class Book;
 class Sheet;
-struct CellRecord;
 struct DateParts;
 } // namespace spreadsheet
 
@@ -20,9 +19,6 @@ constexpr int capacity = 32;
 
 /// The text of a date at `out`; returns its size. A precision of Unknown shows all.
 int write(const spreadsheet::DateParts &parts, Precision precision, char *out);
-
-/// True for a number whose format shows a date or time, and for a strict date.
-bool isDate(const spreadsheet::Book &book, const spreadsheet::CellRecord &cell);
 
 /// What each column of the used area needs, by the first dates among its first rows from `firstRow` on.
 QVector<Precision> precisions(const spreadsheet::Book &book, const spreadsheet::Sheet &sheet, int firstRow);

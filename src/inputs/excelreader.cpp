@@ -94,7 +94,9 @@ void readSheet(const Book &book, const Sheet &sheet, const ExcelReadOptions &opt
     const std::function<void(double)> &progress, ExcelReadResult *result)
 {
     Dataset &dataset = result->dataset;
-    ExcelCells(book, sheet, options, byteLimit()).read(progress, &dataset);
+    ExcelCells cells(book, sheet, options, byteLimit());
+    cells.read(progress, &dataset);
+    result->unknownDates = cells.unknownDates();
     if (options.ignoreHiddenRows) {
         result->hiddenRowCount = removeHiddenRows(sheet, options.ignoredRows, dataset);
     }

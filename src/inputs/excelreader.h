@@ -14,7 +14,8 @@ struct ExcelReadResult
     int hiddenRowCount = 0;
     int hiddenColumnCount = 0;
     int emptyRowCount = 0;
-    QString error; ///< empty when all went well, and for a file that isn't there
+    Messages::Examples unknownDates; ///< see ExcelCells
+    QString error;                   ///< empty when all went well, and for a file that isn't there
 };
 
 /// A workbook that nothing was loaded into yet, .xls for FileType::ExcelXls and .xlsx for all other types; null for an

@@ -12,6 +12,20 @@
 
 // How an input reads one source, and what it does with a table at the door.
 
+namespace {
+
+QString unknownDatesWarning(const QString &source, const Messages::Examples &dates)
+{
+    const QString text = dates.count() == 1
+                             ? QStringLiteral(
+                                 "%1 cell of '%2' has a date format but holds no date and was read as empty: %3")
+                             : QStringLiteral(
+                                 "%1 cells of '%2' have a date format but hold no dates and were read as empty: %3");
+    return text.arg(Messages::count(dates.count()), source, dates.lines("other", "others").join(QStringLiteral(", ")));
+}
+
+} // namespace
+
 void InputNode::readSingle()
 {
     if (m_medium == Medium::File ? m_path.isEmpty() : m_options.text.isEmpty()) {
@@ -110,7 +124,8 @@ bool InputNode::readExcel(spreadsheet::Book &book, const QString &path, const QS
     }
     dataset = std::move(result.dataset);
     m_readSheet = result.sheetName;
-    m_infos.append(QStringLiteral("Read sheet '%1'").arg(fileSheetText(absoluteNativePath(path), sheet)));
+    const QString source = fileSheetText(absoluteNativePath(path), sheet);
+    m_infos.append(QStringLiteral("Read sheet '%1'").arg(source));
     const auto tell = [this](int count, const char *what) {
         if (count > 0) {
             m_infos.append(QStringLiteral("%1 %2 ignored").arg(formatInteger(count, true), QLatin1String(what)));
@@ -119,6 +134,9 @@ bool InputNode::readExcel(spreadsheet::Book &book, const QString &path, const QS
     tell(result.hiddenRowCount, "hidden row(s)");
     tell(result.hiddenColumnCount, "hidden column(s)");
     tell(result.emptyRowCount, "empty row(s)");
+    if (result.unknownDates.count() > 0) {
+        m_warnings.append(unknownDatesWarning(source, result.unknownDates));
+    }
     return true;
 }
 

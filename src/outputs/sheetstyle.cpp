@@ -96,12 +96,12 @@ private:
         }
     }
 
-    /// The template's format in the target's book. A date stays a date where the template shows numbers: only the look
-    /// is copied, no content.
+    /// The template's format in the target's book. A date stays a date, and a time a time, where the template shows
+    /// plain numbers: only the look is copied, no content.
     const Format *formatFor(const Format &model, int row, int column)
     {
         int dateNumber = 0;
-        if (!model.isDate() && m_sheet->isDate(row, column)) {
+        if (!showsAsWell(model, row, column) && m_sheet->isDate(row, column)) {
             const Format *present = m_sheet->cellFormat(row, column);
             dateNumber = present->style().numberCode.isEmpty() ? present->style().numberFormat : 0;
         }
@@ -114,6 +114,13 @@ private:
             copied = added;
         }
         return copied;
+    }
+
+    /// A time of day reads as well as a span of time, a date doesn't.
+    bool showsAsWell(const Format &model, int row, int column) const
+    {
+        return model.isDate()
+               || (model.meaning() == spreadsheet::NumberMeaning::ElapsedTime && m_sheet->readNum(row, column) < 1.0);
     }
 
     const Book &m_from;

@@ -191,4 +191,9 @@ const Format *Book::format(quint32 index) const
     return m_data->format(index);
 }
 
+bool Book::isDate(const CellRecord &cell) const
+{
+    return m_data->isDate(cell);
+}
+
 } // namespace spreadsheet

@@ -40,6 +40,15 @@ struct BookData
         const Format *found = format(index);
         return found && found->isDate();
     }
+    /// For a number whose format shows a date or time of day, and for a strict date whose format shows no span of time.
+    bool isDate(const CellRecord &cell) const
+    {
+        if (cell.type == CellType::StrictDate) {
+            const Format *found = format(cell.format);
+            return !found || found->meaning() != NumberMeaning::ElapsedTime;
+        }
+        return cell.type == CellType::Number && isDateFormat(cell.format);
+    }
     Format *addFormat(const CellStyle &style)
     {
         formats.push_back(std::make_unique<Format>(static_cast<quint32>(formats.size()), style));

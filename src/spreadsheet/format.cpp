@@ -1,7 +1,6 @@
 #include "spreadsheet/format.h"
 
 #include "spreadsheet/font.h"
-#include "spreadsheet/numberformats.h"
 
 namespace spreadsheet {
 
@@ -14,15 +13,16 @@ void Format::setNumFormat(int number)
 {
     m_style.numberFormat = number;
     m_style.numberCode.clear();
-    m_isDate = -1;
+    m_isMeaningKnown = false;
 }
 
-bool Format::isDate() const
+NumberMeaning Format::meaning() const
 {
-    if (m_isDate < 0) {
-        m_isDate = isDateFormat(m_style.numberFormat, m_style.numberCode) ? 1 : 0;
+    if (!m_isMeaningKnown) {
+        m_meaning = numberMeaning(m_style.numberFormat, m_style.numberCode);
+        m_isMeaningKnown = true;
     }
-    return m_isDate == 1;
+    return m_meaning;
 }
 
 } // namespace spreadsheet

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "spreadsheet/cellstyle.h"
+#include "spreadsheet/numberformats.h"
 
 namespace spreadsheet {
 
@@ -23,13 +24,15 @@ public:
     /// A built-in number format: 0 general, 14 date, 21 time, 49 text and others.
     void setNumFormat(int number);
     const CellStyle &style() const { return m_style; }
-    /// True when the number format shows numbers as dates or times.
-    bool isDate() const;
+    NumberMeaning meaning() const;
+    /// True when the number format shows numbers as dates or times of day, but not as spans of time.
+    bool isDate() const { return meaning() == NumberMeaning::Date; }
 
 private:
     quint32 m_index;
     CellStyle m_style;
-    mutable signed char m_isDate = -1; // not yet known
+    mutable bool m_isMeaningKnown = false;
+    mutable NumberMeaning m_meaning = NumberMeaning::Number;
 };
 
 } // namespace spreadsheet

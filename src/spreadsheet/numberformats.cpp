@@ -3,11 +3,19 @@
 namespace spreadsheet {
 namespace {
 
-bool isBuiltInDate(int number)
+constexpr int builtInElapsedTime = 46; // [h]:mm:ss
+constexpr int thaiElapsedTime = 79;    // the same of Thai versions
+
+NumberMeaning builtInMeaning(int number)
 {
+    if (number == builtInElapsedTime || number == thaiElapsedTime) {
+        return NumberMeaning::ElapsedTime;
+    }
     // Dates and times of all languages, and those of East Asian and Thai versions.
-    return (number >= 14 && number <= 22) || (number >= 27 && number <= 36) || (number >= 45 && number <= 47)
-           || (number >= 50 && number <= 58) || (number >= 71 && number <= 81);
+    const bool isDate = (number >= 14 && number <= 22) || (number >= 27 && number <= 36)
+                        || (number >= 45 && number <= 47) || (number >= 50 && number <= 58)
+                        || (number >= 71 && number <= 81);
+    return isDate ? NumberMeaning::Date : NumberMeaning::Number;
 }
 
 /// What stands in brackets: an elapsed time such as [h] or [mm] counts, a colour, condition or locale doesn't.
@@ -37,15 +45,16 @@ bool isDateLetter(QChar c)
 
 } // namespace
 
-bool isDateFormat(int number, const QString &code)
+NumberMeaning numberMeaning(int number, const QString &code)
 {
     if (code.isEmpty()) {
-        return isBuiltInDate(number);
+        return builtInMeaning(number);
     }
     if (code.startsWith(QLatin1String("General"), Qt::CaseInsensitive)
         || code.startsWith(QLatin1String("Standard"), Qt::CaseInsensitive)) {
-        return false;
+        return NumberMeaning::Number;
     }
+    bool isDate = false;
     // The section for positive numbers decides.
     for (int i = 0; i < code.size() && code.at(i) != QLatin1Char(';'); ++i) {
         switch (code.at(i).unicode()) {
@@ -57,7 +66,7 @@ bool isDateFormat(int number, const QString &code)
         case '[': {
             const int end = code.indexOf(QLatin1Char(']'), i + 1);
             if (end > 0 && isElapsedTime(code.mid(i + 1, end - i - 1))) {
-                return true;
+                return NumberMeaning::ElapsedTime;
             }
             i = end < 0 ? code.size() : end;
             break;
@@ -68,12 +77,10 @@ bool isDateFormat(int number, const QString &code)
             ++i; // the next character is shown, left out or repeated
             break;
         default:
-            if (isDateLetter(code.at(i))) {
-                return true;
-            }
+            isDate = isDate || isDateLetter(code.at(i));
         }
     }
-    return false;
+    return isDate ? NumberMeaning::Date : NumberMeaning::Number;
 }
 
 QString builtInNumberCode(int number)

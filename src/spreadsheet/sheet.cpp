@@ -56,9 +56,7 @@ QString Sheet::readStr(int row, int column) const
 bool Sheet::isDate(int row, int column) const
 {
     const CellRecord *cell = m_cells.cell(row, column);
-    return cell
-           && (cell->type == CellType::StrictDate
-               || (cell->type == CellType::Number && m_book->isDateFormat(cell->format)));
+    return cell && m_book->isDate(*cell);
 }
 
 bool Sheet::rowHidden(int row) const

@@ -35,7 +35,8 @@ public:
     /// A text; empty for other cells.
     QString readStr(int row, int column) const;
     bool readBool(int row, int column) const { return readNum(row, column) != 0.0; }
-    /// True for a number whose format shows a date or time, and for a strict date.
+    /// True for a number whose format shows a date or time of day, and for a strict date whose format shows no span of
+    /// time.
     bool isDate(int row, int column) const;
     bool rowHidden(int row) const;
     bool colHidden(int column) const;

@@ -144,6 +144,40 @@ TEST_F(ExcelReaderTest, ShowsTheTimeThatTheFirstDatesOfAColumnHave)
     EXPECT_EQ(read().at(19), "|2024-03-01T10:00:07|||");
 }
 
+TEST_F(ExcelReaderTest, TellsWhichDatesItCannotTell)
+{
+    for (int row = 0; row < 8; ++row) {
+        sheet.writeNum(row, 1, row == 4 ? 45000 : -1 - row, dateFormat);
+        sheet.writeNum(row, 2, -1);
+    }
+    sheet.writeNum(1, 0, 2958466, dateFormat); // beyond the year 9999
+    sheet.setRow(2, 15, true);
+    read();
+    EXPECT_EQ(result.unknownDates.lines("other", "others"), (QStringList{"B1", "A2", "B2", "B3", "B4", "+ 3 others"}));
+    options.ignoreHiddenRows = true;
+    options.ignoredRows = 1;
+    read();
+    EXPECT_EQ(result.unknownDates.lines("other", "others"), (QStringList{"A2", "B2", "B4", "B6", "B7", "+ 1 other"}))
+        << "as far as they are in the table";
+    sheet.setCol(1, 10, true);
+    options.ignoreHiddenColumns = true;
+    read();
+    EXPECT_EQ(result.unknownDates.lines("other", "others"), QStringList{"A2"});
+}
+
+TEST_F(ExcelReaderTest, SpansOfTimeAreNumbers)
+{
+    Format *span = book.addFormat();
+    span->setNumFormat(46);
+    sheet.writeNum(0, 0, 123.45, span);
+    sheet.writeNum(1, 0, -0.5, span);
+    sheet.writeNum(2, 0, 45000, dateFormat);
+    sheet.writeNum(3, 0, 123.45, span);
+    sheet.cells().cellFor(3, 0).type = spreadsheet::CellType::StrictDate;
+    EXPECT_EQ(read(), (QStringList{"123.45", "-0.5", "2023-03-15", "123.45"}));
+    EXPECT_EQ(result.unknownDates.count(), 0);
+}
+
 TEST_F(ExcelReaderTest, DropsHiddenAndEmptyRows)
 {
     for (int row = 0; row < 6; ++row) {

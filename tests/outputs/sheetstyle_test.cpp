@@ -10,6 +10,7 @@
 namespace {
 
 using spreadsheet::Book;
+using spreadsheet::FileKind;
 using spreadsheet::Sheet;
 
 int typeOf(const QString &path)
@@ -95,6 +96,28 @@ TEST_F(SheetStyleTest, CopiesTheLookAndNoContent)
             EXPECT_EQ(sheet.cellFormat(0, 0)->index(), sheet.cellFormat(2, 3)->index());
         }
     }
+}
+
+TEST_F(SheetStyleTest, SpansOfTimeAreALookForTimesOnly)
+{
+    Book model(FileKind::Xlsx);
+    spreadsheet::Format *span = model.addFormat();
+    span->setNumFormat(46);
+    Sheet *look = model.addSheet("Model");
+    look->setCellFormat(0, 0, span);
+    look->setCellFormat(1, 0, span);
+    ASSERT_TRUE(model.save(path("model.xlsx")));
+    Book book(FileKind::Xlsx);
+    Sheet *data = book.addSheet("Data");
+    spreadsheet::Format *date = book.addFormat();
+    date->setNumFormat(14);
+    spreadsheet::Format *time = book.addFormat();
+    time->setNumFormat(21);
+    data->writeNum(0, 0, 45291, date);
+    data->writeNum(1, 0, 0.25, time);
+    ASSERT_TRUE(book.save(path("out.xlsx")));
+    ASSERT_TRUE(copy("model.xlsx", "Model", "out.xlsx", "Data")) << m_error.toStdString();
+    EXPECT_EQ(shownBook(path("out.xlsx")), (QStringList{"Data", "45291/14", "0.25/46"}));
 }
 
 TEST_F(SheetStyleTest, SaysWhatCannotBeCopied)

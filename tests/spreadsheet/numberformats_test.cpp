@@ -6,67 +6,80 @@ using namespace spreadsheet;
 
 namespace {
 
-TEST(NumberFormats, TellsDatesByCode)
+TEST(NumberFormats, TellsByCodeWhatNumbersStandFor)
 {
+    const NumberMeaning date = NumberMeaning::Date;
+    const NumberMeaning elapsed = NumberMeaning::ElapsedTime;
+    const NumberMeaning plain = NumberMeaning::Number;
     struct
     {
         const char *code;
-        bool isDate;
+        NumberMeaning meaning;
     } const cases[] = {
-        {"yyyy-mm-dd", true},
-        {"D/M/YY", true},
-        {"h:mm AM/PM", true},
-        {"mm:ss.0", true},
-        {"[h]:mm:ss", true},
-        {"[mm]", true},
-        {"[SS].000", true},
-        {"[$-409]d mmm yy;@", true},
-        {"[$-F800]dddd\\,\\ mmmm\\ dd\\,\\ yyyy", true},
-        {"[Red][>5]yyyy", true},
-        {"\"on \"dd.mm.", true},
-        {"_-yyyy_-", true},
-        {"General", false},
-        {"GENERAL\" days\"", false},
-        {"Standard", false},
-        {"0.00", false},
-        {"#,##0.00_);[Red](#,##0.00)", false},
-        {"0.00E+00", false},
-        {"# ?/?", false},
-        {"@", false},
-        {"0\" days\"", false},
-        {"\"days", false},
-        {"0\\d", false},
-        {"0_d", false},
-        {"*d0", false},
-        {"0;yyyy", false}, // only negative numbers
-        {"[Red]0", false},
-        {"[$USD] 0", false},
-        {"[hm]0", false},
-        {"[h", false},
-        {"[]0", false},
-        {"\\", false},
-        {"0%", false},
+        {"yyyy-mm-dd", date},
+        {"D/M/YY", date},
+        {"h:mm AM/PM", date},
+        {"mm:ss.0", date},
+        {"[$-409]d mmm yy;@", date},
+        {"[$-F800]dddd\\,\\ mmmm\\ dd\\,\\ yyyy", date},
+        {"[Red][>5]yyyy", date},
+        {"\"on \"dd.mm.", date},
+        {"_-yyyy_-", date},
+        {"h:mm;[h]:mm", date}, // only negative numbers are spans
+        {"h:mm\"[h]\"", date},
+        {"h:mm\\[s\\]", date},
+        {"[h]:mm:ss", elapsed},
+        {"[hh]:mm", elapsed},
+        {"[mm]", elapsed},
+        {"[m]", elapsed},
+        {"[SS].000", elapsed},
+        {"[s]", elapsed},
+        {"[Red][h]:mm", elapsed},
+        {"mm:[ss]", elapsed}, // whatever stands in front
+        {"General", plain},
+        {"GENERAL\" days\"", plain},
+        {"Standard", plain},
+        {"0.00", plain},
+        {"#,##0.00_);[Red](#,##0.00)", plain},
+        {"0.00E+00", plain},
+        {"# ?/?", plain},
+        {"@", plain},
+        {"0\" days\"", plain},
+        {"\"days", plain},
+        {"0\\d", plain},
+        {"0_d", plain},
+        {"*d0", plain},
+        {"0;yyyy", plain}, // only negative numbers
+        {"[Red]0", plain},
+        {"[$USD] 0", plain},
+        {"[hm]0", plain},
+        {"[h", plain},
+        {"[]0", plain},
+        {"\\", plain},
+        {"0%", plain},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.code);
-        EXPECT_EQ(isDateFormat(164, c.code), c.isDate);
-        EXPECT_EQ(isDateFormat(14, c.code), c.isDate) << "the code counts, not the number";
+        EXPECT_EQ(numberMeaning(164, c.code), c.meaning);
+        EXPECT_EQ(numberMeaning(14, c.code), c.meaning) << "the code counts, not the number";
     }
 }
 
-TEST(NumberFormats, TellsDatesByNumber)
+TEST(NumberFormats, TellsByNumberWhatNumbersStandFor)
 {
     for (int number = -1; number < 200; ++number) {
         SCOPED_TRACE(number);
         const QString code = builtInNumberCode(number);
         if (!code.isEmpty()) {
-            EXPECT_EQ(isDateFormat(number, QString()), isDateFormat(164, code)) << code.toStdString();
+            EXPECT_EQ(numberMeaning(number, QString()), numberMeaning(164, code)) << code.toStdString();
         }
     }
-    EXPECT_TRUE(isDateFormat(14, QString()));
-    EXPECT_TRUE(isDateFormat(57, QString()));
-    EXPECT_FALSE(isDateFormat(49, QString()));
-    EXPECT_FALSE(isDateFormat(164, QString()));
+    EXPECT_EQ(numberMeaning(14, QString()), NumberMeaning::Date);
+    EXPECT_EQ(numberMeaning(57, QString()), NumberMeaning::Date);
+    EXPECT_EQ(numberMeaning(46, QString()), NumberMeaning::ElapsedTime);
+    EXPECT_EQ(numberMeaning(79, QString()), NumberMeaning::ElapsedTime);
+    EXPECT_EQ(numberMeaning(49, QString()), NumberMeaning::Number);
+    EXPECT_EQ(numberMeaning(164, QString()), NumberMeaning::Number);
 }
 
 } // namespace
