@@ -62,6 +62,7 @@ ExcelFormats automaticExcelFormats(const Dataset &dataset, int mode, const QHash
             dataset.isColumnDate(column, dates, &dateFormat, dateSample);
         } else if (format == ExcelColumnFormat::Automatic) {
             format = formatOf(dataset.columnType(column, dates, &dateFormat, false));
+            result.automatic.append(column.toInt());
         }
         result.formats.insert(column.toInt(), format);
         if (format == ExcelColumnFormat::Date) {

@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 class Dataset;
 
@@ -21,6 +22,7 @@ struct ExcelFormats
 {
     QHash<int, int> formats;         ///< an ExcelColumnFormat; a column left out is Text
     QHash<int, QString> dateFormats; ///< how the values of a Date column read
+    QVector<int> automatic = {};     ///< columns whose format was chosen by their values
 };
 
 /// The formats of a dataset's columns with none left Automatic: `mode` is an ExcelFormatMode, `chosen` the formats by

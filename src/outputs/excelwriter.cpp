@@ -1,5 +1,6 @@
 #include "outputs/excelwriter.h"
 
+#include "graph/excelmessages.h"
 #include "graph/ionode.h"
 #include "graph/waitcursor.h"
 #include "outputs/cellrows.h"
@@ -55,10 +56,9 @@ void empty(spreadsheet::Sheet &sheet, spreadsheet::FileKind kind)
 class SheetWriting
 {
 public:
-    SheetWriting(const ExcelWriteRequest &request, QString *error, QStringList *warnings)
+    SheetWriting(const ExcelWriteRequest &request, ExcelWriteReport *report)
         : m_request(request)
-        , m_error(*error)
-        , m_warnings(*warnings)
+        , m_report(*report)
         , m_shownPath(IONode::absoluteNativePath(request.path))
         , m_book(ExcelBook::kindOf(request.fileType))
     {
@@ -66,55 +66,64 @@ public:
 
     bool write()
     {
-        spreadsheet::Sheet *sheet = m_request.overwriteSheet && QFileInfo::exists(m_request.path) ? openSheet()
-                                                                                                  : nullptr;
-        if (!sheet) {
-            sheet = m_book.addSheet(m_request.sheet);
-        }
-        if (!sheet) {
-            m_error = refusalText(m_shownPath, m_request.sheet);
+        if (!openSheet()) {
             return false;
         }
-        writeRows(*sheet);
+        if (!m_sheet) {
+            m_sheet = m_book.addSheet(m_request.sheet);
+        }
+        if (!m_sheet) {
+            return fail(refusalText(m_shownPath, m_request.sheet));
+        }
+        writeRows();
         if (!m_book.save(m_request.path)) {
             const QString text = QStringLiteral("Unable to save to '%1'. If this file is already open, close it and "
                                                 "click the write to file button in the 'Data' tab.");
-            m_error = text.arg(m_shownPath);
-            return false;
+            return fail(ExcelMessages::withReason(text.arg(m_shownPath), m_book.errorMessage()));
         }
-        m_warnings += m_book.warnings();
+        m_report.warnings += m_book.warnings();
         return true;
     }
 
 private:
-    /// The sheet of the file that is there, ready to be written to from m_nextRow on; null when there is none.
-    spreadsheet::Sheet *openSheet()
+    bool fail(const QString &error)
     {
-        if (!m_book.load(m_request.path)) {
-            if (QFileInfo(m_request.path).size() > 0) {
-                m_warnings.append(QStringLiteral("Unable to load Excel workbook '%1' information.").arg(m_shownPath));
-            }
-            return nullptr;
-        }
-        const int index = ExcelBook::indexOfSheet(m_book, m_request.sheet, Qt::CaseSensitive);
-        spreadsheet::Sheet *sheet = m_book.getSheet(index);
-        if (!sheet) {
-            return nullptr;
-        }
-        if (m_request.append) {
-            m_nextRow = sheet->lastRow();
-        } else {
-            empty(*sheet, m_book.kind());
-        }
-        return sheet;
+        m_report.error = error;
+        return false;
     }
 
-    void writeRows(spreadsheet::Sheet &sheet)
+    /// Finds the sheet in the file that is there, ready to be written to from m_nextRow on. False when the file can't
+    /// be read: what else it holds would be lost.
+    bool openSheet()
+    {
+        const QFileInfo file(m_request.path);
+        if (!m_request.overwriteSheet || !file.isFile() || file.size() == 0) {
+            return true;
+        }
+        if (!m_book.load(m_request.path)) {
+            return fail(ExcelMessages::notLoaded(m_request.path, m_book.errorMessage()));
+        }
+        const int index = ExcelBook::indexOfSheet(m_book, m_request.sheet, Qt::CaseSensitive);
+        m_sheet = m_book.getSheet(index);
+        if (!m_sheet) {
+            const bool isDamaged = m_book.sheetType(index) == 0;
+            return !isDamaged || fail(ExcelMessages::notLoaded(m_request.path, m_book.errorMessage()));
+        }
+        if (m_request.append) {
+            m_nextRow = m_sheet->lastRow();
+        } else {
+            empty(*m_sheet, m_book.kind());
+        }
+        return true;
+    }
+
+    void writeRows()
     {
         const Dataset &dataset = *m_request.dataset;
-        SheetRowWriter writer(&m_book, &sheet, m_request.formats, dataset.columnCount());
+        const QStringList names = dataset.columnNames();
+        SheetRowWriter writer(&m_book, m_sheet, m_request.formats, dataset.columnCount());
         if (m_request.writeHeader) {
-            writer.writeHeader(m_nextRow++, dataset.columnNames());
+            writer.writeHeader(m_nextRow++, names);
         }
         const CellRows cells(dataset);
         for (int row = 0; row < cells.rowCount(); ++row) {
@@ -123,30 +132,32 @@ private:
             }
             writer.writeRow(m_nextRow + row, cells, row);
         }
-        m_warnings += writer.warnings();
+        m_report.warnings += writer.warnings();
+        m_report.textChanges = writer.textChanges().line(names);
     }
 
     const ExcelWriteRequest &m_request;
-    QString &m_error;
-    QStringList &m_warnings;
+    ExcelWriteReport &m_report;
     const QString m_shownPath;
     spreadsheet::Book m_book;
+    spreadsheet::Sheet *m_sheet = nullptr;
     int m_nextRow = 0;
 };
 
 } // namespace
 
-bool writeSheet(const ExcelWriteRequest &request, QString *error, QStringList *warnings)
+bool writeSheet(const ExcelWriteRequest &request, ExcelWriteReport *report)
 {
+    *report = ExcelWriteReport();
     if (request.path.trimmed().isEmpty()) {
         return false;
     }
     const WaitCursor waiting;
     try {
-        return SheetWriting(request, error, warnings).write();
+        return SheetWriting(request, report).write();
     } catch (const std::bad_alloc &) {
-        *error = QStringLiteral("Unable to open/create Excel workbook '%1'.")
-                     .arg(IONode::absoluteNativePath(request.path));
+        report->error = QStringLiteral("Unable to open/create Excel workbook '%1'.")
+                            .arg(IONode::absoluteNativePath(request.path));
         return false;
     }
 }

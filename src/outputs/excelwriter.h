@@ -19,9 +19,17 @@ struct ExcelWriteRequest
     std::function<void(int row, int rowCount)> progress;
 };
 
-/// Writes a table to a sheet of a workbook. False when nothing was written; `error` then says why, where there is more
-/// to say. `warnings` takes what could not be written as it is.
-bool writeSheet(const ExcelWriteRequest &request, QString *error, QStringList *warnings);
+/// What is to be told of a write.
+struct ExcelWriteReport
+{
+    QString error;        ///< why nothing was written, where there is more to say
+    QStringList warnings; ///< what could not be written as it is
+    QString textChanges;  ///< which columns hold texts that automatic formats changed; may be empty
+};
+
+/// Writes a table to a sheet of a workbook. False when nothing was written, and the file is as it was. A workbook whose
+/// other sheets are to stay and that can't be loaded isn't written to.
+bool writeSheet(const ExcelWriteRequest &request, ExcelWriteReport *report);
 
 /// True for a sheet without a used cell, and for one that isn't there or can't be read.
 bool isSheetEmpty(int fileType, const QString &path, const QString &sheet);

@@ -102,8 +102,8 @@ private:
     bool writeFile(QString path, QString sheet, const Dataset &dataset, const ColumnMaps &maps);
     bool writeTextFile(const QString &path, const Dataset &dataset, const JsonColumnTypes &jsonTypes);
     bool writeExcelFile(const QString &path, const QString &sheet, const Dataset &dataset, const ExcelFormats &formats);
-    bool writeSheetByMode(
-        const QString &path, const QString &sheet, const Dataset &dataset, const ExcelFormats &formats);
+    bool writeSheetByMode(const QString &path, const QString &sheet, const Dataset &dataset,
+        const ExcelFormats &formats, QString *textChanges);
     void copyTemplateStyle(const QString &path, const QString &sheet);
     bool nestsTooDeep(const QString &shownPath, const Dataset &dataset);
     bool warnOfOpenFailure(bool existed, const QString &shownPath);

@@ -59,18 +59,23 @@ bool OutputNode::writeExcelFile(
     if (!sizeWarning.isEmpty()) {
         m_warnings.append(sizeWarning);
     }
-    const bool written = writeSheetByMode(path, sheetName, dataset, formats);
+    QString textChanges;
+    const bool written = writeSheetByMode(path, sheetName, dataset, formats, &textChanges);
     if (m_options.excelFormatMode == ExcelFormatMode::Automatic) {
         m_infos += formatInfos(dataset, formats);
     }
-    if (written && m_options.useStyleTemplate) {
+    if (!textChanges.isEmpty()) {
+        m_infos.append(textChanges);
+    }
+    // Also after a write that failed: the sheet may be there from an earlier one.
+    if (m_options.useStyleTemplate) {
         copyTemplateStyle(path, sheetName);
     }
     return written;
 }
 
-bool OutputNode::writeSheetByMode(
-    const QString &path, const QString &sheet, const Dataset &dataset, const ExcelFormats &formats)
+bool OutputNode::writeSheetByMode(const QString &path, const QString &sheet, const Dataset &dataset,
+    const ExcelFormats &formats, QString *textChanges)
 {
     const bool existed = QFileInfo::exists(path);
     ExcelWriteRequest request;
@@ -85,14 +90,18 @@ bool OutputNode::writeSheetByMode(
     request.dataset = &dataset;
     request.formats = formats;
     request.progress = [this](int row, int rowCount) { reportRow(row, rowCount); };
-    QString error;
-    if (writeSheet(request, &error, &m_warnings)) {
-        m_infos.append(doneText(request, existed));
-        return true;
+    ExcelWriteReport report;
+    const bool written = writeSheet(request, &report);
+    m_warnings += report.warnings;
+    if (!written) {
+        m_warnings.append(report.error.isEmpty()
+                              ? QStringLiteral("Failed to write to %1[%2]").arg(absoluteNativePath(path), sheet)
+                              : report.error);
+        return false;
     }
-    m_warnings.append(
-        error.isEmpty() ? QStringLiteral("Failed to write to %1[%2]").arg(absoluteNativePath(path), sheet) : error);
-    return false;
+    *textChanges = report.textChanges;
+    m_infos.append(doneText(request, existed));
+    return true;
 }
 
 void OutputNode::copyTemplateStyle(const QString &path, const QString &sheet)

@@ -22,6 +22,7 @@ SheetRowWriter::SheetRowWriter(
     : m_book(book)
     , m_sheet(sheet)
     , m_columns(static_cast<size_t>(columnCount))
+    , m_textChanges(formats, columnCount)
     , m_maxRows(maxRows(book->kind()))
     , m_maxColumns(maxColumns(book->kind()))
     , m_general(addFormat(generalNumber))
@@ -126,7 +127,11 @@ bool SheetRowWriter::writeBoolean(int row, int column, const Cell &cell)
 {
     bool isBoolean = false;
     const bool value = parseBoolean(cell.text(), true, true, &isBoolean);
-    return isBoolean && m_sheet->writeBool(row, column, value);
+    if (!isBoolean || !m_sheet->writeBool(row, column, value)) {
+        return false;
+    }
+    m_textChanges.noteBoolean(column, cell);
+    return true;
 }
 
 bool SheetRowWriter::writeDate(int row, int column, const Cell &cell)
@@ -141,7 +146,11 @@ bool SheetRowWriter::writeNumber(int row, int column, const Cell &cell)
 {
     bool isNumber = false;
     const double value = m_numbers.read(cell, &isNumber);
-    return isNumber && m_sheet->writeNum(row, column, value, m_general);
+    if (!isNumber || !m_sheet->writeNum(row, column, value, m_general)) {
+        return false;
+    }
+    m_textChanges.noteNumber(column, cell, value);
+    return true;
 }
 
 bool SheetRowWriter::writeFormula(int row, int column, const Cell &cell)
@@ -153,9 +162,13 @@ bool SheetRowWriter::writeFormula(int row, int column, const Cell &cell)
 bool SheetRowWriter::writeTime(int row, int column, const Cell &cell)
 {
     const QTime time = parseTime(cell.text());
-    return time.isValid()
-           && m_sheet->writeNum(
-               row, column, m_book->datePack(0, 0, 0, time.hour(), time.minute(), time.second(), time.msec()), m_time);
+    if (!time.isValid()
+        || !m_sheet->writeNum(
+            row, column, m_book->datePack(0, 0, 0, time.hour(), time.minute(), time.second(), time.msec()), m_time)) {
+        return false;
+    }
+    m_textChanges.noteTime(column, cell);
+    return true;
 }
 
 void SheetRowWriter::writeHyperlink(int row, int column, const Cell &cell)

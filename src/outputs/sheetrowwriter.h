@@ -4,6 +4,7 @@
 #include "data/dateparser.h"
 #include "data/numberreader.h"
 #include "outputs/excelformats.h"
+#include "outputs/textchanges.h"
 
 #include <QByteArray>
 #include <memory>
@@ -34,6 +35,8 @@ public:
 
     /// Lines that tell of what was left out or changed.
     QStringList warnings() const;
+    /// Which columns hold texts that became other values by themselves.
+    const TextChanges &textChanges() const { return m_textChanges; }
 
 private:
     struct Column
@@ -57,6 +60,7 @@ private:
     spreadsheet::Book *m_book;
     spreadsheet::Sheet *m_sheet;
     std::vector<Column> m_columns;
+    TextChanges m_textChanges;
     NumberReader m_numbers{false, false};
     const int m_maxRows;
     const int m_maxColumns;

@@ -122,6 +122,46 @@ TEST_P(ExcelNodeTest, FormatsAreToldWhenTheyWereFound)
     EXPECT_EQ(shownBook(flow.out), (QStringList{"Data", "'n/49|'t/49", "'1|'x"}));
 }
 
+TEST_P(ExcelNodeTest, TellsWhichColumnsAutomaticFormatsChange)
+{
+    ExcelFlow flow(GetParam(), grid({"zip|n|start|on|name", "7|1|1:30|True|x", "007|1.5|2:00|false|y"}));
+    const QString line =
+        "Automatic formats change texts in 2 columns: 'zip' ('007' to a number), 'start' ('1:30' to a time)";
+    EXPECT_EQ(flow.run(), NodeState::Processed);
+    EXPECT_EQ(flow.output->infos().last(), line);
+    flow.changeOptions([](OutputOptions &o) { o.excelFormatMode = ExcelFormatMode::Manual; });
+    EXPECT_EQ(flow.run(), NodeState::Processed);
+    EXPECT_EQ(flow.output->infos().last(), line) << "where nothing was chosen by hand either";
+    const Dataset &table = flow.input->datasetConst();
+    flow.output->columns().setExcelFormats({{table.columnId(ColumnIndex(0)), ExcelColumnFormat::Number},
+        {table.columnId(ColumnIndex(2)), ExcelColumnFormat::Time}});
+    EXPECT_EQ(flow.run(), NodeState::Processed);
+    EXPECT_EQ(flow.withNames(flow.output->infos()), QStringList("Overwrote sheet 'OUT[Data]'"));
+}
+
+TEST_P(ExcelNodeTest, TriesTheTemplateAfterAFailureToo)
+{
+    ExcelFlow flow(GetParam());
+    ASSERT_EQ(flow.run(), NodeState::Processed);
+    spreadsheet::Book book(kindOfPath(flow.out));
+    book.addSheet("Look")->setCol(0, 44, false);
+    const QString file = QString("model.%1").arg(GetParam());
+    ASSERT_TRUE(book.save(flow.path(file)));
+    flow.output->setPath(flow.out, "DATA"); // the writer tells it from "Data", a workbook doesn't
+    flow.changeOptions([&](OutputOptions &o) {
+        o.useStyleTemplate = true;
+        o.styleTemplatePath = flow.path(file) + "[Look]";
+    });
+    EXPECT_EQ(flow.run(), NodeState::Failed);
+    EXPECT_EQ(flow.withNames(flow.output->warnings()), QStringList("Unable to add sheet to 'OUT'."));
+    EXPECT_EQ(flow.withNames(flow.output->infos()).last(), "Copied styling from 'DIR/" + file + "[Look]'");
+    EXPECT_EQ(shownBook(flow.out), QStringList("Data") + oneRow);
+    flow.output->setPath(flow.path("none/out.xlsx"), "Data");
+    EXPECT_EQ(flow.run(), NodeState::Failed);
+    EXPECT_EQ(flow.withNames(flow.output->warnings()).last(),
+        "Unable to copy styling from 'DIR/" + file + "[Look]: Unable to read 'DIR/none/out.xlsx'.");
+}
+
 TEST(ExcelNode, ATableThatIsTooLargeIsWrittenAsFarAsItFits)
 {
     Dataset table;

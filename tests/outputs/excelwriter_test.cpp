@@ -4,11 +4,13 @@
 #include "settings/filetypes.h"
 #include "sheetview.h"
 #include "support/grid.h"
+#include "support/scopeduser.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -30,9 +32,17 @@ protected:
     }
     bool write(const ExcelWriteRequest &request)
     {
-        m_error.clear();
-        m_warnings.clear();
-        return writeSheet(request, &m_error, &m_warnings);
+        ExcelWriteReport report;
+        const bool written = writeSheet(request, &report);
+        m_error = report.error;
+        m_warnings = report.warnings;
+        return written;
+    }
+    QString notSaved(const QString &name, const QString &reason) const
+    {
+        return QString("Unable to save to 'DIR/%1.%2'. If this file is already open, close it and click the write to "
+                       "file button in the 'Data' tab.\nError: %3")
+            .arg(name, GetParam(), reason);
     }
     /// A file with the sheets "First" and "Data".
     void writeTwoSheets()
@@ -156,25 +166,85 @@ TEST_P(ExcelWriterTest, TellsWhatWentWrongWithTheFile)
 {
     const Dataset dataset = grid({"x", "7"});
     EXPECT_FALSE(write(request(dataset, "none/out")));
-    EXPECT_EQ(withDir(m_error), QString("Unable to save to 'DIR/none/out.%1'. If this file is already open, close it "
-                                        "and click the write to file button in the 'Data' tab.")
-                                    .arg(GetParam()));
+    EXPECT_EQ(withDir(m_error), notSaved("none/out", "The folder doesn't exist"));
     ExcelWriteRequest blank = request(dataset);
     blank.path = " ";
     EXPECT_FALSE(write(blank));
     EXPECT_EQ(m_error, "");
+}
 
+TEST_P(ExcelWriterTest, NeverReplacesADeviceOrAPipe)
+{
+    const Dataset dataset = grid({"x", "7"});
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
+    ASSERT_TRUE(QFile::link(path("pipe"), path("link")));
+    for (const char *name : {"pipe", "link"}) {
+        for (const bool overwriteSheet : {false, true}) {
+            SCOPED_TRACE(name);
+            ExcelWriteRequest one = request(dataset, name);
+            one.overwriteSheet = overwriteSheet;
+            one.append = overwriteSheet;
+            EXPECT_FALSE(write(one));
+            EXPECT_EQ(withDir(m_error), notSaved(name, "It is a device or a pipe, and only files can be replaced"));
+        }
+    }
+    spreadsheet::Book book(kindOfPath(path("pipe")));
+    EXPECT_FALSE(book.load(path("pipe"))) << "nor does it wait for what comes out of it";
+    struct stat status;
+    ASSERT_EQ(::lstat(QFile::encodeName(path("pipe")).constData(), &status), 0);
+    EXPECT_TRUE(S_ISFIFO(status.st_mode));
+}
+
+TEST_P(ExcelWriterTest, NeverReplacesAWorkbookThatItCannotLoad)
+{
+    const Dataset dataset = grid({"x", "7"});
     QFile file(path("broken"));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("no workbook");
     file.close();
     ExcelWriteRequest over = request(dataset, "broken");
     over.overwriteSheet = true;
-    EXPECT_TRUE(write(over));
-    EXPECT_EQ(m_warnings.size(), 1);
-    EXPECT_EQ(withDir(m_warnings.value(0)),
-        QString("Unable to load Excel workbook 'DIR/broken.%1' information.").arg(GetParam()));
+    for (const bool append : {false, true}) {
+        over.append = append;
+        EXPECT_FALSE(write(over));
+        const QString text = QString("Unable to load Excel workbook 'DIR/broken.%1' information.\nError: ")
+                                 .arg(GetParam());
+        EXPECT_EQ(withDir(m_error).left(text.size()), text);
+        EXPECT_GT(withDir(m_error).size(), text.size()) << "with a reason";
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_EQ(file.readAll(), "no workbook");
+        file.close();
+    }
+    over.overwriteSheet = over.append = false;
+    EXPECT_TRUE(write(over)) << "a whole file is replaced whatever it was";
     EXPECT_EQ(shownBook(path("broken")), (QStringList{"Data", "'x/49", "'7/49"}));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.close();
+    over.overwriteSheet = true;
+    EXPECT_TRUE(write(over)) << "an empty file is as good as none";
+    EXPECT_EQ(shownBook(path("broken")), (QStringList{"Data", "'x/49", "'7/49"}));
+}
+
+TEST_P(ExcelWriterTest, WritesIntoAClosedFolderWhereTheFileIsOpen)
+{
+    writeTwoSheets();
+    const Dataset dataset = grid({"x", "7"});
+    const QByteArray folder = QFile::encodeName(m_dir.path());
+    ASSERT_EQ(::chmod(folder.constData(), 0555), 0);
+    ASSERT_EQ(::chmod(QFile::encodeName(path("out")).constData(), 0666), 0);
+    {
+        const ScopedUser user;
+        ASSERT_TRUE(user.isBound());
+        ExcelWriteRequest one = request(dataset);
+        one.overwriteSheet = one.append = true;
+        one.writeHeader = false;
+        EXPECT_TRUE(write(one)) << m_error.toStdString();
+        EXPECT_FALSE(write(request(dataset, "new")));
+        EXPECT_EQ(withDir(m_error), notSaved("new", "The folder can't be written"));
+    }
+    EXPECT_EQ(shownBook(path("out")).last(), "'7/49||");
+    EXPECT_EQ(shownBook(path("out"), false), (QStringList{"First", "Data"}));
+    ::chmod(folder.constData(), 0700);
 }
 
 TEST_P(ExcelWriterTest, AWriteThatIsBrokenOffLeavesTheFile)

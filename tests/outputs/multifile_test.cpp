@@ -62,6 +62,11 @@ TEST(MultiFileTargets, SayWhereEachRowGoes)
         {"case tells files apart", {"a.csv", "A.csv"}, {"{dir}/a.csv: 0", "{dir}/A.csv: 1"}, {}},
         {"each sheet is a target", {"x.xlsx[a]", "x.xlsx[b]", "x.xlsx", "x[1].xlsx[a]"},
             {"{dir}/x.xlsx[a]: 0", "{dir}/x.xlsx[b]: 1", "{dir}/x.xlsx: 2", "{dir}/x[1].xlsx[a]: 3"}, {}},
+        {"a slash in a sheet is for the workbook to refuse", {"x.xlsx[Q1/Q2]", "sub\\x.xlsx[Q1\\Q2]", "sub/[a]/x"},
+            {"{dir}/x.xlsx[Q1/Q2]: 0", "{dir}/sub/x.xlsx[Q1\\Q2]: 1"},
+            {"Folder does not exist for 'sub/[a]/x' at row 3"}},
+        {"brackets that end elsewhere are of the file", {"sub/y[a]z]", "sub/]"},
+            {"{dir}/sub/y[a]z]: 0", "{dir}/sub/]: 1"}, {}},
         {"rows without a file name are left out", {"", " ", "sub/", "C:\\", "[s]", "a.csv"}, {"{dir}/a.csv: 5"},
             {"Empty value for row 1", "Empty value for row 2", "no file name for row 3", "no file name for row 4",
                 "No file name for '[s]' at row 5"}},
@@ -175,6 +180,22 @@ TEST(OutputNode, WritesManySheetsOfOneWorkbook)
         << "formats are those of the whole table";
     EXPECT_EQ(flow.output->infos().last(), QString("2 file(s) written"));
     EXPECT_EQ(flow.output->writtenFiles(), QSet<QString>{flow.path("w.xlsx")});
+}
+
+TEST(OutputNode, LeavesAWorkbookThatCantBeLoadedAmongMany)
+{
+    MultiFlow flow({"a|file", "1|bad.xlsx[s]", "2|good.xlsx[s]", "3|bad.xlsx[t]", "4|good.xlsx[Q1/Q2]"});
+    flow.output->setFileType(FileType::ExcelXlsx);
+    flow.put("bad.xlsx", "no workbook");
+    EXPECT_EQ(flow.run(), NodeState::Processed);
+    EXPECT_EQ(flow.bytes("bad.xlsx"), "no workbook");
+    EXPECT_EQ(shownBook(flow.path("good.xlsx")), (QStringList{"s", "'a/49", "2"}));
+    const QString unloaded = "Unable to load Excel workbook '" + flow.path("bad.xlsx")
+                             + "' information.\nError: The file is not an .xlsx workbook or is damaged";
+    EXPECT_EQ(flow.output->warnings(),
+        (QStringList{unloaded, unloaded,
+            "Unable to add sheet to '" + flow.path("good.xlsx") + "'.\n'/' is not allowed in Excel sheet names."}));
+    EXPECT_EQ(flow.output->infos().last(), QString("1 file(s) written"));
 }
 
 TEST(OutputNode, WritesNothingWithoutAFilesColumn)
