@@ -1,116 +1,111 @@
 #include "data/columnprofile.h"
 
-#include "data/dataset.h"
+#include "data/cellcolumn.h"
 #include "data/dateparser.h"
 #include "data/numberreader.h"
-#include "data/rowkeyindex.h"
+#include "data/textcoding.h"
 #include "data/values.h"
 
 #include <algorithm>
 #include <cmath>
 #include <memory>
 
-namespace {
-
 /// Reads each different text once and counts it as often as it comes.
-class Profiler
+class ColumnProfiler
 {
 public:
-    Profiler(ColumnProfile &profile, const CellColumn &column)
+    ColumnProfiler(ColumnProfile &profile, const CellColumn &column)
         : m_profile(profile)
         , m_column(column)
+        , m_values(profile.m_values)
         , m_reader(false, true)
+        , m_facts(static_cast<size_t>(m_values.distinct()))
     {
         if (!profile.m_dateFormat.isEmpty()) {
             m_dates = std::make_unique<DateParser>(profile.m_dateFormat);
         }
+        profile.m_metricsOfValue.assign(m_facts.size(), 0);
     }
 
     void run(bool withNumbers)
     {
-        countTexts();
-        std::vector<double> numbers(m_counts.size(), std::numeric_limits<double>::quiet_NaN());
-        for (size_t text = 0; text < m_counts.size(); ++text) {
-            add(m_column.at(m_firstRows[text]), m_counts[text], numbers[text]);
+        for (int value = 0; value < m_values.distinct(); ++value) {
+            add(value, m_column.at(m_values.firstRow(value)), m_values.count(value));
         }
         if (withNumbers) {
-            for (int text : m_textOfRow) {
-                const double number = numbers[static_cast<size_t>(text)];
-                if (!std::isnan(number)) {
-                    m_profile.m_numbers.add(number);
-                }
-            }
+            listNumbers();
         }
-        std::sort(m_days.begin(), m_days.end());
-        const auto end = std::unique(m_days.begin(), m_days.end());
-        m_profile.m_distinctDates = static_cast<int>(end - m_days.begin());
-        if (!m_days.empty()) {
-            m_profile.m_minDate = QDate::fromJulianDay(m_days.front());
-            m_profile.m_maxDate = QDate::fromJulianDay(*(end - 1));
+        listDays();
+        for (int value = 0; value < m_values.distinct(); ++value) {
+            markExtremes(value);
         }
     }
 
 private:
-    void countTexts()
+    /// What a text was read as.
+    struct Facts
     {
-        constexpr int announced = 32;
-        const int rowCount = m_column.size();
-        RowKeyIndex index({m_column.cells.constData()});
-        m_textOfRow.reserve(static_cast<size_t>(rowCount));
-        for (int row = 0; row < rowCount; ++row) {
-            if (row % announced == 0) {
-                index.announce(row, std::min(row + announced, rowCount));
-            }
-            const int text = index.add(row);
-            m_textOfRow.push_back(text);
-            m_counts.resize(static_cast<size_t>(index.size()), 0);
-            ++m_counts[static_cast<size_t>(text)];
-        }
-        int most = 0;
-        for (int text = 0; text < index.size(); ++text) {
-            m_firstRows.push_back(index.firstRow(text));
-            const int count = m_counts[static_cast<size_t>(text)];
-            ++(count == 1 ? m_profile.m_unique : m_profile.m_duplicated);
-            if (count > most) {
-                most = count;
-                m_profile.m_mostFrequent = m_firstRows.back();
-            }
-        }
-        m_profile.m_distinct = index.size();
+        int length = 0;
+        double number = std::numeric_limits<double>::quiet_NaN();
+        qint64 julianDay = noDay;
+    };
+    static constexpr qint64 noDay = std::numeric_limits<qint64>::min();
+
+    Facts &factsOf(int value) { return m_facts[static_cast<size_t>(value)]; }
+
+    void mark(int value, ProfileMetric metric, bool applies = true)
+    {
+        m_profile.m_metricsOfValue[static_cast<size_t>(value)] |= applies ? 1U << static_cast<int>(metric) : 0U;
     }
 
-    /// Books a text that comes `count` times; `number` takes its value if it has one.
-    void add(const Cell &cell, int count, double &number)
+    void countAs(int value, ProfileMetric metric, int &counter, int count)
+    {
+        counter += count;
+        mark(value, metric);
+    }
+
+    void add(int value, const Cell &cell, int count)
     {
         const int length = TextCoding::unitCount(cell.bytes(), cell.size());
+        factsOf(value).length = length;
         m_profile.m_minLength = std::min(m_profile.m_minLength, length);
         if (cell.isEmpty()) {
-            m_profile.m_empty += count;
+            countAs(value, ProfileMetric::Empty, m_profile.m_empty, count);
             return;
         }
-        m_profile.m_nonEmpty += count;
+        countAs(value, ProfileMetric::NonEmpty, m_profile.m_nonEmpty, count);
         m_profile.m_minLengthNonEmpty = std::min(m_profile.m_minLengthNonEmpty, length);
         m_profile.m_maxLength = std::max(m_profile.m_maxLength, length);
         m_profile.m_lengthSum += static_cast<qint64>(length) * count;
         bool ok = false;
-        const double value = m_reader.read(cell, &ok);
+        const double number = m_reader.read(cell, &ok);
         if (ok) {
-            number = value;
-            addNumber(value, count);
+            addNumber(value, number, count);
         } else if (isBoolean(cell)) {
-            m_profile.m_boolean += count;
-        } else if (!addDate(cell, count)) {
-            m_profile.m_text += count;
+            countAs(value, ProfileMetric::Boolean, m_profile.m_boolean, count);
+        } else if (!addDate(value, cell, count)) {
+            countAs(value, ProfileMetric::Text, m_profile.m_text, count);
         }
     }
 
-    void addNumber(double value, int count)
+    void addNumber(int value, double number, int count)
     {
-        m_profile.m_numeric += count;
-        (std::floor(value) == std::ceil(value) ? m_profile.m_integer : m_profile.m_real) += count;
-        (value < 0 ? m_profile.m_negative : value > 0 ? m_profile.m_positive : m_profile.m_zero) += count;
-        m_profile.m_minNumber = std::min(m_profile.m_minNumber, value);
-        m_profile.m_maxNumber = std::max(m_profile.m_maxNumber, value);
+        factsOf(value).number = number;
+        countAs(value, ProfileMetric::Numeric, m_profile.m_numeric, count);
+        if (std::floor(number) == std::ceil(number)) {
+            countAs(value, ProfileMetric::Integer, m_profile.m_integer, count);
+        } else {
+            countAs(value, ProfileMetric::Real, m_profile.m_real, count);
+        }
+        if (number < 0) {
+            countAs(value, ProfileMetric::Negative, m_profile.m_negative, count);
+        } else if (number > 0) {
+            countAs(value, ProfileMetric::Positive, m_profile.m_positive, count);
+        } else {
+            countAs(value, ProfileMetric::Zero, m_profile.m_zero, count);
+        }
+        m_profile.m_minNumber = std::min(m_profile.m_minNumber, number);
+        m_profile.m_maxNumber = std::max(m_profile.m_maxNumber, number);
     }
 
     static bool isBoolean(const Cell &cell)
@@ -120,37 +115,112 @@ private:
         return ok;
     }
 
-    bool addDate(const Cell &cell, int count)
+    bool addDate(int value, const Cell &cell, int count)
     {
         const QDate date = m_dates ? m_dates->parse(cell) : QDate();
         if (!date.isValid()) {
             return false;
         }
-        m_profile.m_date += count;
-        m_days.push_back(date.toJulianDay());
+        countAs(value, ProfileMetric::Date, m_profile.m_date, count);
+        factsOf(value).julianDay = date.toJulianDay();
+        m_profile.m_days.push_back({date.toJulianDay(), value});
         return true;
+    }
+
+    void listNumbers()
+    {
+        for (int position = 0; position < m_values.rowCount(); ++position) {
+            const double number = factsOf(m_values.valueAt(position)).number;
+            if (!std::isnan(number)) {
+                m_profile.m_numbers.add(number);
+            }
+        }
+    }
+
+    void listDays()
+    {
+        auto &days = m_profile.m_days;
+        std::sort(days.begin(), days.end(), [](const auto &a, const auto &b) {
+            return a.julianDay != b.julianDay ? a.julianDay < b.julianDay : a.value < b.value;
+        });
+        if (!days.empty()) {
+            m_profile.m_minDate = QDate::fromJulianDay(days.front().julianDay);
+            m_profile.m_maxDate = QDate::fromJulianDay(days.back().julianDay);
+        }
+        m_profile.m_distinctDates = m_profile.distinctDates().size();
+    }
+
+    void markExtremes(int value)
+    {
+        const Facts &facts = factsOf(value);
+        mark(value, ProfileMetric::MinLength, facts.length == m_profile.m_minLength);
+        mark(value, ProfileMetric::MinLengthNonEmpty, facts.length == m_profile.m_minLengthNonEmpty);
+        mark(value, ProfileMetric::MaxLength, facts.length == m_profile.m_maxLength);
+        mark(value, ProfileMetric::MinNumber, facts.number == m_profile.m_minNumber);
+        mark(value, ProfileMetric::MaxNumber, facts.number == m_profile.m_maxNumber);
+        if (facts.julianDay != noDay) {
+            mark(value, ProfileMetric::MinDate, facts.julianDay == m_profile.m_minDate.toJulianDay());
+            mark(value, ProfileMetric::MaxDate, facts.julianDay == m_profile.m_maxDate.toJulianDay());
+        }
     }
 
     ColumnProfile &m_profile;
     const CellColumn &m_column;
+    const ValueFrequencies &m_values;
     const NumberReader m_reader;
     std::unique_ptr<DateParser> m_dates;
-    std::vector<int> m_textOfRow;
-    std::vector<int> m_firstRows;
-    std::vector<int> m_counts;
-    std::vector<qint64> m_days;
+    std::vector<Facts> m_facts;
 };
 
-} // namespace
-
-ColumnProfile columnProfile(
-    const Dataset &dataset, ColumnIndex column, const QStringList &dateFormats, bool withNumbers)
+QList<QDate> ColumnProfile::distinctDates() const
 {
-    constexpr int sampledDates = 50;
-    ColumnProfile profile;
-    if (!dateFormats.isEmpty()) {
-        dataset.isColumnDate(column, dateFormats, &profile.m_dateFormat, sampledDates);
+    QList<QDate> dates;
+    for (const DayOfValue &day : m_days) {
+        const QDate date = QDate::fromJulianDay(day.julianDay);
+        if (dates.isEmpty() || dates.constLast() != date) {
+            dates.append(date);
+        }
     }
-    Profiler(profile, dataset.column(column)).run(withNumbers);
-    return profile;
+    return dates;
+}
+
+QList<QDate> ColumnProfile::missingDates(int limit) const
+{
+    QList<QDate> missing;
+    if (m_days.empty()) {
+        return missing;
+    }
+    qint64 next = m_days.front().julianDay;
+    for (const DayOfValue &day : m_days) {
+        for (; next < day.julianDay && missing.size() < limit; ++next) {
+            missing.append(QDate::fromJulianDay(next));
+        }
+        next = day.julianDay + 1;
+    }
+    return missing;
+}
+
+QVector<int> ColumnProfile::rowsOf(ProfileMetric metric, int limit) const
+{
+    const quint32 bit = 1U << static_cast<int>(metric);
+    return m_values.rowsOf(
+        [this, bit](int value) { return (m_metricsOfValue[static_cast<size_t>(value)] & bit) != 0; }, limit);
+}
+
+QVector<int> ColumnProfile::rowsOf(const QDate &date, int limit) const
+{
+    const qint64 wanted = date.isValid() ? date.toJulianDay() : -1;
+    const auto begin = std::lower_bound(m_days.cbegin(), m_days.cend(), wanted,
+        [](const DayOfValue &day, qint64 julianDay) { return day.julianDay < julianDay; });
+    std::vector<int> values;
+    for (auto day = begin; date.isValid() && day != m_days.cend() && day->julianDay == wanted; ++day) {
+        values.push_back(day->value);
+    }
+    return m_values.rowsOf(
+        [&values](int value) { return std::binary_search(values.cbegin(), values.cend(), value); }, limit);
+}
+
+void fillColumnProfile(ColumnProfile &profile, const CellColumn &column, bool withNumbers)
+{
+    ColumnProfiler(profile, column).run(withNumbers);
 }

@@ -1,17 +1,40 @@
 #pragma once
 
-#include "data/indexes.h"
 #include "data/numberfigures.h"
+#include "data/valuefrequencies.h"
 
 #include <QDate>
 #include <QString>
 #include <QStringList>
 #include <limits>
 
-class Dataset;
+struct CellColumn;
 
-/// What the values of one column look like: counts by the kind of value, lengths, numbers and dates. A value is the
-/// first of these that it reads as: empty, number (currency symbols ignored), boolean, date, otherwise text.
+/// What rows can be looked up for in a profile; the numbers are the places in the table of metrics.
+enum class ProfileMetric {
+    Empty = 0,
+    NonEmpty = 1,
+    Numeric = 2,
+    Integer = 3,
+    Real = 4,
+    Boolean = 5,
+    Text = 6,
+    Date = 7,
+    MinLength = 8,
+    MinLengthNonEmpty = 9,
+    MaxLength = 10,
+    MinNumber = 11,
+    MaxNumber = 12,
+    Negative = 14,
+    Zero = 15,
+    Positive = 16,
+    MinDate = 17,
+    MaxDate = 18,
+};
+
+/// What the values of one column, or of some of its rows, look like: counts by the kind of value, lengths, numbers,
+/// dates, frequencies, and the rows behind each of them. A value is the first of these that it reads as: empty, number
+/// (currency symbols ignored), boolean, date, otherwise text. A value of blanks is not empty.
 struct ColumnProfile
 {
     // Counts of values
@@ -26,12 +49,6 @@ struct ColumnProfile
     int m_negative = 0;
     int m_zero = 0;
     int m_positive = 0;
-
-    // Counts of different texts
-    int m_distinct = 0;
-    int m_unique = 0;        ///< those that come once
-    int m_duplicated = 0;    ///< those that come more often
-    int m_mostFrequent = -1; ///< a row with the text that comes most often, the first of several; -1 without rows
 
     // Lengths in characters
     int m_minLength = std::numeric_limits<int>::max();
@@ -50,11 +67,32 @@ struct ColumnProfile
     QDate m_maxDate;
     int m_distinctDates = 0;
 
+    ValueFrequencies m_values;
+
     /// Days between the first and the last date, both included; 0 without dates.
     qint64 dayCount() const { return m_minDate.isValid() ? m_minDate.daysTo(m_maxDate) + 1 : 0; }
+    qint64 missingDateCount() const { return dayCount() - m_distinctDates; }
+    /// The first `limit` days between the first and the last date that no value names.
+    QList<QDate> missingDates(int limit) const;
+    /// The days that come, ascending.
+    QList<QDate> distinctDates() const;
+
+    /// The first `limit` rows behind a metric, in the order of the rows; all of them below 0.
+    QVector<int> rowsOf(ProfileMetric metric, int limit = -1) const;
+    QVector<int> rowsOf(const QDate &date, int limit = -1) const;
+
+private:
+    friend class ColumnProfiler;
+    /// A day and a number of m_values that reads as it.
+    struct DayOfValue
+    {
+        qint64 julianDay;
+        int value;
+    };
+    std::vector<quint32> m_metricsOfValue; ///< a bit for each metric
+    std::vector<DayOfValue> m_days;        ///< ascending
 };
 
-/// Reads all values of a column. Dates are looked for under the best of `dateFormats`; an empty list looks for none.
-/// The list of numbers is kept only when `withNumbers`.
-ColumnProfile columnProfile(
-    const Dataset &dataset, ColumnIndex column, const QStringList &dateFormats, bool withNumbers);
+/// Fills `profile`, whose m_values and m_dateFormat are set, from the column that was counted. The list of numbers is
+/// kept only when `withNumbers`.
+void fillColumnProfile(ColumnProfile &profile, const CellColumn &column, bool withNumbers);

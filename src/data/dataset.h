@@ -12,6 +12,7 @@
 
 class QMimeData;
 class QTextStream;
+struct ColumnProfile;
 
 /// The one table type: named columns of text cells, with an id for each column and optional drill-down and
 /// verification tables. A plain value; copies share their columns until one is written to.
@@ -206,6 +207,16 @@ public:
     enum ColumnType { Text = 0, Numeric = 1, Boolean = 2, Date = 3, Time = 4 };
     ColumnType columnType(
         ColumnIndex column, const QStringList &formats, QString *matchedFormat, bool ignoreCurrency) const;
+
+    // What a person is told about a column
+    /// Reads all values of a column, or those of `rows`. Dates are looked for under the best of `dateFormats`; an empty
+    /// list looks for none. The list of numbers is kept only when `withNumbers`.
+    void columnProfile(
+        ColumnProfile &profile, ColumnIndex column, const QStringList &dateFormats, bool withNumbers) const;
+    void columnProfile(ColumnProfile &profile, ColumnIndex column, const QVector<int> &rows,
+        const QStringList &dateFormats, bool withNumbers) const;
+    /// For each column its first `rowLimit` values in brackets, each of at most `textLimit` characters.
+    QStringList columnPreviews(int rowLimit, int textLimit) const;
 
     /// Drops what only serves while the table is being built.
     void releaseValuePools() { m_valuePools.clear(); }

@@ -2,7 +2,7 @@
 
 #include "data/cellcolumn.h"
 #include "data/indexes.h"
-#include "data/realwriter.h"
+#include "data/profilelines.h"
 
 #include <QStringList>
 
@@ -20,8 +20,10 @@ public:
     QStringList texts(const Dataset &dataset, ColumnIndex column) const;
 
 private:
-    bool m_withDates;
+    QString mostFrequent(const ColumnProfile &profile, const CellColumn &column) const;
+
+    QVector<ProfileLine> m_lines;
     bool m_withStatistics;
     QStringList m_dateFormats;
-    RealWriter m_writer;
+    ProfileWriter m_writer;
 };
