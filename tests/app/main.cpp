@@ -1,6 +1,7 @@
 #include "app/application.h"
 #include "app/runlog.h"
 #include "settings/settings.h"
+#include "support/testenvironment.h"
 
 #include <QLocale>
 #include <QTemporaryDir>
@@ -11,7 +12,7 @@ int main(int argc, char **argv)
 {
     testing::InitGoogleTest(&argc, argv);
     const QTemporaryDir folder;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    prepareTestEnvironment();
     qputenv("XDG_CONFIG_HOME", folder.filePath(QStringLiteral("config")).toUtf8());
     qputenv("TMPDIR", folder.path().toUtf8());
     RunLog::installMessageHandler(true);
