@@ -5,9 +5,9 @@
 
 #include <ctime>
 
-/// Gives every test program the same surroundings, whoever starts it: no display, a UTF-8 locale without a country, UTC,
-/// and the hash seed of the program. QT_HASH_SEED asks for another seed, with which everything has to hold too. Called
-/// before the application object is made.
+/// Gives every test program the same surroundings, whoever starts it: no display, a UTF-8 locale without a country,
+/// UTC, and the hash seed of the program. QT_HASH_SEED asks for another seed, with which everything has to hold too.
+/// Called before the application object is made.
 inline void prepareTestEnvironment()
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
