@@ -264,6 +264,33 @@ TEST_F(XlsEdit, SavingTwiceGivesTheSame)
     EXPECT_FALSE(book.errorMessage().isEmpty());
 }
 
+TEST_F(XlsEdit, TextResultsKeepTheirPairsWhole)
+{
+    // Behind three bytes of head there is room for an odd number of characters, further on for an even one.
+    const QString text = QString::fromUtf8("\U0001F600").repeated(4000) + QStringLiteral("x")
+                         + QString::fromUtf8("\U0001F600").repeated(4000);
+    constexpr int inRecord = 4000;
+    XlsTestBook made;
+    made.globals = record(RecordId::Font, words({200, 0, 8, 400, 0, 0, 0x0100, 0x0041})) + formatRecord();
+    QByteArray result = record(RecordId::String,
+        words({unsigned(text.size())}) + '\1' + QByteArray(reinterpret_cast<const char *>(text.utf16()), inRecord * 2));
+    for (int at = inRecord; at < text.size(); at += inRecord) {
+        const int size = qMin(inRecord, text.size() - at);
+        result += record(RecordId::Continue,
+            QByteArray(1, '\1') + QByteArray(reinterpret_cast<const char *>(text.utf16() + at), size * 2));
+    }
+    const QByteArray textFollows = QByteArray(6, '\0') + words({0xFFFF});
+    const QByteArray tokens = QByteArray::fromHex("17010078"); // "x"
+    made.sheets = {{"S",
+        record(RecordId::Formula, words({0, 0, 0}) + textFollows + words({0, 0, 0, unsigned(tokens.size())}) + tokens)
+            + result}};
+    load(made.stream());
+    data->writeNum(1, 0, 1);
+    save();
+    EXPECT_TRUE(read.getSheet(0)->isFormula(0, 0));
+    EXPECT_EQ(read.getSheet(0)->readStr(0, 0), text);
+}
+
 TEST_F(XlsEdit, ManyTextsBehindThoseOfTheFile)
 {
     for (int row = 10; row < 3000; ++row) {

@@ -117,6 +117,9 @@ private:
         }
         const std::vector<TextPlace> places = sharedTextPlaces(m_texts, m_textCount);
         expect(places.size() == m_textCount + 1, "texts are cut");
+        for (size_t i = 1; i < m_texts.size(); ++i) {
+            expect(!isPairCut(m_texts[i - 1], m_texts[i]), "a surrogate pair is cut", static_cast<quint32>(i));
+        }
         expect(m_texts.front().u32(0) >= 1 || m_textCount == 0, "no use of texts");
         const quint32 step = m_textIndex.u16(0);
         expect(step >= 8 && m_textIndex.size == 2 + (m_textCount + step - 1) / step * 8, "index of the wrong size");
@@ -128,14 +131,24 @@ private:
         }
     }
 
+    /// Readers take the characters of each record for themselves.
+    static bool isPairCut(const Record &record, const Record &next)
+    {
+        return record.size >= 2 && QChar::isHighSurrogate(record.u16(record.size - 2)) && next.u8(0) == 1
+               && QChar::isLowSurrogate(next.u16(1));
+    }
+
     void checkSheet(quint32 begin, quint32 end)
     {
         RecordReader records(bytes(), size(), begin);
         expect(records.next() && records.record().id == RecordId::Bof, "a sheet doesn't begin where it should", begin);
         int row = -1, column = -1;
         std::set<int> rows;
+        Record previous;
         while (records.next() && records.record().id != RecordId::Eof) {
             const Record &record = records.record();
+            expect(record.id != RecordId::Continue || !isPairCut(previous, record), "a surrogate pair is cut");
+            previous = record;
             if (record.id == RecordId::Bof) {
                 skipSubstream(records);
                 continue;

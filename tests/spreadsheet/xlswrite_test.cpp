@@ -131,6 +131,28 @@ TEST_F(XlsWrite, TextsOfAllLengthsComeBack)
     EXPECT_EQ(book.warnings(), QStringList());
 }
 
+TEST_F(XlsWrite, PairsStayWholeAtTheEndOfARecord)
+{
+    // Each text moves the pairs of the next one by a byte, two characters or half a record.
+    Sheet *sheet = book.addSheet(QStringLiteral("T"));
+    const QString pairs = QString::fromUtf8("\U0001F600\U00020BB7").repeated(3000);
+    QStringList texts;
+    for (int i = 0; i < 60; ++i) {
+        texts.append(QString(i % 7, QLatin1Char('x')) + pairs.mid(0, i % 2 ? 12000 : 4110) + QString::number(i));
+        texts.append(QString(i, QLatin1Char('a')));
+    }
+    for (int i = 0; i < 4200; ++i) { // borders right behind the length of a text
+        texts.append(QString::fromUtf8("\U0001F601") + QString::number(i));
+    }
+    for (int i = 0; i < texts.size(); ++i) {
+        sheet->writeStr(i, 0, texts[i]);
+    }
+    saveAndLoad();
+    for (int i = 0; i < texts.size(); ++i) {
+        ASSERT_TRUE(read.getSheet(0)->readStr(i, 0) == texts[i]) << i;
+    }
+}
+
 TEST_F(XlsWrite, TooLongTextsAreCutWithAWarning)
 {
     Sheet *sheet = book.addSheet(QStringLiteral("T"));

@@ -3,6 +3,7 @@
 #include "spreadsheet/cellreference.h"
 #include "spreadsheet/xls/compoundfile.h"
 #include "spreadsheet/xls/rkencoding.h"
+#include "spreadsheet/xls/wholecharacters.h"
 
 #include <algorithm>
 
@@ -241,7 +242,7 @@ void CellTableWriter::writeResultText(quint32 text)
 {
     const std::string_view utf8 = m_context.book.texts.text(text);
     QString result = QString::fromUtf8(utf8.data(), static_cast<int>(utf8.size()));
-    result.truncate(maxTextLength);
+    result.truncate(wholeCharacters(result.utf16(), result.size(), maxTextLength));
     const bool isWide = std::any_of(result.begin(), result.end(), [](QChar c) { return c.unicode() > 0xFF; });
     const int width = isWide ? 2 : 1;
     const QByteArray narrow = isWide ? QByteArray() : result.toLatin1();
@@ -250,7 +251,8 @@ void CellTableWriter::writeResultText(quint32 text)
     int done = 0;
     do {
         const int head = done == 0 ? headSize : 1;
-        const int count = std::min(result.size() - done, (static_cast<int>(maxRecordData) - head) / width);
+        const int room = (static_cast<int>(maxRecordData) - head) / width;
+        const int count = wholeCharacters(result.utf16() + done, result.size() - done, room);
         m_out.begin(done == 0 ? RecordId::String : RecordId::Continue);
         if (done == 0) {
             m_out.buffer().u16(static_cast<unsigned>(result.size()));

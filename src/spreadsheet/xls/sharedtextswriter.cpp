@@ -2,13 +2,15 @@
 
 #include "spreadsheet/sizes.h"
 #include "spreadsheet/xls/sharedtextslayout.h"
+#include "spreadsheet/xls/wholecharacters.h"
 
 #include <algorithm>
 
 namespace spreadsheet {
 namespace {
 
-constexpr quint32 textHeadSize = 3; // length and width
+constexpr quint32 textHeadSize = 3;         // length and width
+constexpr quint32 largestCharacterSize = 4; // a surrogate pair
 constexpr quint32 smallestStep = 8, mostBegins = 1000;
 
 bool isAscii(std::string_view text)
@@ -20,9 +22,7 @@ bool isAscii(std::string_view text)
 QString cutText(std::string_view text)
 {
     QString cut = QString::fromUtf8(text.data(), static_cast<int>(text.size()));
-    if (cut.size() > maxTextLength) {
-        cut.truncate(cut.at(maxTextLength - 1).isHighSurrogate() ? maxTextLength - 1 : maxTextLength);
-    }
+    cut.truncate(wholeCharacters(cut.utf16(), cut.size(), maxTextLength));
     return cut;
 }
 
@@ -119,7 +119,7 @@ unsigned SharedTextsWriter::room(RecordWriter &out) const
 
 void SharedTextsWriter::appendText(RecordWriter &out, std::string_view text)
 {
-    if (room(out) < textHeadSize + 2) {
+    if (room(out) < textHeadSize + largestCharacterSize) {
         out.end();
         m_recordBegin = out.position();
         out.begin(RecordId::Continue);
@@ -145,7 +145,11 @@ void SharedTextsWriter::appendPieces(RecordWriter &out, unsigned width, unsigned
 {
     out.buffer().u8(width - 1);
     for (;;) {
-        const unsigned step = std::min(count, room(out) / width);
+        unsigned step = std::min(count, room(out) / width);
+        if (width == 2) {
+            step = static_cast<unsigned>(wholeCharacters(
+                reinterpret_cast<const ushort *>(bytes), static_cast<int>(count), static_cast<int>(step)));
+        }
         out.buffer().bytes(bytes, static_cast<int>(step * width));
         bytes += step * width;
         count -= step;

@@ -1,6 +1,7 @@
 #include "spreadsheet/xls/stylerecords.h"
 
 #include "spreadsheet/xls/bytebuffer.h"
+#include "spreadsheet/xls/wholecharacters.h"
 #include "spreadsheet/xls/xlspalette.h"
 
 #include <algorithm>
@@ -55,7 +56,8 @@ QByteArray fontRecord(const FontStyle &font, XlsPalette &palette)
     out.u8(bits(font.family, 5, 0));
     out.u8(bits(font.charset, 255, 0));
     out.u8(0);
-    const QString name = font.name.isEmpty() ? QStringLiteral("Arial") : font.name.left(longestName);
+    QString name = font.name.isEmpty() ? QStringLiteral("Arial") : font.name;
+    name.truncate(wholeCharacters(name.utf16(), name.size(), longestName));
     out.u8(static_cast<unsigned>(name.size()));
     out.characters(name);
     return out.data();
