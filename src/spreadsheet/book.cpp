@@ -167,8 +167,17 @@ double Book::datePack(int year, int month, int day, int hour, int minute, int se
     return packDate({year, month, day, hour, minute, second, msec}, m_data->uses1904);
 }
 
+const QString &Book::whyUnchangeable() const
+{
+    return m_data->whyUnchangeable;
+}
+
 bool Book::save(const QString &path)
 {
+    if (!m_data->whyUnchangeable.isEmpty()) {
+        m_error = m_data->whyUnchangeable;
+        return false;
+    }
     const bool saved = m_file->save(path, *m_data);
     if (!saved) {
         m_error = m_file->error();

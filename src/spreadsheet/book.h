@@ -54,6 +54,8 @@ public:
     /// A year of 0 gives the time of day alone; -1 for dates that the book can't hold.
     double datePack(int year, int month, int day, int hour, int minute, int second, int msec) const;
 
+    /// Why this book, which was loaded, can be read but not saved, in a whole sentence; empty when it can be saved.
+    const QString &whyUnchangeable() const;
     /// False when the file can't be written, see errorMessage(); what was there before is then still there. A book
     /// without sheets can't be saved, and only a plain file is replaced. Where the folder can't be written but the file
     /// can, it is written in place: a book that was loaded from it is to be loaded anew before more is done with it.

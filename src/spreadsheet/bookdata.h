@@ -31,7 +31,8 @@ struct BookData
     std::vector<std::unique_ptr<Format>> formats; ///< by number; those of the loaded file come first
     quint32 loadedFormats = 0;
     std::vector<SheetEntry> sheets;
-    QStringList warnings; ///< what could not be kept or written as it was meant
+    QString whyUnchangeable; ///< why the loaded file can be read but not be saved with changes; empty when it can
+    QStringList warnings;    ///< what could not be kept or written as it was meant
 
     /// Null for a number that no format has.
     const Format *format(quint32 index) const { return index < formats.size() ? formats[index].get() : nullptr; }

@@ -96,6 +96,7 @@ TEST(XlsBadInput, FilesThatAreNoWorkbooks)
 {
     const QByteArray stream = variedStream();
     const QByteArray encrypted = bofRecord(5) + record(RecordId::FilePass, words({1, 1, 1})) + stream.mid(20);
+    const QString tooOld = "The workbook is of a version before 5.0 and 95, which isn't supported.";
     const QByteArray mark = QByteArray::fromHex("d0cf11e0a1b11ae1");
     struct
     {
@@ -115,12 +116,17 @@ TEST(XlsBadInput, FilesThatAreNoWorkbooks)
                        "a\0\t\0",
                 6),
             "The file is a text file, not an .xls workbook."},
-        {"a workbook before compound files", QByteArray::fromHex("0904060000001000b307cc07"),
-            "The workbook is of a version before 97, which isn't supported."},
-        {"a workbook in a stream of the version before", compoundFile(stream, "Book"),
-            "The workbook is of a version before 97, which isn't supported."},
-        {"a stream of the version before", compoundFile(bofRecord(5, 0x0500) + record(RecordId::Eof)),
-            "The workbook is of a version before 97, which isn't supported."},
+        {"a workbook before compound files", QByteArray::fromHex("0904060000001000b307cc07"), tooOld},
+        {"a stream of version 4", compoundFile(bofRecord(5, 0x0400) + record(RecordId::Eof)), tooOld},
+        {"a stream that begins as those of version 3 do", compoundFile(QByteArray::fromHex("09020600000010000000")),
+            tooOld},
+        {"a workbook without sheets", compoundFile(bofRecord(5) + record(RecordId::Eof)),
+            "The workbook is damaged: it has no sheets."},
+        {"an older workbook without sheets", compoundFile(bofRecord(5, 0x0500) + record(RecordId::Eof), "Book"),
+            "The workbook is damaged: it has no sheets."},
+        {"an older workbook in letters that nobody knows",
+            compoundFile(bofRecord(5, 0x0500) + record(RecordId::CodePage, words({1361})), "Book"),
+            "The workbook's texts are in code page 1361, which isn't supported."},
         {"another compound file", compoundFile(stream, "WordDocument"), "The file holds no workbook."},
         {"an encrypted workbook", compoundFile(encrypted), "The workbook is encrypted."},
         {"an encrypted package", compoundFile("x", "EncryptedPackage"), "The workbook is encrypted."},

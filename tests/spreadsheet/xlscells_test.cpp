@@ -174,9 +174,12 @@ TEST(XlsCells, FormulasKeepResultAndRecords)
         {"an expression in two records", real(1), continued, {}, CellType::Number, 1, {}},
         {"an array formula in two records", real(1), array + continued, {}, CellType::Number, 1, {}},
     };
+    const RecordId ids[] = {RecordId::Formula, RecordId::FormulaOfVersion3, RecordId::FormulaOfVersion4};
+    int count = 0;
     for (const auto &c : cases) {
         SCOPED_TRACE(c.what);
-        const QByteArray formula = record(RecordId::Formula, formulaData(1, 1, c.result, "tokens")) + c.kept;
+        const RecordId id = ids[count++ % 3];
+        const QByteArray formula = record(id, formulaData(1, 1, c.result, "tokens")) + c.kept;
         const QByteArray next = record(RecordId::Number, cellHead(1, 2) + real(77));
         const auto loaded = LoadedXls::sheet(formula + c.behind + next);
         Sheet *sheet = loaded->first();

@@ -1,6 +1,7 @@
 #include "xlstestbook.h"
 
 #include "spreadsheet/xls/compoundfile.h"
+#include "spreadsheet/xls/substreams.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -54,16 +55,20 @@ QByteArray formatRecord(unsigned font, unsigned numberFormat)
 
 QByteArray XlsTestBook::stream() const
 {
-    const auto named = [](const TestSheet &sheet, int offset) {
+    const auto named = [this](const TestSheet &sheet, int offset) {
         ByteBuffer data;
         data.u32(static_cast<quint32>(offset));
         data.u8(0);
         data.u8(sheet.type);
         data.u8(static_cast<unsigned>(sheet.name.size()));
-        data.characters(sheet.name);
+        if (version == biff8Version) {
+            data.characters(sheet.name);
+        } else {
+            data.bytes(sheet.name.toLatin1());
+        }
         return record(RecordId::BoundSheet, data.data());
     };
-    const QByteArray begin = bofRecord(0x0005) + globals;
+    const QByteArray begin = bofRecord(0x0005, version) + globals;
     const QByteArray end = record(RecordId::Eof);
     int size = begin.size() + globalsBehindSheets.size() + end.size();
     for (const TestSheet &sheet : sheets) {
@@ -72,7 +77,7 @@ QByteArray XlsTestBook::stream() const
     QByteArray list, parts;
     for (const TestSheet &sheet : sheets) {
         list += named(sheet, size + parts.size());
-        parts += bofRecord(0x0010) + sheet.records + end;
+        parts += bofRecord(0x0010, version) + sheet.records + end;
     }
     return begin + list + globalsBehindSheets + end + parts;
 }

@@ -32,6 +32,7 @@ struct XlsTestBook
     };
     QByteArray globals;
     std::vector<TestSheet> sheets;
+    unsigned version = 0x0600;      ///< 0x0500 for one whose texts are bytes
     QByteArray globalsBehindSheets; ///< of the first part, what stands behind the list of sheets
 
     QByteArray stream() const;

@@ -3,6 +3,7 @@
 #include "spreadsheet/texttable.h"
 #include "spreadsheet/xls/continueddata.h"
 
+#include <QTextCodec>
 #include <algorithm>
 
 namespace spreadsheet {
@@ -28,11 +29,24 @@ QString charactersAt(const Record &record, quint32 at, quint32 count)
     return text;
 }
 
+/// ASCII stays as it is in all encodings of workbooks.
+void decode(const QTextCodec &codec, std::string *bytes)
+{
+    if (std::any_of(bytes->begin(), bytes->end(), [](char c) { return static_cast<uchar>(c) >= 0x80; })) {
+        *bytes = codec.toUnicode(bytes->data(), static_cast<int>(bytes->size())).toStdString();
+    }
+}
+
 } // namespace
 
-bool readText(ContinuedData &data, std::string *utf8)
+bool readText(ContinuedData &data, const QTextCodec *codec, std::string *utf8)
 {
     const quint16 count = data.u16();
+    if (codec) {
+        data.bytes(count, utf8);
+        decode(*codec, utf8);
+        return data.isGood();
+    }
     const quint8 flags = data.u8();
     const quint32 runs = flags & hasRunsFlag ? data.u16() : 0;
     const quint32 phoneticSize = flags & hasPhoneticFlag ? data.u32() : 0;
@@ -42,8 +56,13 @@ bool readText(ContinuedData &data, std::string *utf8)
     return data.isGood();
 }
 
-QString shortTextAt(const Record &record, quint32 at)
+QString shortTextAt(const Record &record, quint32 at, const QTextCodec *codec)
 {
+    if (codec) {
+        const quint32 begin = std::min(at + 1, record.size);
+        const quint32 count = std::min<quint32>(record.u8(at), record.size - begin);
+        return codec->toUnicode(reinterpret_cast<const char *>(record.data) + begin, static_cast<int>(count));
+    }
     return charactersAt(record, at + 1, record.u8(at));
 }
 
@@ -58,7 +77,7 @@ bool readSharedTexts(ContinuedData &data, TextTable &texts)
     const quint32 count = data.u32();
     std::string text;
     for (quint32 i = 0; i < count && !data.atEnd(); ++i) {
-        if (!readText(data, &text)) {
+        if (!readText(data, nullptr, &text)) {
             return false;
         }
         texts.append(text);

@@ -75,6 +75,8 @@ bool ChangedSheetWriter::isCell(RecordId id)
     case RecordId::DBCell:
     case RecordId::Row:
     case RecordId::Formula:
+    case RecordId::FormulaOfVersion3:
+    case RecordId::FormulaOfVersion4:
     case RecordId::Array:
     case RecordId::SharedFormula:
     case RecordId::Table:

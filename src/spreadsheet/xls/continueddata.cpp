@@ -142,6 +142,20 @@ void ContinuedData::skip(quint32 size)
     }
 }
 
+void ContinuedData::bytes(quint32 count, std::string *bytes)
+{
+    bytes->clear();
+    while (count > 0 && !isMissing()) {
+        const quint32 step = std::min(count, static_cast<quint32>(m_end - m_at));
+        bytes->append(reinterpret_cast<const char *>(m_at), step);
+        m_at += step;
+        count -= step;
+    }
+    if (!m_isGood) {
+        bytes->clear();
+    }
+}
+
 void ContinuedData::characters(quint32 count, bool isWide, std::string *utf8)
 {
     Utf8Text text(utf8);

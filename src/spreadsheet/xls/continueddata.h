@@ -23,6 +23,8 @@ public:
     quint16 u16() { return number<quint16>(); }
     quint32 u32() { return number<quint32>(); }
     void skip(quint32 size);
+    /// Reads bytes; they replace `bytes`.
+    void bytes(quint32 count, std::string *bytes);
     /// Reads characters, of one byte or, when `isWide`, of two; each CONTINUE record says anew which. They replace
     /// `utf8`. Halves of a surrogate pair without the other one become U+FFFD.
     void characters(quint32 count, bool isWide, std::string *utf8);

@@ -27,6 +27,10 @@ public:
     const QString &error() const { return m_error; }
 
 private:
+    RecordReader streamReader() const;
+    bool readVersion();
+    bool decrypt();
+    bool findCodePage();
     bool readRecords(RecordReader &records);
     bool readRecord(RecordReader &records);
     bool addSheet(const Record &record);

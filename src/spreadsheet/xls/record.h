@@ -31,7 +31,7 @@ enum class RecordId : quint16 {
     BottomMargin = 0x0029,
     PrintHeaders = 0x002A,
     PrintGridlines = 0x002B,
-    FilePass = 0x002F,
+    FilePass = 0x002F, ///< how all that follows is encrypted
     Font = 0x0031,
     Continue = 0x003C,
     Window1 = 0x003D,
@@ -78,9 +78,13 @@ enum class RecordId : quint16 {
     SharedStrings = 0x00FC,
     LabelShared = 0x00FD,
     ExtendedStrings = 0x00FF,
+    RevisionsHead = 0x0138,
     SheetIds = 0x013D,
     UsesNaturalLanguage = 0x0160,
     Dsf = 0x0161,
+    SharedUsers = 0x0194,
+    FileLock = 0x0195,
+    RevisionsInfo = 0x0196,
     SupBook = 0x01AE,
     ConditionalFormats = 0x01B0,
     ConditionalFormatRule = 0x01B1,
@@ -102,8 +106,10 @@ enum class RecordId : quint16 {
     DefaultRowHeight = 0x0225,
     Table = 0x0236,
     Window2 = 0x023E,
+    FormulaOfVersion3 = 0x0206, ///< what some programs write for Formula
     Rk = 0x027E,
     Style = 0x0293,
+    FormulaOfVersion4 = 0x0406,
     NumberFormat = 0x041E,
     SharedFormula = 0x04BC,
     HyperLinkTooltip = 0x0800,
@@ -112,6 +118,19 @@ enum class RecordId : quint16 {
     ExtendedFormatCheck = 0x087C,
     ExtendedFormatExtension = 0x087D,
 };
+
+/// True for what begins workbooks and sheets of the versions 2 to 4.
+constexpr bool isOlderBof(RecordId id)
+{
+    return static_cast<quint16>(id) == 0x0009 || static_cast<quint16>(id) == 0x0209
+           || static_cast<quint16>(id) == 0x0409;
+}
+
+/// True for a record of a cell with a formula.
+constexpr bool isFormula(RecordId id)
+{
+    return id == RecordId::Formula || id == RecordId::FormulaOfVersion3 || id == RecordId::FormulaOfVersion4;
+}
 
 constexpr quint32 recordHeaderSize = 4; ///< id and size, 16 bits each
 constexpr quint32 maxRecordData = 8224; ///< bytes of data; what is longer goes on in CONTINUE records

@@ -47,7 +47,7 @@ SharedFormulas::SharedFormulas(const XlsSource &source, const XlsSource::SheetPa
         const Record &record = records.record();
         if (record.id == RecordId::Bof) {
             skipSubstream(records);
-        } else if (record.id == RecordId::Formula) {
+        } else if (isFormula(record.id)) {
             first = stated = key(record.u16(0), record.u16(2));
             if (record.u8(tokensInData) == sharesWithCell) {
                 stated = key(record.u16(tokensInData + 1), record.u16(tokensInData + 3));

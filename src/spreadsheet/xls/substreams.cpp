@@ -35,24 +35,25 @@ bool skipSubstream(RecordReader &records)
     return depth == 0;
 }
 
-bool findSheetParts(
-    const QByteArray &workbook, quint32 globalsEnd, std::vector<XlsSource::SheetPart> &sheets, size_t *damaged)
+bool findSheetParts(XlsSource &source, size_t *damaged)
 {
+    std::vector<XlsSource::SheetPart> &sheets = source.sheets;
+    const auto size = static_cast<quint32>(source.workbook.size());
     std::vector<size_t> order(sheets.size());
     std::iota(order.begin(), order.end(), size_t(0));
     std::sort(order.begin(), order.end(),
         [&sheets](size_t left, size_t right) { return sheets[left].offset < sheets[right].offset; });
-    const auto *stream = reinterpret_cast<const uchar *>(workbook.constData());
-    quint32 free = globalsEnd;
+    const auto *stream = reinterpret_cast<const uchar *>(source.workbook.constData());
+    quint32 free = source.globalsEnd;
     for (size_t i = 0; i < order.size(); ++i) {
         *damaged = order[i];
         XlsSource::SheetPart &sheet = sheets[order[i]];
         // Up to the next sheet, so that all are walked over in one go.
         const bool isLast = i + 1 == order.size();
-        const quint32 limit = isLast ? static_cast<quint32>(workbook.size()) : sheets[order[i + 1]].offset;
-        RecordReader records(stream, std::min(limit, static_cast<quint32>(workbook.size())), sheet.offset);
+        const quint32 limit = isLast ? size : sheets[order[i + 1]].offset;
+        RecordReader records(stream, std::min(limit, size), sheet.offset);
         const bool isSheet = sheet.offset >= free && records.next() && records.record().id == RecordId::Bof
-                             && substreamVersion(records.record()) == biff8Version && skipSubstream(records);
+                             && substreamVersion(records.record()) == source.version && skipSubstream(records);
         if (!isSheet) {
             return false;
         }

@@ -7,7 +7,8 @@ namespace spreadsheet {
 class RecordReader;
 struct Record;
 
-constexpr quint16 biff8Version = 0x0600;
+constexpr quint16 biff5Version = 0x0500; // of 5.0 and 95
+constexpr quint16 biff8Version = 0x0600; // of 97 and later
 enum class SubstreamType : quint16 { Globals = 0x0005, Worksheet = 0x0010, Chart = 0x0020, Macro = 0x0040 };
 
 /// Version and type that a BOF record states.
@@ -19,8 +20,7 @@ SubstreamType substreamType(const Record &bof);
 bool skipSubstream(RecordReader &records);
 
 /// Finds the ends of sheets, by their beginnings in the order of the book. False when one doesn't begin behind the
-/// globals with a BOF of this version, has no EOF, or overlaps another; `damaged` is then its number.
-bool findSheetParts(
-    const QByteArray &workbook, quint32 globalsEnd, std::vector<XlsSource::SheetPart> &sheets, size_t *damaged);
+/// globals with a BOF of the workbook's version, has no EOF, or overlaps another; `damaged` is then its number.
+bool findSheetParts(XlsSource &source, size_t *damaged);
 
 } // namespace spreadsheet

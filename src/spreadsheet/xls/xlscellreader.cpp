@@ -7,6 +7,7 @@
 #include "spreadsheet/xls/continueddata.h"
 #include "spreadsheet/xls/rknumber.h"
 #include "spreadsheet/xls/xlserrors.h"
+#include "spreadsheet/xls/xlssource.h"
 
 #include <cmath>
 #include <cstring>
@@ -27,7 +28,7 @@ constexpr quint32 smallestSize(RecordId id)
         return cellHeadSize + 2;
     case RecordId::Label:
     case RecordId::RichLabel:
-        return cellHeadSize + 3;
+        return cellHeadSize + 2;
     case RecordId::Rk:
     case RecordId::LabelShared:
         return cellHeadSize + 4;
@@ -37,6 +38,9 @@ constexpr quint32 smallestSize(RecordId id)
         return cellHeadSize + 8;
     case RecordId::Formula:
         return cellHeadSize + 16;
+    case RecordId::FormulaOfVersion3:
+    case RecordId::FormulaOfVersion4:
+        return cellHeadSize + 12;
     default:
         return 0;
     }
@@ -52,9 +56,9 @@ double realAt(const Record &record, quint32 at)
 
 } // namespace
 
-XlsCellReader::XlsCellReader(BookData &book, quint32 sharedTexts, Sheet &sheet)
-    : m_book(book)
-    , m_sharedTexts(sharedTexts)
+XlsCellReader::XlsCellReader(const XlsSource &source, BookData &book, Sheet &sheet)
+    : m_source(source)
+    , m_book(book)
     , m_sheet(sheet)
 {
 }
@@ -94,6 +98,8 @@ bool XlsCellReader::read(RecordReader &records)
     case RecordId::LabelShared:
         return readSharedText(record);
     case RecordId::Formula:
+    case RecordId::FormulaOfVersion3:
+    case RecordId::FormulaOfVersion4:
         return readFormula(records);
     default:
         return readLabel(records);
@@ -162,7 +168,7 @@ bool XlsCellReader::readSeveral(const Record &record)
 bool XlsCellReader::readSharedText(const Record &record)
 {
     const quint32 text = record.u32(cellHeadSize);
-    if (text >= m_sharedTexts) {
+    if (text >= m_source.loadedTexts) {
         return failAt(record);
     }
     cellOf(record).setTextId(text);
@@ -173,7 +179,7 @@ bool XlsCellReader::readLabel(RecordReader &records)
 {
     const Record record = records.record();
     ContinuedData data(records, cellHeadSize);
-    if (!readText(data, &m_text)) {
+    if (!readText(data, m_source.textCodec, &m_text)) {
         return failAt(record);
     }
     cellOf(record).setTextId(m_book.texts.add(m_text));
@@ -200,7 +206,7 @@ bool XlsCellReader::readFormula(RecordReader &records)
         m_text.clear();
         if (records.nextIf(RecordId::String)) {
             ContinuedData data(records, 0);
-            if (!readText(data, &m_text)) {
+            if (!readText(data, m_source.textCodec, &m_text)) {
                 return failAt(record);
             }
         }

@@ -11,13 +11,13 @@ namespace spreadsheet {
 class RecordReader;
 class Sheet;
 struct BookData;
+struct XlsSource;
 
 /// Reads the records of a sheet that hold cells.
 class XlsCellReader
 {
 public:
-    /// `sharedTexts`: so many texts of the book have a number that records may state.
-    XlsCellReader(BookData &book, quint32 sharedTexts, Sheet &sheet);
+    XlsCellReader(const XlsSource &source, BookData &book, Sheet &sheet);
 
     static bool isCell(RecordId id);
     /// Takes the present record, with those behind it that belong to its cell; ignores one that holds no cell. False
@@ -37,8 +37,8 @@ private:
     static void setBoolOrError(CellRecord &cell, quint8 value, bool isError);
     bool failAt(const Record &record);
 
+    const XlsSource &m_source;
     BookData &m_book;
-    quint32 m_sharedTexts;
     Sheet &m_sheet;
     std::string m_text;
     QString m_error;

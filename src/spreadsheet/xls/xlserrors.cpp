@@ -30,7 +30,7 @@ QString encryptedText()
 
 QString oldVersionText()
 {
-    return QStringLiteral("The workbook is of a version before 97, which isn't supported.");
+    return QStringLiteral("The workbook is of a version before 5.0 and 95, which isn't supported.");
 }
 
 QString foreignFileText(const QByteArray &head)

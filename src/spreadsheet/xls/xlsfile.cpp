@@ -14,12 +14,16 @@ namespace {
 
 constexpr qint64 headSize = 512;
 
-/// Why a compound file without a workbook of our version has none.
+/// The stream of the workbook; -1 for none. Where there are two, the other one is for programs from before version 97.
+int findWorkbook(const CompoundFile &file)
+{
+    const int part = file.find(QStringLiteral("Workbook"));
+    return part >= 0 ? part : file.find(QStringLiteral("Book"));
+}
+
+/// Why a compound file without a workbook has none.
 QString missingWorkbookText(const CompoundFile &file)
 {
-    if (file.find(QStringLiteral("Book")) >= 0) {
-        return oldVersionText();
-    }
     if (file.find(QStringLiteral("EncryptedPackage")) >= 0) {
         return encryptedText();
     }
@@ -47,7 +51,7 @@ bool XlsFile::load(const QString &path, BookData &book)
     if (!compound.open(path)) {
         return fail(compound.error());
     }
-    const int part = compound.find(QStringLiteral("Workbook"));
+    const int part = findWorkbook(compound);
     if (part < 0) {
         return fail(missingWorkbookText(compound));
     }

@@ -6,7 +6,7 @@ namespace spreadsheet {
 
 struct XlsSource;
 
-/// Workbooks of the BIFF8 kind: records in a stream of a compound file.
+/// Workbooks of the BIFF kind: records in a stream of a compound file. Those of BIFF5 are only read.
 class XlsFile final : public BookFile
 {
 public:

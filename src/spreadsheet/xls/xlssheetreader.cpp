@@ -33,7 +33,7 @@ bool visitRecords(const XlsSource &source, const XlsSource::SheetPart &part, Vis
 bool readXlsSheet(
     const XlsSource &source, const XlsSource::SheetPart &part, BookData &book, Sheet &sheet, QString *error)
 {
-    XlsCellReader cells(book, source.loadedTexts, sheet);
+    XlsCellReader cells(source, book, sheet);
     XlsLayoutReader layout(source, book.loadedFormats, sheet);
     const bool isRead = visitRecords(source, part, [&cells, &layout](RecordReader &records) {
         const Record &record = records.record();

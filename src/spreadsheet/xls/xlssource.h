@@ -4,6 +4,8 @@
 #include <QString>
 #include <vector>
 
+class QTextCodec;
+
 namespace spreadsheet {
 
 /// What is kept of a loaded .xls file. Forms in which its sheets keep what the book doesn't interpret:
@@ -25,8 +27,11 @@ struct XlsSource
     };
 
     QString path;
-    QString streamName;            ///< as the file spells it
-    QByteArray workbook;           ///< the workbook stream
+    QString streamName;       ///< as the file spells it
+    QByteArray workbook;      ///< the workbook stream, no longer encrypted
+    quint16 version = 0x0600; ///< that its BOF records state
+    /// Of texts, which are bytes before version 97; null from then on, where they tell by themselves.
+    const QTextCodec *textCodec = nullptr;
     quint32 globalsEnd = 0;        ///< size of the globals substream, its EOF included
     std::vector<SheetPart> sheets; ///< by SheetEntry::source; all lie behind the globals and don't overlap
     quint32 loadedTexts = 0;    ///< so many texts at the start of the book's table are those of the SST, in its order

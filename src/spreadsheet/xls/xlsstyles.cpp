@@ -60,14 +60,14 @@ void XlsStyles::addFont(const Record &record)
     font.style.underline = record.u8(10);
     font.style.family = record.u8(11);
     font.style.charset = record.u8(12);
-    font.style.name = shortTextAt(record, 14);
+    font.style.name = shortTextAt(record, 14, m_codec);
     m_fonts.push_back(font);
 }
 
 void XlsStyles::addNumberFormat(const Record &record)
 {
     const int number = record.u16(0);
-    const QString code = textAt(record, 2);
+    const QString code = m_codec ? shortTextAt(record, 2, m_codec) : textAt(record, 2);
     // General, by any name, stays the built-in one.
     if (number > 0 && code != builtInNumberCode(number)) {
         m_numberCodes.insert(number, code);
@@ -158,11 +158,42 @@ CellStyle XlsStyles::style(const Record &xf) const
     return style;
 }
 
+/// The same from a shorter record: parts lie elsewhere, and some didn't exist.
+CellStyle XlsStyles::olderStyle(const Record &xf) const
+{
+    constexpr int rotations[] = {0, 255, 90, 180}; // none, letters below each other, upwards, downwards
+    const quint16 protection = xf.u16(4);
+    const quint16 place = xf.u16(6);
+    const quint32 fill = xf.u32(8);
+    const quint32 sides = xf.u32(12);
+    const auto line = [this](quint32 style, quint32 index) {
+        return BorderLine{static_cast<int>(style), color(index)};
+    };
+    CellStyle style;
+    style.font = font(xf.u16(0));
+    style.numberFormat = xf.u16(2);
+    style.numberCode = m_numberCodes.value(style.numberFormat);
+    style.locked = protection & 0x01;
+    style.hiddenFormula = protection & 0x02;
+    style.alignment.horizontal = static_cast<int>(bits(place, 0, 3));
+    style.alignment.wrap = bits(place, 3, 1);
+    style.alignment.vertical = static_cast<int>(bits(place, 4, 3));
+    style.alignment.rotation = rotations[bits(place, 8, 2)];
+    style.border.bottom = line(bits(fill, 22, 3), bits(fill, 25, 7));
+    style.border.top = line(bits(sides, 0, 3), bits(sides, 9, 7));
+    style.border.left = line(bits(sides, 3, 3), bits(sides, 16, 7));
+    style.border.right = line(bits(sides, 6, 3), bits(sides, 23, 7));
+    style.fill.pattern = static_cast<int>(bits(fill, 16, 6));
+    style.fill.foreground = fillColor(bits(fill, 0, 7), windowText);
+    style.fill.background = fillColor(bits(fill, 7, 7), windowBackground);
+    return style;
+}
+
 void XlsStyles::makeFormats(BookData &book) const
 {
     book.formats.reserve(m_formats.size());
     for (const Record &xf : m_formats) {
-        book.addFormat(style(xf));
+        book.addFormat(m_codec ? olderStyle(xf) : style(xf));
     }
 }
 

@@ -6,6 +6,8 @@
 #include <QHash>
 #include <vector>
 
+class QTextCodec;
+
 namespace spreadsheet {
 
 struct BookData;
@@ -14,6 +16,8 @@ struct BookData;
 class XlsStyles
 {
 public:
+    /// For a workbook before version 97, whose texts are in this encoding; before anything is added.
+    void setOlder(const QTextCodec *codec) { m_codec = codec; }
     /// Takes FONT, FORMAT, PALETTE and XF records; ignores any other.
     void add(const Record &record);
     /// A format for each XF, under its number.
@@ -33,10 +37,12 @@ private:
     void setPalette(const Record &record);
     StyleColor color(quint32 index) const;
     StyleColor fillColor(quint32 index, quint32 usual) const;
-    FontStyle font(quint32 index) const;
     CellStyle style(const Record &xf) const;
+    CellStyle olderStyle(const Record &xf) const;
+    FontStyle font(quint32 index) const;
     BorderStyle border(const Record &xf) const;
 
+    const QTextCodec *m_codec = nullptr; // null from version 97 on
     std::vector<Font> m_fonts;
     QHash<int, QString> m_numberCodes;
     std::vector<QRgb> m_palette;

@@ -1,6 +1,8 @@
 #include "spreadsheet/xlsx/xlsxfile.h"
 
 #include "spreadsheet/bookdata.h"
+#include "spreadsheet/xls/compoundfile.h"
+#include "spreadsheet/xlsx/encryptedpackage.h"
 #include "spreadsheet/xlsx/sheetreader.h"
 #include "spreadsheet/xlsx/stylesreader.h"
 #include "spreadsheet/xlsx/workbookreader.h"
@@ -11,6 +13,11 @@
 
 namespace spreadsheet {
 namespace {
+
+QString encryptedText()
+{
+    return QStringLiteral("The file is encrypted");
+}
 
 /// What to say of a file that is no zip archive; empty when there is no more to say than that.
 QString otherKindOfFile(const QString &path)
@@ -38,7 +45,14 @@ QString otherKindOfFile(const QString &path)
         }
         piece = piece.right(wanted.size()) + next;
     }
-    return QStringLiteral("The file is encrypted");
+    return encryptedText();
+}
+
+/// The archive in an encrypted file; empty when that has a password of its own.
+QByteArray decryptedArchive(const QString &path)
+{
+    CompoundFile file;
+    return file.open(path) ? decryptPackage(file) : QByteArray();
 }
 
 } // namespace
@@ -49,15 +63,19 @@ XlsxFile::~XlsxFile() = default;
 bool XlsxFile::load(const QString &path, BookData &book)
 {
     const QString otherKind = otherKindOfFile(path);
-    if (!otherKind.isEmpty()) {
+    const QByteArray decrypted = otherKind == encryptedText() ? decryptedArchive(path) : QByteArray();
+    if (!otherKind.isEmpty() && decrypted.isEmpty()) {
         return fail(otherKind);
     }
     auto source = std::make_unique<XlsxSource>();
     source->path = path;
     source->archive = std::make_unique<ZipArchive>();
     QString error;
-    if (!source->archive->open(path)) {
+    if (!(decrypted.isEmpty() ? source->archive->open(path) : source->archive->open(decrypted))) {
         return fail(source->archive->error());
+    }
+    if (!decrypted.isEmpty()) {
+        book.whyUnchangeable = QStringLiteral("The file is encrypted, it can be read but not changed.");
     }
     if (!readWorkbook(*source, book, &error)
         || !readStyles(*source->archive, source->stylesPart, source->themePart, book, &error)) {

@@ -72,6 +72,22 @@ bool ZipArchive::open(const QString &path)
     return m_zip ? listEntries() : fail(openingError(code));
 }
 
+bool ZipArchive::open(const QByteArray &bytes)
+{
+    m_bytes = bytes;
+    zip_error_t error;
+    zip_error_init(&error);
+    zip_source_t *source = zip_source_buffer_create(
+        m_bytes.constData(), static_cast<zip_uint64_t>(m_bytes.size()), 0, &error);
+    m_zip = source ? zip_open_from_source(source, ZIP_RDONLY, &error) : nullptr;
+    if (source && !m_zip) {
+        zip_source_free(source);
+    }
+    const int code = zip_error_code_zip(&error);
+    zip_error_fini(&error);
+    return m_zip ? listEntries() : fail(openingError(code));
+}
+
 bool ZipArchive::listEntries()
 {
     const zip_int64_t count = zip_get_num_entries(m_zip, 0);

@@ -39,6 +39,8 @@ public:
     /// The file stays open, and what is read stays the same when another takes its place. False with an error() for
     /// what isn't an archive.
     bool open(const QString &path);
+    /// The same for an archive in memory.
+    bool open(const QByteArray &bytes);
     const std::vector<Entry> &entries() const { return m_entries; }
     /// Null when there is no such part. The first of equal names counts.
     const Entry *find(const QString &part) const;
@@ -62,6 +64,7 @@ private:
     bool listEntries();
     bool inflate(const Entry &entry, qint64 limit, const Sink &sink);
 
+    QByteArray m_bytes; // of an archive in memory
     zip *m_zip = nullptr;
     std::vector<Entry> m_entries;
     QHash<QString, size_t> m_byName; // by the name that names are compared by
