@@ -1,5 +1,6 @@
 #include "inputs/excelreader.h"
 
+#include "graph/excelmessages.h"
 #include "graph/ionode.h"
 #include "inputs/readmessages.h"
 #include "settings/settings.h"
@@ -11,11 +12,6 @@ using spreadsheet::Book;
 using spreadsheet::Sheet;
 
 namespace {
-
-QString notLoaded(const QString &path)
-{
-    return QStringLiteral("Unable to load Excel workbook '%1' information.").arg(IONode::absoluteNativePath(path));
-}
 
 /// Position of the sheet, -1 for none.
 int findSheet(const Book &book, const QString &sheet)
@@ -131,7 +127,7 @@ std::unique_ptr<Book> loadExcelBook(int fileType, const QString &path, QString *
         if (file.isFile() && book->load(path)) {
             return book;
         }
-        *error = notLoaded(path);
+        *error = ExcelMessages::notLoaded(path, book->errorMessage());
     } catch (const std::bad_alloc &) {
         *error = tooBigToRead(IONode::absoluteNativePath(path));
     }
@@ -150,10 +146,7 @@ bool readExcelSheet(Book &book, const QString &path, const QString &sheet, const
     try {
         const Sheet *found = book.getSheet(position);
         if (!found) {
-            result->error = notLoaded(path);
-            if (!book.errorMessage().isEmpty()) {
-                result->error += QStringLiteral("\nError: %1").arg(book.errorMessage());
-            }
+            result->error = ExcelMessages::notLoaded(path, book.errorMessage());
             return false;
         }
         result->sheetName = book.getSheetName(position);

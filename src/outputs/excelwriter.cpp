@@ -103,6 +103,10 @@ private:
         if (!m_book.load(m_request.path)) {
             return fail(ExcelMessages::notLoaded(m_request.path, m_book.errorMessage()));
         }
+        if (!m_book.whyUnchangeable().isEmpty()) {
+            const QString text = QStringLiteral("Unable to change Excel workbook '%1'.").arg(m_shownPath);
+            return fail(ExcelMessages::withReason(text, m_book.whyUnchangeable()));
+        }
         const int index = ExcelBook::indexOfSheet(m_book, m_request.sheet, Qt::CaseSensitive);
         m_sheet = m_book.getSheet(index);
         if (!m_sheet) {

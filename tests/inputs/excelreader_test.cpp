@@ -345,7 +345,10 @@ TEST(ExcelFiles, ThatCannotBeReadSaySo)
     ExcelReadResult result;
     for (const int type : {FileType::ExcelXlsx, FileType::ExcelXls}) {
         EXPECT_FALSE(readExcelSheet(type, broken, "", {}, nullptr, &result));
-        EXPECT_EQ(result.error, QString("Unable to load Excel workbook '%1' information.").arg(broken));
+        const char *const reason = type == FileType::ExcelXlsx ? "The file is not an .xlsx workbook or is damaged"
+                                                               : "The file is a text file, not an .xls workbook.";
+        EXPECT_EQ(
+            result.error, QString("Unable to load Excel workbook '%1' information.\nError: %2").arg(broken, reason));
         EXPECT_EQ(matchingSheets(type, broken, "*"), QStringList());
     }
     EXPECT_FALSE(readExcelSheet(FileType::ExcelXlsx, "  ", "", {}, nullptr, &result));

@@ -200,7 +200,8 @@ TEST_F(FolderInputTest, AWorkbookThatCannotBeReadEndsNothing)
     o.fileType = FileType::ExcelXlsx;
     InputNode node(o);
     node.process(false, false);
-    EXPECT_EQ(shown(node.warnings()), (QStringList{"Unable to load Excel workbook 'DIR/a.xlsx' information.",
+    EXPECT_EQ(shown(node.warnings()), (QStringList{"Unable to load Excel workbook 'DIR/a.xlsx' information.\nError: "
+                                                   "The file is not an .xlsx workbook or is damaged",
                                           "'DIR/a.xlsx' cannot be read", "No files read"}));
 }
 

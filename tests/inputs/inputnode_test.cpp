@@ -176,7 +176,8 @@ TEST_F(InputNodeTest, SaysWhatCannotBeRead)
         {"a device without end", "endless.csv", nothing, {"Unable to read 'DIR/endless.csv'"}},
         {"a file that is no workbook, and another extension", "in.csv",
             [](InputOptions &o) { o.fileType = FileType::ExcelXlsx; },
-            {"Unable to load Excel workbook 'DIR/in.csv' information.",
+            {"Unable to load Excel workbook 'DIR/in.csv' information.\nError: The file is not an .xlsx workbook or is "
+             "damaged",
                 "File extension 'csv' may not match data type: Excel XLSX"}},
         {"a device in place of a workbook", "endless.csv", [](InputOptions &o) { o.fileType = FileType::ExcelXls; },
             {"Unable to load Excel workbook 'DIR/endless.csv' information.",
