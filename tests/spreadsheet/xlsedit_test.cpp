@@ -238,6 +238,36 @@ TEST_F(XlsEdit, FormatsAreAddedBehindThoseOfTheFile)
     EXPECT_EQ(back->readNum(2, 0), 12.5);
 }
 
+TEST(XlsEditStyles, AFileWithoutFormatsGetsTheUsualOnes)
+{
+    const QByteArray font = record(RecordId::Font, words({200, 0, 8, 400, 0, 0, 0x0100, 0x0041}));
+    const QByteArray cell = record(RecordId::Number, words({0, 0, 15}) + real(45000));
+    QTemporaryDir folder;
+    for (const QByteArray &globals : {QByteArray(), font}) {
+        XlsTestBook made;
+        made.globals = globals;
+        made.sheets = {{"S", cell}, {"Unchanged", cell}};
+        LoadedXls loaded(compoundFile(made.stream()));
+        ASSERT_TRUE(loaded.first()) << loaded.error().toStdString();
+        Format *date = loaded.book().addFormat();
+        Font *bold = loaded.book().addFont();
+        bold->setBold(true);
+        date->setFont(bold);
+        date->setNumFormat(14);
+        loaded.first()->writeNum(1, 0, 45000, date);
+        loaded.first()->writeNum(2, 0, 45000);
+        const QString path = folder.filePath("saved.xls");
+        ASSERT_TRUE(loaded.book().save(path)) << loaded.book().errorMessage().toStdString();
+        Book read(FileKind::Xls);
+        ASSERT_TRUE(read.load(path)) << read.errorMessage().toStdString();
+        for (int row = 0; row < 3; ++row) {
+            EXPECT_EQ(read.getSheet(0)->isDate(row, 0), row == 1);
+            EXPECT_EQ(read.getSheet(0)->cellFormat(row, 0)->style().font.bold, row == 1);
+        }
+        EXPECT_FALSE(read.getSheet(1)->isDate(0, 0));
+    }
+}
+
 TEST_F(XlsEdit, OtherStreamsAreCarriedOver)
 {
     data->writeNum(0, 0, 1);

@@ -177,11 +177,9 @@ void GlobalsWriter::writeRecord(const Record &record, bool isLast)
 void GlobalsWriter::writeBefore(RecordId id)
 {
     const bool isEnd = id == RecordId::Eof;
-    if (id == RecordId::ExtendedFormat && m_last.count(RecordId::NumberFormat) == 0) {
-        writeAdded(RecordId::NumberFormat);
-    }
-    for (const RecordId kind : {RecordId::Font, RecordId::ExtendedFormat}) {
-        if (id == RecordId::BoundSheet && m_last.count(kind) == 0) {
+    const bool isBehindStyles = id == RecordId::ExtendedFormat || id == RecordId::BoundSheet;
+    for (const RecordId kind : {RecordId::Font, RecordId::NumberFormat, RecordId::ExtendedFormat}) {
+        if (isBehindStyles && m_last.count(kind) == 0) {
             writeAdded(kind);
         }
     }

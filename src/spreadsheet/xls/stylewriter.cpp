@@ -22,22 +22,8 @@ StyleWriter::StyleWriter(const BookData &book)
     , m_defaultRecord(baseFormats)
     , m_nextNumberFormat(firstCustomNumberFormat)
 {
-    FontStyle font;
-    font.size = usualFontSize;
-    if (const Format *usual = book.format(0)) {
-        font = usual->style().font;
-    }
-    const QByteArray usualFont = fontRecord(font, m_palette);
-    m_fonts.assign(unusedFont, usualFont); // the file's own first fonts, which the base formats refer to
-    m_fontCount = unusedFont;
-    m_fontNumbers.insert(usualFont, 0);
-    font.bold = true; // one more, since files have at least five
-    fontNumber(font);
-    for (unsigned i = 0; i < baseFormats; ++i) {
-        m_cellFormats.push_back(baseFormatRecord(0, i == 0));
-    }
-    m_cellFormatCount = baseFormats;
-    addRecordOf(0);
+    addBaseFonts();
+    addBaseFormats();
 }
 
 StyleWriter::StyleWriter(const BookData &book, const GlobalRecords &records, quint32 defaultRecord)
@@ -49,6 +35,15 @@ StyleWriter::StyleWriter(const BookData &book, const GlobalRecords &records, qui
     for (const Record &record : records) {
         loadRecord(record);
     }
+    // Without them the first ones that are added would be those of all cells.
+    if (m_fontCount == 0) {
+        addBaseFonts();
+    }
+    if (m_cellFormatCount == 0) {
+        m_defaultRecord = baseFormats;
+        addBaseFormats();
+        return;
+    }
     m_records.assign(std::min(book.loadedFormats, m_cellFormatCount), 0);
     for (size_t i = 0; i < m_records.size(); ++i) {
         m_records[i] = static_cast<int>(i);
@@ -57,6 +52,31 @@ StyleWriter::StyleWriter(const BookData &book, const GlobalRecords &records, qui
         m_records.push_back(0);
     }
     m_records[0] = static_cast<int>(m_defaultRecord);
+}
+
+void StyleWriter::addBaseFonts()
+{
+    FontStyle font;
+    font.size = usualFontSize;
+    if (const Format *usual = m_book.format(0)) {
+        font = usual->style().font;
+    }
+    const QByteArray usualFont = fontRecord(font, m_palette);
+    m_fonts.assign(unusedFont, usualFont); // the file's own first fonts, which the base formats refer to
+    m_fontCount = unusedFont;
+    m_fontNumbers.insert(usualFont, 0);
+    font.bold = true; // one more, since files have at least five
+    fontNumber(font);
+}
+
+/// And behind them the format of cells that have none of their own.
+void StyleWriter::addBaseFormats()
+{
+    for (unsigned i = 0; i < baseFormats; ++i) {
+        m_cellFormats.push_back(baseFormatRecord(0, i == 0));
+    }
+    m_cellFormatCount = baseFormats;
+    addRecordOf(0);
 }
 
 void StyleWriter::loadRecord(const Record &record)

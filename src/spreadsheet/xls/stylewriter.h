@@ -38,6 +38,8 @@ public:
     bool isFull() const { return m_isFull; }
 
 private:
+    void addBaseFonts();
+    void addBaseFormats();
     void loadRecord(const Record &record);
     unsigned addRecordOf(quint32 format);
     unsigned fontNumber(const FontStyle &font);
