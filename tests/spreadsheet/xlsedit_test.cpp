@@ -238,6 +238,27 @@ TEST_F(XlsEdit, FormatsAreAddedBehindThoseOfTheFile)
     EXPECT_EQ(back->readNum(2, 0), 12.5);
 }
 
+TEST_F(XlsEdit, FormulasInRecordsOfOlderVersionsStayOnce)
+{
+    const QByteArray tokens = QByteArray::fromHex("17010061"); // "a"
+    const QByteArray textFollows = QByteArray(6, '\0') + words({0xFFFF});
+    const auto formula = [&](RecordId id, unsigned row) {
+        const QByteArray cell = words({row, 0, 0}) + textFollows + words({0, 0, 0, unsigned(tokens.size())}) + tokens;
+        return record(id, cell) + record(RecordId::String, biffText("result"));
+    };
+    XlsTestBook made;
+    made.globals = record(RecordId::Font, words({200, 0, 8, 400, 0, 0, 0x0100, 0x0041})) + formatRecord();
+    made.sheets = {{"S", formula(RecordId::FormulaOfVersion3, 0) + formula(RecordId::FormulaOfVersion4, 1)}};
+    load(made.stream());
+    data->writeNum(2, 0, 1);
+    save();
+    for (int row = 0; row < 2; ++row) {
+        EXPECT_TRUE(read.getSheet(0)->isFormula(row, 0));
+        EXPECT_EQ(read.getSheet(0)->readStr(row, 0), QString("result"));
+    }
+    EXPECT_EQ(after.count("result"), 2) << "no cell is written beside its old record";
+}
+
 TEST(XlsEditStyles, AFileWithoutFormatsGetsTheUsualOnes)
 {
     const QByteArray font = record(RecordId::Font, words({200, 0, 8, 400, 0, 0, 0x0100, 0x0041}));
