@@ -31,6 +31,12 @@ public:
     const QString &error() const { return m_error; }
 
     static std::unique_ptr<BookFile> create(FileKind kind);
+    /// Why a book isn't saved: in the usual format a date would be a number.
+    static QString noFormatForDates()
+    {
+        return QStringLiteral(
+            "The workbook has as many cell formats as it can hold, and none for dates and times as they are written");
+    }
 
 protected:
     /// Notes an error, in words for the user; false, for returning.

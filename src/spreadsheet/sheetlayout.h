@@ -38,6 +38,7 @@ struct SheetLayout
     bool otherRowsHidden = false; ///< rows that have neither cells nor anything of their own are hidden
 
     int storedLastRow = -1; ///< the last used row that the file has; below 0 for none
+    int storedTextUses = 0; ///< cells that refer to the texts which the file's sheets share
 
     // Parts of the file that the sheet's new form must replace
     bool columnsChanged = false, mergesChanged = false, hyperlinksChanged = false;

@@ -148,4 +148,34 @@ TEST_F(FormatGrowth, AFullWorkbookSaysSo)
     EXPECT_TRUE(sheet.contains("<c r=\"A10\"><v>45000</v></c>")) << sheet.constData();
 }
 
+TEST_F(FormatGrowth, AFullOldWorkbookSaysSo)
+{
+    constexpr int most = 4100;
+    Book full(FileKind::Xls);
+    Sheet *sheet = full.addSheet(QStringLiteral("Log"));
+    for (int i = 0; i < most; ++i) {
+        CellStyle style;
+        style.alignment.rotation = i % 181;
+        style.alignment.indent = i / 181 % 16;
+        style.alignment.wrap = i / 181 / 16 > 0;
+        const Format model(0, style);
+        sheet->writeNum(i, 0, i, full.addFormat(&model));
+    }
+    ASSERT_TRUE(full.save(path())) << qPrintable(full.errorMessage());
+    EXPECT_EQ(full.warnings().size(), 1);
+    for (const bool isDate : {true, false}) {
+        SCOPED_TRACE(isDate);
+        Book book(FileKind::Xls);
+        ASSERT_TRUE(book.load(path()));
+        Format *format = book.addFormat();
+        format->setNumFormat(isDate ? 14 : 49);
+        book.getSheet(0)->writeNum(most, 0, 45000, format);
+        EXPECT_EQ(book.save(path()), !isDate);
+        EXPECT_EQ(book.errorMessage().isEmpty(), !isDate);
+        Book read(FileKind::Xls);
+        ASSERT_TRUE(read.load(path()));
+        EXPECT_EQ(read.getSheet(0)->lastRow(), isDate ? most : most + 1);
+    }
+}
+
 } // namespace

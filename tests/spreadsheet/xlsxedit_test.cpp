@@ -192,6 +192,31 @@ TEST_F(XlsxEdit, UntouchedCellsKeepWhatOnlyOtherProgramsKnow)
     }
 }
 
+TEST_F(XlsxEdit, APlainTextKeepsItsGuide)
+{
+    const struct
+    {
+        const char *what, *text, *written;
+    } cases[] = {
+        {"a guide behind the text", "<t>a &amp; _x0001_ </t><rPh sb=\"0\" eb=\"1\"><t>b</t></rPh>",
+            "<is><t xml:space=\"preserve\">a &amp; _x0001_ </t><rPh sb=\"0\" eb=\"1\"><t>b</t></rPh></is>"},
+        {"an empty text", "<t/><phoneticPr fontId=\"1\"/>",
+            "<is><t xml:space=\"preserve\"></t><phoneticPr fontId=\"1\"></phoneticPr></is>"},
+        {"nothing but a text", "<t xml:space=\"preserve\"> a</t>", "<c r=\"A9\" t=\"s\">"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.what);
+        TestPackage package = foreignWorkbook();
+        package.edit(dataPart, "</sheetData>",
+            QByteArray("<row r=\"9\"><c r=\"A9\" t=\"inlineStr\"><is>") + c.text + "</is></c></row></sheetData>");
+        package.edit(dataPart, "A1:D4", "A1:D9");
+        const auto book = load(package);
+        book->getSheet(data)->writeNum(8, 1, 1);
+        const QByteArray part = saved(*book).bytes(dataPart);
+        EXPECT_TRUE(part.contains(c.written)) << part.constData();
+    }
+}
+
 TEST_F(XlsxEdit, RunsGetThePrefixOfTheirPart)
 {
     TestPackage package = foreignWorkbook();
@@ -336,6 +361,7 @@ TEST_F(XlsxEdit, NewTextsStandBehindTheOldOnes)
     const QByteArray texts = saved(*book).bytes(textsPart);
     const QByteArray old = m_before.bytes(textsPart);
     const QByteArray items = old.mid(old.indexOf("<si>")).replace("</sst>", "");
+    EXPECT_TRUE(texts.contains(" count=\"9\"")) << "uses of the sheet as it is now, and of the other one";
     EXPECT_TRUE(
         texts.endsWith("uniqueCount=\"6\">" + items + "<si><t>inline</t></si><si><t>new &lt;one&gt;</t></si></sst>"))
         << texts.constData();

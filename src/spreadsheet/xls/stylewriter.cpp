@@ -115,8 +115,10 @@ unsigned StyleWriter::addRecordOf(quint32 format)
     unsigned number = m_defaultRecord;
     if (found) {
         const CellStyle &style = found->style();
+        const int codeNumber = numberFormat(style);
+        bool isLost = codeNumber == 0;
         const QByteArray data = cellFormatRecord(
-            style, fontNumber(style.font), static_cast<unsigned>(numberFormat(style)), m_palette);
+            style, fontNumber(style.font), static_cast<unsigned>(codeNumber), m_palette);
         const auto known = m_cellFormatNumbers.constFind(data);
         if (known != m_cellFormatNumbers.constEnd()) {
             number = *known;
@@ -125,8 +127,9 @@ unsigned StyleWriter::addRecordOf(quint32 format)
             m_cellFormatNumbers.insert(data, number);
             m_cellFormats.push_back(data);
         } else {
-            m_isFull = true;
+            m_isFull = isLost = true;
         }
+        m_losesDates = m_losesDates || (isLost && found->isDate());
     }
     if (m_records.size() <= format && found) {
         m_records.resize(format + 1, -1);

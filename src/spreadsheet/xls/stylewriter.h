@@ -36,6 +36,8 @@ public:
     const XlsPalette &palette() const { return m_palette; }
     /// True when the workbook had more formats than it can hold, and some got the usual one.
     bool isFull() const { return m_isFull; }
+    /// True when one of them shows dates or times, which the usual format shows as numbers.
+    bool losesDates() const { return m_losesDates; }
 
 private:
     void addBaseFonts();
@@ -54,7 +56,7 @@ private:
     QHash<QString, int> m_numberFormatNumbers;
     unsigned m_fontCount = 0, m_cellFormatCount = 0;
     int m_nextNumberFormat;
-    bool m_isFull = false;
+    bool m_isFull = false, m_losesDates = false;
 };
 
 } // namespace spreadsheet

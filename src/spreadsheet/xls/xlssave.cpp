@@ -70,6 +70,7 @@ public:
     }
 
     const QByteArray &data() const { return m_stream.data(); }
+    bool losesDates() const { return m_context.styles.losesDates(); }
 
     void appendWarnings()
     {
@@ -169,6 +170,9 @@ bool XlsFile::save(const QString &path, BookData &book)
     WorkbookStream stream(book, m_source.get());
     if (!stream.write()) {
         return fail(QStringLiteral("The workbook is too large for .xls."));
+    }
+    if (stream.losesDates()) {
+        return fail(noFormatForDates());
     }
     const auto parts = m_source ? partsWith(stream.data(), original, m_source->streamName) : newParts(stream.data());
     platform::FileReplacement target(path);

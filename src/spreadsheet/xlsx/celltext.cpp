@@ -1,5 +1,6 @@
 #include "spreadsheet/xlsx/celltext.h"
 
+#include "spreadsheet/xlsx/write/textescape.h"
 #include "spreadsheet/xlsx/xmlparser.h"
 #include "spreadsheet/xlsx/xmltext.h"
 
@@ -16,17 +17,34 @@ void appendName(std::string_view name, QByteArray *xml)
 void CellText::clear()
 {
     m_text.clear();
-    m_stored.resize(0);
+    m_stored.clear();
     m_depth = m_hidden = 0;
-    m_isRich = false;
+    m_hasText = m_isRich = false;
+}
+
+/// Most texts are plain ones, of which nothing is stored.
+void CellText::beginStored()
+{
+    m_isRich = true;
+    if (m_hasText) {
+        std::string text;
+        appendCellText(text, m_text.plain());
+        m_stored = "<t xml:space=\"preserve\">" + QByteArray::fromStdString(text) + "</t>";
+    }
 }
 
 void CellText::start(std::string_view name, const XmlAttributes &attributes)
 {
-    m_isRich = m_isRich || m_depth > 0 || name != "t";
+    if (m_depth == 0 && !m_isRich && (m_hasText || name != "t")) {
+        beginStored();
+    }
+    m_hasText = true;
     ++m_depth;
     if (m_hidden > 0 || !m_text.start(name)) {
         ++m_hidden;
+    }
+    if (!m_isRich) {
+        return;
     }
     m_stored.append('<');
     appendName(name, &m_stored);
@@ -47,15 +65,19 @@ bool CellText::end(std::string_view name)
     } else {
         m_text.end(name);
     }
-    m_stored.append("</");
-    appendName(name, &m_stored);
-    m_stored.append('>');
+    if (m_isRich) {
+        m_stored.append("</");
+        appendName(name, &m_stored);
+        m_stored.append('>');
+    }
     return true;
 }
 
 bool CellText::append(std::string_view piece)
 {
-    appendXmlText(piece, &m_stored);
+    if (m_isRich) {
+        appendXmlText(piece, &m_stored);
+    }
     const bool isShortEnough = static_cast<size_t>(m_stored.size()) <= 4 * RichText::longest;
     return isShortEnough && (m_hidden > 0 || m_text.append(piece));
 }

@@ -24,13 +24,16 @@ public:
     /// Valid until the next call.
     std::string_view plain() const { return m_text.plain(); }
     /// The content of the element, names without the part's prefix; empty for a plain text.
-    QByteArray stored() const { return m_isRich ? m_stored : QByteArray(); }
+    const QByteArray &stored() const { return m_stored; }
 
 private:
+    void beginStored();
+
     RichText m_text;
-    QByteArray m_stored;
-    int m_depth = 0;  // open elements within the text
-    int m_hidden = 0; // those of them that don't belong to what is read
+    QByteArray m_stored;    // from the first element on that isn't the plain text
+    int m_depth = 0;        // open elements within the text
+    int m_hidden = 0;       // those of them that don't belong to what is read
+    bool m_hasText = false; // an element of plain text stood in front
     bool m_isRich = false;
 };
 

@@ -347,6 +347,7 @@ bool SheetCells::takeShared(std::string_view value, CellRecord *cell)
         return fail(QStringLiteral("The cell %1 refers to a text that the workbook doesn't have")
                         .arg(QString::fromLatin1(cellReference(m_cellRow, m_column))));
     }
+    ++m_textUses;
     cell->setTextId(m_source.firstText + index);
     return true;
 }

@@ -38,6 +38,8 @@ public:
     /// Whether what stands in the cell makes it a used one; to be asked in place of endCell().
     bool isCellUsed() const;
 
+    /// Cells that refer to shared texts, so far.
+    int textUses() const { return m_textUses; }
     const QString &error() const { return m_error; }
 
 private:
@@ -61,6 +63,7 @@ private:
     BookData &m_book;
     CellGrid *m_grid;
     bool m_keepsAllRows = false;
+    int m_textUses = 0;
     QString m_error;
 
     int m_row = -1;   // of the element that is open

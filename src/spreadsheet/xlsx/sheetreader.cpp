@@ -124,6 +124,7 @@ public:
         return m_extras.finish(source, part, error);
     }
     bool foundCell() const { return m_foundCell; }
+    int textUses() const { return m_cells.textUses(); }
 
 private:
     enum Place { Outside, Root, Columns, Rows, Row, Cell, Value, Formula, Inline, Merges, Links };
@@ -210,6 +211,7 @@ bool readSheetPart(XlsxSource &source, int index, BookData &book, Sheet &sheet, 
     SheetHandler handler(source, book, sheet, false);
     const bool isRead = parseSheet(source, index, &handler, error);
     sheet.layout().storedLastRow = sheet.lastRow() - 1;
+    sheet.layout().storedTextUses = handler.textUses();
     return isRead && handler.finishExtras(source, source.sheets[static_cast<size_t>(index)].part, error);
 }
 

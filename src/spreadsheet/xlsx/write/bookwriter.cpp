@@ -136,6 +136,9 @@ bool BookWriter::writeSheets()
     CellContext cells{m_book, texts, m_styles, formulas};
     SheetWriter sheets(m_package, cells, relationType("/hyperlink"));
     for (const SheetEntry &entry : m_book.sheets) {
+        if (isWritten(entry)) {
+            texts.dropUses(entry.sheet->layout().storedTextUses);
+        }
         if (isWritten(entry) && !sheets.write(sheetPart(entry, &entry == &m_book.sheets.front()), *entry.sheet)) {
             return false;
         }

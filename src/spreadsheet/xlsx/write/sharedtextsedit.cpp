@@ -65,11 +65,12 @@ bool SharedTextsEdit::write(Package &package, const QString &part) const
         return false;
     }
     const XmlElement &root = outline.root();
+    const quint64 oldUses = std::max<quint64>(root.attribute("count").toULongLong(), m_droppedUses);
     PartEdit edit;
     stateEncoding(outline, &edit);
     StartEdit(root)
         .set("uniqueCount", QByteArray::number(m_presentCount + static_cast<quint32>(m_added.size())))
-        .set("count", QByteArray::number(root.attribute("count").toULongLong() + m_useCount))
+        .set("count", QByteArray::number(oldUses - m_droppedUses + m_useCount))
         .apply(&edit, StartEdit::Content::Added);
     const std::string prefix = root.prefix().toStdString();
     const auto writeItems = [&](DeflatedPart &out) {

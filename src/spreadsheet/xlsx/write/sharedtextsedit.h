@@ -27,6 +27,8 @@ public:
         }
         return m_numbers[id] != 0 ? m_numbers[id] - 1 : add(id);
     }
+    /// So many uses are no more, since the sheet that had them is written anew.
+    void dropUses(int count) { m_droppedUses += static_cast<quint64>(count); }
     bool hasAdded() const { return !m_added.empty(); }
     /// Texts too long for a cell of the programs that the file is for.
     int overlongCount() const;
@@ -40,7 +42,7 @@ private:
     const TextTable &m_texts;
     quint32 m_firstLoaded = 0, m_loadedCount = 0;
     quint32 m_presentCount;
-    quint64 m_useCount = 0;
+    quint64 m_useCount = 0, m_droppedUses = 0;
     std::vector<quint32> m_numbers; // by id of the book, one above the file's number; 0 for those not used
     std::vector<quint32> m_added;   // ids of the book
 };

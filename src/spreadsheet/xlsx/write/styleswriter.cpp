@@ -1,6 +1,7 @@
 #include "spreadsheet/xlsx/write/styleswriter.h"
 
 #include "spreadsheet/bookdata.h"
+#include "spreadsheet/bookfile.h"
 #include "spreadsheet/numberformats.h"
 #include "spreadsheet/xlsx/write/package.h"
 #include "spreadsheet/xlsx/write/schemaorder.h"
@@ -216,11 +217,7 @@ int StylesWriter::addFormat(quint32 format)
         return m_numbers[format];
     }
     m_isFull = true;
-    if (found->isDate()) {
-        // In the usual format a date would be a number.
-        m_error = QStringLiteral(
-            "The workbook has as many cell formats as it can hold, and none for dates and times as they are written");
-    }
+    m_error = found->isDate() ? BookFile::noFormatForDates() : m_error;
     m_numbers[format] = 0;
     return 0;
 }
