@@ -86,7 +86,8 @@ private:
     QHash<int, Node *> m_nodes;
 };
 
-/// The type that a document leaves open follows the name of what is read, else the look of its text.
+/// The type that a document leaves open follows the name of what is read, once that is cleaned, else the look of its
+/// text.
 int inputType(const InputOptions &options)
 {
     if (options.fileType >= 0 && options.fileType < FileType::None) {
@@ -100,12 +101,13 @@ int inputType(const InputOptions &options)
     return knownOrDelimited(Settings::current().inputTypeOf(extensionOf(name)));
 }
 
-int outputType(const OutputRecord &output)
+/// The same for an output to `path`.
+int outputType(int fileType, const QString &path)
 {
-    if (output.fileType >= 0 && output.fileType < FileType::None) {
-        return output.fileType;
+    if (fileType >= 0 && fileType < FileType::None) {
+        return fileType;
     }
-    return knownOrDelimited(Settings::current().outputTypeOf(extensionOf(output.path)));
+    return knownOrDelimited(Settings::current().outputTypeOf(extensionOf(path)));
 }
 
 void DocumentBuilder::addInputs()
@@ -113,8 +115,8 @@ void DocumentBuilder::addInputs()
     QList<InputNode *> added;
     for (const InputRecord &record : m_records.inputs) {
         InputOptions options = record.options;
-        options.fileType = inputType(options);
         options.path = m_relocation.existing(PathRelocation::cleaned(options.path));
+        options.fileType = inputType(options);
         options.folder.folder = m_relocation.existing(PathRelocation::cleaned(options.folder.folder));
         if (options.medium == Medium::Folder && options.folder.folder.isEmpty()) {
             options.folder.folder = options.path;
@@ -146,7 +148,7 @@ void DocumentBuilder::addOutputs()
     QList<OutputNode *> added;
     for (const OutputRecord &record : m_records.outputs) {
         const QString path = m_relocation.writable(PathRelocation::cleaned(record.path));
-        auto *node = new OutputNode(path, outputType(record), record.id);
+        auto *node = new OutputNode(path, outputType(record.fileType, path), record.id);
         node->setOptions(record.options);
         node->setAlias(record.alias);
         node->setPath(path, record.sheet);

@@ -34,7 +34,8 @@ QString DocumentValue::fromReal(double value)
 
 QString DocumentValue::fromCharacter(QChar value)
 {
-    return value.isNull() ? QString() : fromText(QString(value));
+    // No character has a form of its own: left out, it would come back as the reader's default.
+    return fromText(QString(value));
 }
 
 QString DocumentValue::fromList(const QStringList &list, QChar by)

@@ -13,7 +13,7 @@ void inputFields(Attributes &a, Record &input)
     a.integer("ignored_rows", o.ignoredRows, 0, 0, 0x7FFFFFFF);
     a.choice("header", o.headerMode, InputOptions::DecideAtFirstRead);
     a.boolean("watching", o.watching, false);
-    a.integer("json_arrays_as_rows", o.jsonArraysAsRows, 1, 0, 1);
+    a.integer("json_arrays_as_rows", o.jsonArraysAsRows, 1);
     a.boolean("trim", o.trim, false);
     a.boolean("simplify", o.simplify, false);
     a.boolean("ignore_empty", o.ignoreEmptyRows, true);

@@ -66,8 +66,9 @@ void FixedWidthReader::guessWidths()
     m_reader.readMore(m_reader.blockSize());
     while (true) {
         const char *const rest = forEachLine(m_reader.begin() + seen, m_reader.end(), m_reader.atEnd(),
-            [&guess](const char *line, const char *lineEnd, bool) {
-                if (!guess.hasEnough()) {
+            [&](const char *line, const char *lineEnd, bool) {
+                const bool ignored = m_options.rows.ignoreEmptyRows && line == lineEnd;
+                if (!ignored && !guess.hasEnough()) {
                     guess.addLine(line, lineEnd);
                 }
             });

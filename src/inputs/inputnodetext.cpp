@@ -128,7 +128,8 @@ InfoRows InputNode::optionSummary() const
         add("Encoding", o.encoding);
     }
     if (o.applies(InputOptions::Format)) {
-        add("Format", o.jsonArraysAsRows ? QStringLiteral("Long (more rows)") : QStringLiteral("Wide (more columns)"));
+        add("Format",
+            o.arraysBecomeRows() ? QStringLiteral("Long (more rows)") : QStringLiteral("Wide (more columns)"));
     }
     if (o.applies(InputOptions::IgnoredRows)) {
         add("Ignore", QStringLiteral("First %1 row(s)").arg(formatInteger(o.ignoredRows, true)));

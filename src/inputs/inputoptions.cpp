@@ -134,7 +134,8 @@ bool InputOptions::applies(Option option) const
     case Format:
         return fileType == FileType::Json || fileType == FileType::Xml;
     case IgnoredRows:
-        return delimited || fileType == FileType::FixedWidth || FileType::isExcel(fileType);
+        return delimited || fileType == FileType::FixedWidth || fileType == FileType::PlainText
+               || FileType::isExcel(fileType);
     case Worksheet:
     case HiddenRowsAndColumns:
         return FileType::isExcel(fileType);

@@ -38,7 +38,7 @@ struct InputOptions
     bool autoFixedWidths = true;
     QList<int> fixedWidths;
     QString encoding = QStringLiteral("Automatic"); ///< or the name of a codec
-    int jsonArraysAsRows = 1;                       ///< 0 wide, 1 long
+    int jsonArraysAsRows = 1;                       ///< 0 wide, 1 long; JSON takes other numbers as wide, XML as long
     int ignoredRows = 0;                            ///< at the start, empty ones included
     int headerMode = FirstRowIsHeader;
     bool trim = true;
@@ -69,6 +69,8 @@ struct InputOptions
     /// Which of the options a panel shows and a reader minds.
     enum Option { Delimiter, Columns, Encoding, Format, IgnoredRows, HiddenRowsAndColumns, Worksheet, Watching };
     bool applies(Option option) const;
+    /// True when arrays become rows, by the file type's reading of jsonArraysAsRows.
+    bool arraysBecomeRows() const { return fileType == FileType::Json ? jsonArraysAsRows == 1 : jsonArraysAsRows != 0; }
 
     /// The values of all options in a fixed order, for comparing.
     QVariantList values() const;

@@ -28,6 +28,11 @@ SettingsExtensions builtInInputs()
     // A .txt is far more often delimited than of fixed width.
     types.insert(QStringLiteral("txt"), FileType::Delimited);
     types.insert(QStringLiteral("tsv"), FileType::Delimited);
+    types.insert(QStringLiteral("tab"), FileType::Delimited);
+    // One value a line, and maps: what is written has neither form, so these are for reading only.
+    for (const char *extension : {"jsonl", "ndjson", "geojson"}) {
+        types.insert(QString::fromLatin1(extension), FileType::Json);
+    }
     return types;
 }
 

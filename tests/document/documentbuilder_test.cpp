@@ -161,7 +161,9 @@ TEST(DocumentBuilder, TypesThatTheDocumentLeavesOpenFollowTheNameOrTheText)
         int type;
     } cases[] = {
         {"a known extension", "file_type=\"11\" path=\"a.JSON\"", FileType::Json},
+        {"with blanks round it, which go", "path=\"%20a.json%20%20\"", FileType::Json},
         {"an unknown one", "path=\"a.unknown\"", FileType::Delimited},
+        {"one value a line", "path=\"a.ndjson\"", FileType::Json},
         {"none at all", "", FileType::Delimited},
         {"a stated type goes before the extension", "file_type=\"3\" path=\"a.json\"", FileType::FixedWidth},
         {"a negative type", "file_type=\"-4\" path=\"a.xlsx\"", FileType::ExcelXlsx},
@@ -181,6 +183,17 @@ TEST(DocumentBuilder, TypesThatTheDocumentLeavesOpenFollowTheNameOrTheText)
         ASSERT_TRUE(input);
         EXPECT_EQ(input->fileType(), c.type);
     }
+}
+
+TEST(DocumentBuilder, TypesOfOutputsFollowTheCleanName)
+{
+    GraphScene scene;
+    const DocumentContents contents = readText(
+        documentText("<outputs><output id=\"1\" path=\"%2Fd%2Fout.xlsx%20\"/></outputs>"), scene);
+    const auto *output = qobject_cast<OutputNode *>(contents.nodesById.value(1));
+    ASSERT_TRUE(output);
+    EXPECT_EQ(output->fileType(), FileType::ExcelXlsx);
+    EXPECT_EQ(output->path(), QStringLiteral("/d/out.xlsx"));
 }
 
 TEST(DocumentBuilder, ItemsWithAPathGetAnAlias)

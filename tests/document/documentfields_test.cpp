@@ -177,6 +177,14 @@ TEST(DocumentFields, AllAttributesTogetherComeBackAsTheyWere)
     }
 }
 
+TEST(DocumentFields, ValuesThatAreTheReadersBusinessComeBackAsTheyWere)
+{
+    for (const auto &[name, value] : {std::pair("custom_delimiter", "%00"), std::pair("json_arrays_as_rows", "2"),
+             std::pair("json_arrays_as_rows", "-1")}) {
+        EXPECT_EQ(rewritten(kinds[0], {{QString(name), QString(value)}}).value(name), value) << name;
+    }
+}
+
 TEST(DocumentFields, ValuesThatNoListHasGiveTheFallback)
 {
     for (const Kind &kind : kinds) {

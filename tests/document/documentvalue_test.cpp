@@ -143,7 +143,8 @@ TEST(DocumentValue, CharactersAreTheFirstOfTheDecodedText)
     EXPECT_EQ(DocumentValue::toCharacter(QStringLiteral(""), QLatin1Char('*')), QLatin1Char('*'));
     EXPECT_EQ(DocumentValue::toCharacter(QString(), QLatin1Char('*')), QLatin1Char('*'));
     EXPECT_EQ(DocumentValue::fromCharacter(QLatin1Char(' ')), QStringLiteral("%20"));
-    EXPECT_TRUE(DocumentValue::fromCharacter(QChar()).isNull());
+    EXPECT_EQ(DocumentValue::fromCharacter(QChar()), QStringLiteral("%00")) << "the null character is one";
+    EXPECT_TRUE(DocumentValue::toCharacter(QStringLiteral("%00"), QLatin1Char('*')).isNull());
 }
 
 TEST(DocumentValue, RawTextIsKeptButForWhatAFileCannotHold)

@@ -200,6 +200,18 @@ TEST(FixedWidthReader, CutsLinesIntoCells)
     }
 }
 
+TEST(FixedWidthReader, EmptyLinesHaveNoSayInTheGuessWhereTheyAreIgnored)
+{
+    // 18 of 21 lines count, which leaves out the footer; 21 of 24 would not.
+    const QString text = QString("ab cd\n").repeated(19) + "\n\n\n" + QString("the footer\n").repeated(2);
+    const QString blocks = QString("ab cd\n").repeated(19) + " \n \n \n" + QString("the footer\n").repeated(2);
+    RowRules keeping;
+    keeping.ignoreEmptyRows = false;
+    EXPECT_EQ(read(text, FixedWidthOptions()).widths, (QList<int>{3, 2}));
+    EXPECT_EQ(read(text, {true, {}, keeping}).widths, (QList<int>{3, 7}));
+    EXPECT_EQ(read(blocks, FixedWidthOptions()).widths, (QList<int>{3, 7})) << "lines of blanks aren't empty";
+}
+
 TEST(FixedWidthReader, BlocksAreNotSeen)
 {
     RandomText random(11);
