@@ -100,7 +100,9 @@ Writer::Writer(TextSink &sink, OutputTree &tree, const JsonColumnTypes &types, c
         const int type = types.value(node.column, JsonColumnType::Automatic);
         const QByteArray key = keyOf(node.name);
         m_types.push_back(type);
-        m_objectStarts.push_back(startOf(node, (node.name.isEmpty() ? QByteArray() : key) + '{' + lineEnding));
+        // The row's own object stands in a list, all others are members, whatever their names are.
+        const bool isRow = node.parent < 0;
+        m_objectStarts.push_back(startOf(node, (isRow ? QByteArray() : key) + '{' + lineEnding));
         m_leafStarts.push_back(startOf(node, isQuoted(type) ? key + '"' : key));
     }
 }

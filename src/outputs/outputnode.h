@@ -112,6 +112,7 @@ private:
     void writeJson(TextSink &sink, const TextLayout &layout, const Dataset &dataset, const JsonColumnTypes &types);
     void writeXml(TextSink &sink, const TextLayout &layout, const Dataset &dataset);
     void reportRow(int row, int rowCount);
+    void warnOfTagless(const QString &what, const QString &name);
     void warnOfInvalidCharacters(int count);
     void warnOfOtherType(const QString &path);
     QString expandedComment() const;

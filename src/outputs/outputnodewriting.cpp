@@ -19,6 +19,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 
 namespace {
 
@@ -251,11 +252,23 @@ void OutputNode::writeXml(TextSink &sink, const TextLayout &layout, const Datase
     format.belowRoot = m_options.xmlBelowRoot;
     format.removeEmpty = m_options.removeEmpty;
     XmlWriter::write(sink, dataset, format, layout);
+    warnOfTagless(QStringLiteral("Root name"), format.rootName);
+    warnOfTagless(QStringLiteral("Row name"), format.rowName);
     for (const QString &name : dataset.columnNames()) {
         const QString warning = XmlNames::checkXmlTagName(name);
         if (!warning.isEmpty()) {
             m_warnings.append(warning);
         }
+    }
+}
+
+/// `what` says whose tags the name gives, of which empty parts count for nothing.
+void OutputNode::warnOfTagless(const QString &what, const QString &name)
+{
+    const QStringList parts = name.split(QLatin1Char('.'), Qt::SkipEmptyParts);
+    const auto isTagless = [](const QString &part) { return XmlNames::isTagless(part.midRef(0)); };
+    if (parts.isEmpty() || std::any_of(parts.cbegin(), parts.cend(), isTagless)) {
+        m_warnings.append(QStringLiteral("%1 '%2' invalid as an XML tag: empty part, written as '_'").arg(what, name));
     }
 }
 

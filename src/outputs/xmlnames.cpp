@@ -1,5 +1,7 @@
 #include "outputs/xmlnames.h"
 
+#include <algorithm>
+
 namespace {
 
 bool isLetter(uint character)
@@ -34,6 +36,15 @@ QString faultOf(const QString &name)
     return QString();
 }
 
+/// True when a part between points gives no tag or, as the last one, no attribute's key.
+bool hasNamelessPart(const QString &name)
+{
+    const QStringList parts = name.split(QLatin1Char('.'));
+    return XmlNames::isKeyless(parts.constLast()) || std::any_of(parts.cbegin(), parts.cend(), [](const QString &part) {
+        return XmlNames::isTagless(part.midRef(0));
+    });
+}
+
 } // namespace
 
 const ByteReplacements &XmlNames::references()
@@ -57,14 +68,26 @@ QByteArray XmlNames::tag(const QString &name)
     while (marks < result.size() && result.at(marks) == '!') {
         ++marks;
     }
-    return result.mid(marks).replace(' ', '-');
+    result = result.mid(marks).replace(' ', '-');
+    return result.isEmpty() ? QByteArray("_") : result;
+}
+
+bool XmlNames::isTagless(const QStringRef &name)
+{
+    return std::all_of(name.begin(), name.end(), [](QChar c) { return c == QLatin1Char('!'); });
+}
+
+bool XmlNames::isKeyless(const QString &name)
+{
+    return name.startsWith(QLatin1Char('_')) && isTagless(name.midRef(1));
 }
 
 QString XmlNames::checkXmlTagName(const QString &name)
 {
-    if (name.startsWith(QLatin1Char('_')) || name.startsWith(QLatin1Char('!'))) {
-        return QString();
+    const bool isMarked = name.startsWith(QLatin1Char('_')) || name.startsWith(QLatin1Char('!'));
+    QString fault = isMarked ? QString() : faultOf(name);
+    if (fault.isEmpty() && hasNamelessPart(name)) {
+        fault = QStringLiteral("empty part, written as '_'");
     }
-    const QString fault = faultOf(name);
     return fault.isEmpty() ? QString() : QStringLiteral("Column name '%1' invalid as an XML tag: %2").arg(name, fault);
 }

@@ -39,11 +39,26 @@ bool isAttributeName(const QString &name)
 struct Element
 {
     QByteArray tag;
-    bool isAttribute = false;       ///< as a leaf
-    QByteArray attributeKey;        ///< empty for an attribute that is left out
+    bool isAttribute = false; ///< as a leaf
+    QByteArray attributeKey;
     std::vector<int> children;      ///< in the order of their last columns
-    std::vector<int> keyedChildren; ///< those with an attribute key, in its order, equal keys as they came to be
+    std::vector<int> keyedChildren; ///< the attributes in the order of their keys, equal keys as they came to be
 };
+
+/// A key of underscores, for attributes of whose names nothing is left, that none of those with a name has.
+QString freeKey(
+    const std::vector<int> &attributes, const std::vector<OutputTree::Node> &nodes, const std::vector<QString> &keys)
+{
+    QString key(1, QLatin1Char('_'));
+    const auto isTaken = [&](int number) {
+        const auto i = static_cast<size_t>(number);
+        return keys[i] == key && !XmlNames::isKeyless(nodes[i].name);
+    };
+    while (std::any_of(attributes.cbegin(), attributes.cend(), isTaken)) {
+        key += QLatin1Char('_');
+    }
+    return key;
+}
 
 std::vector<Element> elementsOf(const std::vector<OutputTree::Node> &nodes)
 {
@@ -59,9 +74,13 @@ std::vector<Element> elementsOf(const std::vector<OutputTree::Node> &nodes)
             elements[i].isAttribute = true;
             elements[i].attributeKey = XmlNames::tag(node.name.mid(1));
             keys[i] = TextCoding::decode(elements[i].attributeKey.constData(), elements[i].attributeKey.size());
-            if (!keys[i].isEmpty()) {
-                parent.keyedChildren.push_back(number);
-            }
+            parent.keyedChildren.push_back(number);
+        }
+    }
+    for (size_t i = 1; i < nodes.size(); ++i) {
+        if (XmlNames::isKeyless(nodes[i].name)) {
+            keys[i] = freeKey(elements[static_cast<size_t>(nodes[i].parent)].keyedChildren, nodes, keys);
+            elements[i].attributeKey = keys[i].toLatin1();
         }
     }
     for (Element &element : elements) {

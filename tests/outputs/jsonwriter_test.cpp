@@ -46,6 +46,9 @@ TEST(JsonWriter, NestsByThePointsInNames)
             "[\n  {\n    \"name\": \"Ann\",\n    \"age\": 30\n  },\n  {\n    \"name\": \"Bob, Jr\"\n  }\n]\n"},
         {"names with a common beginning share an object", grid({"a.b|a.c", "1|x"}), true,
             "[\n  {\n    \"a\": {\n      \"b\": 1,\n      \"c\": \"x\"\n    }\n  }\n]\n"},
+        {"a part without a name is a name", grid({".x|a..b|n.", "p|q|r"}), true,
+            "[\n  {\n    \"\": {\n      \"x\": \"p\"\n    },\n    \"a\": {\n      \"\": {\n        \"b\": \"q\"\n"
+            "      }\n    },\n    \"n\": {\n      \"\": \"r\"\n    }\n  }\n]\n"},
         {"no rows", grid({"a"}), true, "[\n]\n"},
         {"a row of empty values vanishes, with its comma", grid({"a|b.c", "1|2", "|"}), true,
             "[\n  {\n    \"a\": 1,\n    \"b\": {\n      \"c\": 2\n    }\n  }\n]\n"},

@@ -31,7 +31,7 @@ private:
             const QString value = valueText(node);
             text += indent + "\"" + escaped(node.name) + "\": " + value;
         } else {
-            text += indent + (node.name.isEmpty() ? QString("{") : "\"" + escaped(node.name) + "\": {") + m_lineEnding;
+            text += indent + (node.depth() == 1 ? QString("{") : "\"" + escaped(node.name) + "\": {") + m_lineEnding;
             for (const auto &child : node.children) {
                 write(*child);
             }

@@ -62,7 +62,23 @@ private:
         while (tag.startsWith('!')) {
             tag.remove(0, 1);
         }
-        return tag.replace(' ', '-');
+        return tag.isEmpty() ? QString("_") : tag.replace(' ', '-');
+    }
+
+    static bool isKeyless(const QString &name) { return name.startsWith('_') && name.count('!') == name.size() - 1; }
+
+    /// The key of an attribute; where nothing is left of its name, underscores that no sibling has for a key.
+    static QString keyOf(const OutputTreeNode &leaf)
+    {
+        QString key = tagOf(leaf.name.mid(1));
+        const auto isTaken = [&key](const std::unique_ptr<OutputTreeNode> &sibling) {
+            return sibling->name.startsWith('_') && !isKeyless(sibling->name) && tagOf(sibling->name.mid(1)) == key;
+        };
+        const auto &siblings = leaf.parent->children;
+        while (isKeyless(leaf.name) && std::any_of(siblings.begin(), siblings.end(), isTaken)) {
+            key += '_';
+        }
+        return key;
     }
 
     void addLines(const QString &lines, const QString &indent)
@@ -86,8 +102,8 @@ private:
         for (const auto &child : node.children) {
             if (!child->isLeaf() || !child->name.startsWith('_')) {
                 elements.push_back(child.get());
-            } else if (!child->value.isEmpty() && !tagOf(child->name.mid(1)).isEmpty()) {
-                attributes[tagOf(child->name.mid(1))] = escaped(child->value);
+            } else if (!child->value.isEmpty()) {
+                attributes[keyOf(*child)] = escaped(child->value);
             }
         }
         if (!elements.empty() && !node.value.isEmpty()) {

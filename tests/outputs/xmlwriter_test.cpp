@@ -67,8 +67,12 @@ TEST(XmlWriter, MakesElementsAndAttributesOfNames)
             "  <record>\n    <1-a-b>x</1-a-b>\n  </record>\n"},
         {"values are escaped", grid({"_a|b", "<\"&'>|<\"&'>"}), true,
             "  <record a=\"&lt;&quot;&amp;&apos;&gt;\">\n    <b>&lt;&quot;&amp;&apos;&gt;</b>\n  </record>\n"},
-        {"an attribute without a name is left out", grid({"_|b", "1|2"}), true,
-            "  <record>\n    <b>2</b>\n  </record>\n"},
+        {"an attribute of whose name nothing is left gets one", grid({"_|b", "1|2"}), true,
+            "  <record _=\"1\">\n    <b>2</b>\n  </record>\n"},
+        {"which no other has", grid({"_|__|___|_!", "1|2|3|"}), true, "  <record _=\"2\" __=\"3\" ___=\"1\"/>\n"},
+        {"so do elements", grid({"!|.x|a..b|n.", "1|2|3|4"}), true,
+            "  <record>\n    <_>1</_>\n    <_>\n      <x>2</x>\n    </_>\n    <a>\n      <_>\n        <b>3</b>\n"
+            "      </_>\n    </a>\n    <n>\n      <_>4</_>\n    </n>\n  </record>\n"},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.what);
@@ -98,7 +102,7 @@ TEST(XmlWriter, WrapsRowsInRootAndRowElements)
         {"while an attribute has nothing to show", none, formatOf("a._b"), "<a>\n</a>\n"},
         {"a point nests rows", one, formatOf("root", "r.s t"),
             "<root>\n  <r>\n    <s-t>\n      <a>1</a>\n    </s-t>\n  </r>\n</root>\n"},
-        {"no names at all", one, formatOf("", "."), "<>\n  <>\n    <a>1</a>\n  </>\n</>\n"},
+        {"no names at all", one, formatOf("", "."), "<_>\n  <_>\n    <a>1</a>\n  </_>\n</_>\n"},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.what);
@@ -158,6 +162,11 @@ TEST(XmlNames, SayWhyANameIsNoTag)
         {"a digit in front", "1a", "doesn't start with a letter"},
         {"the first of several faults", "a(b]", "invalid character '('"},
         {"a reference", "a<b", "invalid character '&'"},
+        {"a part without a name", "a..b", "empty part, written as '_'"},
+        {"at the end", "notes...", "empty part, written as '_'"},
+        {"an attribute of which nothing is left", "a._", "empty part, written as '_'"},
+        {"an element of which nothing is left", "!!", "empty part, written as '_'"},
+        {"while an underscore with children is a name", "_.a", ""},
         {"a letter of two units", "\xF0\x9D\x92\x9C\xF0\x9D\x92\x9C", ""},
         {"a sign of two units", "a\xF0\x9F\x98\x80", "invalid character '\xF0\x9F\x98\x80'"},
     };
