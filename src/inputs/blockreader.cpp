@@ -30,6 +30,7 @@ void BlockReader::refill(const char *rest, int count)
 {
     const char *const before = end();
     m_size = static_cast<int>(before - rest);
+    m_offset += rest - m_bytes;
     if (rest != m_bytes) {
         std::copy(rest, before, m_bytes);
     }
@@ -68,7 +69,8 @@ void BlockReader::parseRows(RowBatch &batch, const Parse &parse)
 {
     while (true) {
         batch.setBuffer(m_bytes);
-        const char *const rest = parse(m_bytes, end(), m_atEnd);
+        char *const begin = parseToBroken(batch, parse);
+        const char *const rest = parse(begin, end(), m_atEnd);
         batch.flush();
         reportProgress();
         if (m_atEnd) {
@@ -77,6 +79,20 @@ void BlockReader::parseRows(RowBatch &batch, const Parse &parse)
         // Taking at least as much again as is left keeps the cost of a long row in proportion to its length.
         refill(rest, qMax<int>(m_blockSize, static_cast<int>(end() - rest)));
     }
+}
+
+/// Takes the rows in front of the first one that holds bytes the encoding can't read, to know its number. Returns where
+/// parsing goes on; without such bytes, that is the beginning.
+char *BlockReader::parseToBroken(RowBatch &batch, const Parse &parse)
+{
+    const qint64 at = m_source->firstBroken() - m_offset;
+    if (m_source->firstBroken() < 0 || m_firstBrokenRow > 0 || at >= m_size) {
+        return m_bytes;
+    }
+    // The first byte of the replacement shows that a carriage return before it is a line's whole end.
+    char *const row = parse(m_bytes, m_bytes + at + 1, false);
+    m_firstBrokenRow = batch.rowsTaken() + 1;
+    return row;
 }
 
 void BlockReader::reportProgress()

@@ -40,10 +40,13 @@ public:
     void readAll();
     /// Takes what is there and all that follows; the batch is told where its texts lie and flushed after each block.
     void parseRows(RowBatch &batch, const Parse &parse);
+    /// The row, from 1, in which parseRows() met the first bytes that the encoding can't read; 0 for none.
+    qint64 firstBrokenRow() const { return m_firstBrokenRow; }
 
 private:
     void reserve(qint64 size);
     void reportProgress();
+    char *parseToBroken(RowBatch &batch, const Parse &parse);
 
     TextSource *m_source;
     std::function<void(double)> m_progress;
@@ -52,4 +55,6 @@ private:
     int m_size = 0;
     int m_capacity = 0;
     bool m_atEnd = false;
+    qint64 m_offset = 0; // of the bytes in the text
+    qint64 m_firstBrokenRow = 0;
 };

@@ -99,7 +99,7 @@ char *DelimitedParser::parseRows(char *begin, char *end, bool last, RowBatch &ba
                 if (kind != Quote) {
                     cursor.unusual |= kind == LineEnd || m_delimiterIsSpace;
                 } else {
-                    takeQuoteInside(cursor, at);
+                    takeQuoteInside(cursor, at, batch);
                 }
             } else if (kind == Delimiter) {
                 takeDelimiter<quotes>(cursor, at, m_delimiter.size(), batch);
@@ -122,7 +122,7 @@ char *DelimitedParser::parseRows(char *begin, char *end, bool last, RowBatch &ba
 }
 
 /// Where the bytes end before the text does, the answer may be wrong: then the row is parsed again with more of them.
-void DelimitedParser::takeQuoteInside(Cursor &cursor, char *at) const
+void DelimitedParser::takeQuoteInside(Cursor &cursor, char *at, RowBatch &batch) const
 {
     char *const following = at + 1;
     if (following < cursor.end && *following == '"') {
@@ -133,6 +133,7 @@ void DelimitedParser::takeQuoteInside(Cursor &cursor, char *at) const
         cursor.inside = false;
     } else {
         cursor.quoted = true;
+        batch.noteStrayQuote();
     }
 }
 

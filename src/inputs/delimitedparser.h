@@ -39,7 +39,7 @@ private:
     bool isDelimiter(const char *at, const char *end) const;
     template<bool quotes>
     char *parseRows(char *begin, char *end, bool last, RowBatch &batch) const;
-    void takeQuoteInside(Cursor &cursor, char *at) const;
+    void takeQuoteInside(Cursor &cursor, char *at, RowBatch &batch) const;
     template<bool quotes>
     void takeDelimiter(Cursor &cursor, char *at, int size, RowBatch &batch) const;
     template<bool quotes>

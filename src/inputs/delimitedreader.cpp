@@ -25,6 +25,7 @@ void DelimitedReader::read(Dataset *dataset)
     RowBatch batch(m_options.rows, dataset);
     m_reader.parseRows(batch, [&](char *begin, char *end, bool last) { return parser.parse(begin, end, last, batch); });
     m_infos += batch.infos();
+    m_warnings += batch.strayQuoteWarnings();
     m_warnings += batch.widths().report();
 }
 

@@ -41,6 +41,8 @@ public:
     /// Appends what the source holds to `dataset`. Throws std::bad_alloc when there is too much of it.
     void read(Dataset *dataset);
 
+    /// As BlockReader's.
+    qint64 firstBrokenRow() const { return m_reader.firstBrokenRow(); }
     const QStringList &infos() const { return m_infos; }
     const QStringList &warnings() const { return m_warnings; }
 

@@ -37,6 +37,8 @@ public:
     const QList<int> &widths() const { return m_options.widths; }
     /// The first lines as they stand in the text, then a line that counts the others.
     const QStringList &sample() const { return m_sample; }
+    /// As BlockReader's.
+    qint64 firstBrokenRow() const { return m_reader.firstBrokenRow(); }
     const QStringList &infos() const { return m_infos; }
 
 private:

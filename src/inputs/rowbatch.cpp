@@ -31,6 +31,7 @@ void RowBatch::finishRow(bool unusual)
     }
     m_widths.add(static_cast<int>(m_count - m_rowBegin));
     if (!m_quotedTexts.empty()) {
+        countStrayTexts();
         cleanQuotedTexts();
     }
     if (unusual) {
@@ -47,6 +48,17 @@ void RowBatch::finishRow(bool unusual)
     if (m_count >= textsAtOnce) {
         flush();
     }
+}
+
+/// A text whose quote closes inside holds quotes, so no other row needs to be looked at.
+void RowBatch::countStrayTexts()
+{
+    if (m_strayTexts > 0 && m_strayTextsInAll == 0) {
+        m_firstStrayRow = m_widths.rowsTaken();
+    }
+    m_strayTextsInAll += m_strayTexts;
+    m_strayTexts = 0;
+    m_strayText = noText;
 }
 
 void RowBatch::cleanQuotedTexts()
@@ -88,6 +100,8 @@ void RowBatch::dropUnfinishedRow()
     m_count = m_rowBegin;
     m_rowSize = 0;
     m_quotedTexts.clear();
+    m_strayTexts = 0;
+    m_strayText = noText;
 }
 
 void RowBatch::flush()
@@ -100,6 +114,17 @@ void RowBatch::flush()
     m_rowEnds.clear();
     m_count = 0;
     m_rowBegin = 0;
+}
+
+QStringList RowBatch::strayQuoteWarnings() const
+{
+    if (m_strayTextsInAll == 0) {
+        return QStringList();
+    }
+    const QString times = m_strayTextsInAll == 1 ? QStringLiteral("time") : QStringLiteral("times");
+    const QString text = QStringLiteral(
+        "Quote closed inside a value %1 %2, so rows behind it may be part of it: E.g. input row %3");
+    return {text.arg(formatInteger(m_strayTextsInAll, true), times, formatInteger(m_firstStrayRow, true))};
 }
 
 QStringList RowBatch::emptyRowsInfos(qint64 emptyRowsDropped)

@@ -57,14 +57,28 @@ public:
     /// The same for readers with other ways to make rows.
     static QStringList emptyRowsInfos(qint64 emptyRowsDropped);
     const RowWidths &widths() const { return m_widths; }
+    /// Rows of the input finished so far, those that were ignored and dropped included.
+    qint64 rowsTaken() const { return m_rowsSeen < m_rules.ignoredRows ? m_rowsSeen : m_widths.rowsTaken(); }
+    /// To be told when a quote closes inside the text being gathered and doesn't end it.
+    void noteStrayQuote()
+    {
+        if (m_strayText != m_count) {
+            m_strayText = m_count;
+            ++m_strayTexts;
+        }
+    }
+    /// A line that tells of such texts, if there are any.
+    QStringList strayQuoteWarnings() const;
 
 private:
     void cleanQuotedTexts();
+    void countStrayTexts();
     void cleanRow();
     void cleanText(DatasetAppender::Text &text) const;
 
     // Enough rows to make work by columns pay, few enough for their texts to stay in the cache.
     static constexpr size_t textsAtOnce = 16384;
+    static constexpr size_t noText = ~size_t(0);
 
     const RowRules m_rules;
     const Dataset *m_dataset;
@@ -76,7 +90,11 @@ private:
     std::vector<size_t> m_quotedTexts; // those of the row being gathered
     size_t m_count = 0;
     size_t m_rowBegin = 0;
-    size_t m_rowSize = 0; // bytes in the row's texts
+    size_t m_rowSize = 0;        // bytes in the row's texts
+    size_t m_strayText = noText; // the last one whose quote closed inside, of the row being gathered
+    qint64 m_strayTexts = 0;     // of that row
+    qint64 m_strayTextsInAll = 0;
+    qint64 m_firstStrayRow = 0;
     int m_rowsSeen = 0;
     qint64 m_emptyRowsDropped = 0;
 };

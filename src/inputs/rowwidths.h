@@ -23,6 +23,8 @@ public:
         ++m_last->rows;
     }
 
+    /// The rows added and those skipped before them.
+    qint64 rowsTaken() const { return m_nextRow; }
     int widest() const { return m_widths.empty() ? 0 : m_widths.rbegin()->first; }
     /// Lines that tell of rows of different widths; none when all are alike.
     QStringList report() const;

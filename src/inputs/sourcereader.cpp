@@ -1,6 +1,7 @@
 #include "inputs/sourcereader.h"
 
 #include "data/dataset.h"
+#include "data/values.h"
 #include "graph/ionode.h"
 #include "inputs/delimitedreader.h"
 #include "inputs/fixedwidthreader.h"
@@ -13,7 +14,38 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <new>
+#include <vector>
+
+namespace {
+
+/// The line, from 1, that byte `position` of a file's text stands in; 0 when the file can't be read again.
+qint64 lineAt(const QString &path, const QString &encoding, qint64 position)
+{
+    QFile file(path);
+    // What a pipe held is gone.
+    if (!QFileInfo(path).isFile() || !platform::openDataFile(file)) {
+        return 0;
+    }
+    TextSource source(&file, encoding);
+    std::vector<char> bytes(1 << 16);
+    qint64 line = 1;
+    char before = 0;
+    while (position > 0) {
+        const int size = source.read(bytes.data(), static_cast<int>(bytes.size()));
+        if (size == 0) {
+            return 0;
+        }
+        for (int i = 0; i < size && position > 0; ++i, --position) {
+            line += bytes[static_cast<size_t>(i)] == '\r' || (bytes[static_cast<size_t>(i)] == '\n' && before != '\r');
+            before = bytes[static_cast<size_t>(i)];
+        }
+    }
+    return line;
+}
+
+} // namespace
 
 bool SourceReader::readFile(const QString &path, Dataset *dataset)
 {
@@ -28,8 +60,28 @@ bool SourceReader::readFile(const QString &path, Dataset *dataset)
         m_infos.append(QStringLiteral("Encoding=Automatic guesses 'UTF-8', set 'Encoding' option to change"));
     }
     const bool fixedEncoding = m_options.fileType == FileType::Json;
-    TextSource source(&file, fixedEncoding ? TextSource::automatic() : m_options.encoding);
-    return readSource(source, name, dataset);
+    const QString encoding = fixedEncoding ? TextSource::automatic() : m_options.encoding;
+    TextSource source(&file, encoding);
+    const bool done = readSource(source, name, dataset);
+    warnOfBroken(source, path, encoding);
+    return done;
+}
+
+/// Bytes that the encoding can't read are a reason for other faults, so this is told whether the reading was done or
+/// not.
+void SourceReader::warnOfBroken(const TextSource &source, const QString &path, const QString &encoding)
+{
+    if (source.brokenCount() == 0) {
+        return;
+    }
+    QString warning = QStringLiteral("%1 character(s) can't be read in encoding '%2' and have been replaced")
+                          .arg(formatInteger(source.brokenCount(), true), source.encodingName());
+    if (m_firstBrokenRow > 0) {
+        warning += QStringLiteral(": E.g. input row %1").arg(formatInteger(m_firstBrokenRow, true));
+    } else if (const qint64 line = lineAt(path, encoding, source.firstBroken())) {
+        warning += QStringLiteral(": E.g. line %1").arg(formatInteger(line, true));
+    }
+    m_warnings.append(warning);
 }
 
 bool SourceReader::readText(const QString &text, Dataset *dataset)
@@ -91,6 +143,7 @@ void SourceReader::readDelimited(TextSource &source, Dataset *dataset)
     DelimitedReader reader(options, &source);
     reader.setProgress(m_progress);
     reader.read(dataset);
+    m_firstBrokenRow = reader.firstBrokenRow();
     m_infos += reader.infos();
     m_warnings += reader.warnings();
 }
@@ -107,6 +160,7 @@ void SourceReader::readPlainText(TextSource &source, Dataset *dataset)
     DelimitedReader reader(options, &source);
     reader.setProgress(m_progress);
     reader.read(dataset);
+    m_firstBrokenRow = reader.firstBrokenRow();
     m_infos += reader.infos();
 }
 
@@ -115,6 +169,7 @@ void SourceReader::readFixedWidth(TextSource &source, Dataset *dataset)
     FixedWidthReader reader({m_options.autoFixedWidths, m_options.fixedWidths, rowRules()}, &source);
     reader.setProgress(m_progress);
     reader.read(dataset);
+    m_firstBrokenRow = reader.firstBrokenRow();
     m_fixedWidths = reader.widths();
     m_fixedWidthSample = reader.sample();
     m_infos += reader.infos();

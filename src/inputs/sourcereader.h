@@ -44,6 +44,7 @@ private:
     template<class TreeReader>
     bool readTree(TextSource &source, Dataset *dataset);
     RowRules rowRules() const;
+    void warnOfBroken(const TextSource &source, const QString &path, const QString &encoding);
 
     const InputOptions m_options;
     QList<int> m_fixedWidths;
@@ -51,4 +52,5 @@ private:
     std::function<void(double)> m_progress;
     QStringList m_infos;
     QStringList m_warnings;
+    qint64 m_firstBrokenRow = 0; // 0 for none or unknown
 };

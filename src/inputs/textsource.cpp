@@ -8,6 +8,8 @@
 namespace {
 
 constexpr int utf8Mib = 106;
+constexpr char replacement[] = "\xEF\xBF\xBD"; // U+FFFD
+constexpr int replacementSize = 3;
 // A text stream decodes pieces of this size. Where a broken sequence lies across two of them, the number of
 // replacement characters depends on it.
 constexpr int pieceSize = 16384;
@@ -31,6 +33,23 @@ int incompleteTail(const char *bytes, int size)
     return 0;
 }
 
+/// Bytes of the text before its first replacement character that isn't one in `bytes`, which it was decoded from.
+int validSize(const QString &text, const char *bytes, int size)
+{
+    int at = 0;
+    int begin = 0;
+    while (true) {
+        const int found = text.indexOf(QChar(QChar::ReplacementCharacter), begin);
+        at += text.midRef(begin, found < 0 ? -1 : found - begin).toUtf8().size();
+        if (found < 0 || size - at < replacementSize
+            || std::memcmp(bytes + at, replacement, static_cast<size_t>(replacementSize)) != 0) {
+            return at;
+        }
+        at += replacementSize;
+        begin = found + 1;
+    }
+}
+
 } // namespace
 
 TextSource::TextSource(QIODevice *device, const QString &encoding)
@@ -51,7 +70,19 @@ TextSource::TextSource(const QString &text)
     m_total = m_pending.size();
 }
 
+QString TextSource::encodingName() const
+{
+    return m_codec ? QString::fromLatin1(m_codec->name()) : automatic();
+}
+
 int TextSource::read(char *out, int room)
+{
+    const int size = readNext(out, room);
+    m_given += size;
+    return size;
+}
+
+int TextSource::readNext(char *out, int room)
 {
     Q_ASSERT(room >= leastRoom);
     if (!m_started) {
@@ -111,8 +142,13 @@ int TextSource::readUtf8(char *out, int room)
     const int size = fill(out, room);
     const int tail = incompleteTail(out, size);
     if (TextCoding::isValidUtf8(out, size - tail)) {
+        if (tail > 0 && tail == size) {
+            // Nothing but the beginning of a character is left of a file that was cut off.
+            noteBroken(1, 0);
+            std::memcpy(out, replacement, static_cast<size_t>(replacementSize));
+            return replacementSize;
+        }
         m_carried = QByteArray(out + size - tail, tail);
-        // Nothing but the beginning of a character is left at the end of a file that was cut off: no text.
         return size - tail;
     }
     m_pending.resize(0);
@@ -127,7 +163,13 @@ void TextSource::decodeBrokenUtf8(const char *bytes, int size)
     qint64 offset = m_position - size;
     for (int done = 0; done < size;) {
         const int piece = static_cast<int>(qMin<qint64>(size - done, pieceSize - offset % pieceSize));
-        appendDecoded(m_codec->toUnicode(bytes + done, piece, &state));
+        const int invalidBefore = state.invalidChars;
+        const int waiting = state.remainingChars;
+        const QString text = m_codec->toUnicode(bytes + done, piece, &state);
+        if (state.invalidChars > invalidBefore) {
+            noteBroken(state.invalidChars - invalidBefore, validSize(text, bytes + done - waiting, piece + waiting));
+        }
+        appendDecoded(text);
         done += piece;
         offset += piece;
     }
@@ -142,14 +184,53 @@ int TextSource::readDecoded(char *out, int room)
     while (m_pending.isEmpty()) {
         const int size = fill(piece.data(), piece.size());
         if (size == 0) {
-            // A lone first half at the very end is text as well.
-            TextCoding::appendEncoded(m_pending, &m_highSurrogate, m_highSurrogate.isNull() ? 0 : 1);
-            m_highSurrogate = QChar();
+            decodeRest();
             break;
         }
-        appendDecoded(m_codec->toUnicode(piece.constData(), size, &m_state));
+        const QString text = m_codec->toUnicode(piece.constData(), size, &m_state);
+        const int first = marksBroken() ? text.indexOf(QChar(QChar::ReplacementCharacter)) : -1;
+        if (first >= 0) {
+            noteBroken(text.count(QChar(QChar::ReplacementCharacter)), text.leftRef(first).toUtf8().size());
+        }
+        appendDecoded(text);
     }
     return takePending(out, room);
+}
+
+/// What the end of the text leaves unfinished: half a character, of bytes or of surrogates.
+void TextSource::decodeRest()
+{
+    if (m_ended) {
+        return;
+    }
+    m_ended = true;
+    // A lone first half is text as well.
+    TextCoding::appendEncoded(m_pending, &m_highSurrogate, m_highSurrogate.isNull() ? 0 : 1);
+    m_highSurrogate = QChar();
+    bool cut = m_state.remainingChars > 0;
+    if (!cut && marksBroken()) {
+        // Some codecs keep what waits to themselves. A line end can't go on with it, so it shows.
+        cut = m_codec->toUnicode("\n", 1, &m_state).contains(QChar(QChar::ReplacementCharacter));
+    }
+    if (cut) {
+        noteBroken(1, 0);
+        m_pending.append(replacement, replacementSize);
+    }
+}
+
+/// True for encodings that replacement characters can't stand in, so that each one tells of broken bytes.
+bool TextSource::marksBroken() const
+{
+    return !m_codec->name().startsWith("UTF-");
+}
+
+/// `position` is that of the first one, in bytes of text behind what is pending.
+void TextSource::noteBroken(qint64 count, qint64 position)
+{
+    m_brokenCount += count;
+    if (m_firstBroken < 0) {
+        m_firstBroken = m_given + m_pending.size() + position;
+    }
 }
 
 void TextSource::appendDecoded(const QString &text)

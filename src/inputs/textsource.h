@@ -30,15 +30,26 @@ public:
     qint64 position() const { return m_position; }
     qint64 total() const { return m_total; }
 
+    /// Bytes that the encoding has no meaning for, each replaced by U+FFFD; a sequence that the end cuts off is one.
+    qint64 brokenCount() const { return m_brokenCount; }
+    /// How many bytes of text stand before the first replacement; -1 for none.
+    qint64 firstBroken() const { return m_firstBroken; }
+    /// The encoding in use, once something has been read.
+    QString encodingName() const;
+
     static QString automatic() { return QStringLiteral("Automatic"); }
 
 private:
+    int readNext(char *out, int room);
     int fill(char *out, int room);
     void detectEncoding();
     int readUtf8(char *out, int room);
     int readDecoded(char *out, int room);
     int takePending(char *out, int room);
     void decodeBrokenUtf8(const char *bytes, int size);
+    void decodeRest();
+    bool marksBroken() const;
+    void noteBroken(qint64 count, qint64 position);
     void appendDecoded(const QString &text);
 
     QIODevice *m_device = nullptr;
@@ -46,6 +57,7 @@ private:
     bool m_detect = false;
     bool m_started = false;
     bool m_failed = false;
+    bool m_ended = false;
     qint64 m_position = 0;
     qint64 m_total = 0;
     QByteArray m_carried; // bytes read that wait for the rest of their character
@@ -53,4 +65,7 @@ private:
     int m_pendingTaken = 0;
     QChar m_highSurrogate; // the first half of a character whose second half comes with the next piece
     QTextCodec::ConverterState m_state;
+    qint64 m_given = 0; // bytes of text handed out
+    qint64 m_brokenCount = 0;
+    qint64 m_firstBroken = -1;
 };

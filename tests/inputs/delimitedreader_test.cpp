@@ -17,6 +17,7 @@ struct Reading
     Dataset dataset;
     QStringList infos;
     QStringList warnings;
+    qint64 firstBrokenRow = 0;
 };
 
 Reading readBytes(
@@ -32,6 +33,7 @@ Reading readBytes(
     reader.read(&reading.dataset);
     reading.infos = reader.infos();
     reading.warnings = reader.warnings();
+    reading.firstBrokenRow = reader.firstBrokenRow();
     return reading;
 }
 
@@ -201,6 +203,12 @@ TEST(DelimitedReader, ReportsWhatItGuessedAndFound)
                 "1 input row has 5 values: E.g. input row 3"}},
         {"row numbers count ignored rows, whose widths don't", withRows({true, true, true, 2}), "x\nx\na,b\nc\n", {},
             {varies, "1 input row has 1 value: E.g. input row 4", "1 input row has 2 values: E.g. input row 3"}},
+        {"a quote that closes inside a value", plainOptions(), "a\n\"b\" ,c\n\"d\",e\n", {},
+            {"Quote closed inside a value 1 time, so rows behind it may be part of it: E.g. input row 2", varies,
+                "1 input row has 1 value: E.g. input row 1", "1 input row has 2 values: E.g. input row 2"}},
+        {"several of them, each value counts once", plainOptions(), "\"a\"x\"y\",\"b\"c\"\n\"d\"e\",f\n", {},
+            {"Quote closed inside a value 3 times, so rows behind it may be part of it: E.g. input row 1"}},
+        {"in a row that is ignored nothing is lost", withRows({true, true, true, 1}), "\"a\"x\"\nb\n", {}, {}},
         {"large counts are grouped", plainOptions(), QByteArray("a\n").repeated(1200) + "b,c", {},
             {varies, "1,200 input rows have 1 value: E.g. input row 1",
                 "1 input row has 2 values: E.g. input row 1,201"}},
@@ -210,6 +218,32 @@ TEST(DelimitedReader, ReportsWhatItGuessedAndFound)
         const Reading reading = readBytes(c.bytes, c.options, 5);
         EXPECT_EQ(reading.infos, c.infos);
         EXPECT_EQ(reading.warnings, c.warnings);
+    }
+}
+
+TEST(DelimitedReader, KnowsTheRowOfTheFirstBytesThatCannotBeRead)
+{
+    const struct
+    {
+        const char *what;
+        DelimitedOptions options;
+        QByteArray bytes;
+        qint64 row;
+    } cases[] = {
+        {"none", plainOptions(), "a\n\xEF\xBF\xBD\n", 0},
+        {"the first row", plainOptions(), "\xFF\n", 1},
+        {"behind each kind of line end", plainOptions(), "a\nb\r\nc\r\xFF", 4},
+        {"after a replacement character that stands in the file", plainOptions(), "\xEF\xBF\xBD\n\xC3\xA9,\xFF\n", 2},
+        {"in a value with line ends", plainOptions(), "a\n\"b\n\xFF\n\"\n", 2},
+        {"rows that were ignored and dropped count", withRows({true, true, true, 1}), "x\n\n\nb,\xE9\n", 4},
+        {"also where it is among them", withRows({true, true, true, 3}), "x\n\xE9\n\nb\n", 2},
+        {"a character that the end of the file cuts off", plainOptions(), "a\n\xE2\x82", 2},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.what);
+        for (int blockSize : {1, 2, 3, 7, 1000}) {
+            EXPECT_EQ(readBytes(c.bytes, c.options, blockSize).firstBrokenRow, c.row) << "blocks of " << blockSize;
+        }
     }
 }
 
@@ -375,10 +409,17 @@ TEST(DelimitedReader, AgreesWithAPlainReaderOnRandomText)
         ASSERT_EQ(rows, expected.rows);
         ASSERT_EQ(
             reading.infos.join(' ').section(' ', 0, 0), expected.emptyRows ? QString::number(expected.emptyRows) : "");
+        ASSERT_EQ(reading.firstBrokenRow, expected.firstBrokenRow);
+        QStringList warnings = reading.warnings;
+        if (expected.strayQuotes > 0) {
+            const QStringList words = warnings.takeFirst().split(' ');
+            ASSERT_EQ(words.at(5) + " @ " + words.last(),
+                QString("%1 @ %2").arg(expected.strayQuotes).arg(expected.firstStrayRow));
+        }
         const int lines = expected.ragged.size() > 1 ? expected.ragged.size() + 1 : 0;
-        ASSERT_EQ(reading.warnings.size(), lines);
+        ASSERT_EQ(warnings.size(), lines);
         for (int line = 1; line < lines; ++line) {
-            const QStringList words = reading.warnings.at(line).split(' ');
+            const QStringList words = warnings.at(line).split(' ');
             ASSERT_EQ(words.at(4) + " x " + words.first() + " @ " + words.last(), expected.ragged.at(line - 1));
         }
     }

@@ -135,7 +135,9 @@ TEST_F(InputNodeTest, ReadsAFileByItsOptions)
                                "ELF\0\1\xEF\xBF\xBD\xEF\xBF\xBD|\xEF\xBF\xBD",
                  16),
                 QString::fromUtf8("\0|", 2)},
-            {}, {varies, "1 input row has 1 value: E.g. input row 2", "1 input row has 2 values: E.g. input row 1"}},
+            {},
+            {varies, "1 input row has 1 value: E.g. input row 2", "1 input row has 2 values: E.g. input row 1",
+                "3 character(s) can't be read in encoding 'UTF-8' and have been replaced: E.g. input row 1"}},
     };
     for (const ReadCase &c : cases) {
         SCOPED_TRACE(c.what);
@@ -376,6 +378,7 @@ TEST_F(InputNodeTest, TellsOptionsThatMatterForTheType)
         {"from the clipboard there is no encoding", FileType::Delimited, Medium::Clipboard,
             "Delimiter,Ignore repeated delim,Quoting,Ignore," + common.arg("")},
         {"fixed width", FileType::FixedWidth, Medium::File, "Columns,Encoding,Ignore," + common.arg("")},
+        {"plain text", FileType::PlainText, Medium::File, "Encoding,Ignore," + common.arg("")},
         {"a workbook", FileType::ExcelXls, Medium::File, "Ignore," + common.arg(hidden)},
         {"JSON", FileType::Json, Medium::File, "Format," + common.arg("")},
         {"XML", FileType::Xml, Medium::File, "Encoding,Format," + common.arg("")},

@@ -27,7 +27,9 @@ public:
             if (c == '\r' && i + 1 < text.size() && text.at(i + 1) == '\n' && state != 2 && state != 3) {
                 continue;
             }
+            const int before = state;
             state = next[state][c == m_delimiter ? 0 : c == '"' ? 1 : c == '\r' || c == '\n' ? 2 : 3];
+            m_isStray = m_isStray || (before == 4 && state == 3 && c != '"');
             if (state == 1 || state == 3) {
                 m_field += c;
             } else if (state == 2) {
@@ -90,15 +92,25 @@ private:
     {
         m_row.append(m_field);
         m_field.clear();
+        m_rowStrays += m_isStray;
+        m_isStray = false;
     }
 
     void endRow()
     {
         QStringList row;
         row.swap(m_row);
-        if (++m_rowNumber <= m_options.rows.ignoredRows) {
+        ++m_rowNumber;
+        if (m_reading.firstBrokenRow == 0 && row.join(QString()).contains(QChar(QChar::ReplacementCharacter))) {
+            m_reading.firstBrokenRow = m_rowNumber;
+        }
+        const int strays = m_rowStrays;
+        m_rowStrays = 0;
+        if (m_rowNumber <= m_options.rows.ignoredRows) {
             return;
         }
+        m_reading.firstStrayRow = m_reading.strayQuotes == 0 && strays > 0 ? m_rowNumber : m_reading.firstStrayRow;
+        m_reading.strayQuotes += strays;
         QPair<int, int> &width = m_widths[row.size()];
         width = {width.first + 1, width.first ? width.second : m_rowNumber};
         for (QString &value : row) {
@@ -130,14 +142,15 @@ private:
     QString m_field;
     QStringList m_row;
     int m_rowNumber = 0;
+    bool m_isStray = false;
+    int m_rowStrays = 0;
     QMap<int, QPair<int, int>> m_widths; // rows, first row
     ReferenceReading m_reading;
 };
 
 } // namespace
 
-ReferenceReading referenceReading(
-    const QByteArray &bytes, const QString &encoding, QChar delimiter, const DelimitedOptions &options)
+QString wholeText(const QByteArray &bytes, const QString &encoding)
 {
     QByteArray copy = bytes;
     QBuffer buffer(&copy);
@@ -146,11 +159,22 @@ ReferenceReading referenceReading(
     const bool automatic = encoding == "Automatic";
     stream.setCodec(automatic ? "UTF-8" : encoding.toLatin1().constData());
     stream.setAutoDetectUnicode(automatic);
+    const QString text = stream.readAll();
+    QTextCodec::ConverterState state;
+    stream.codec()->toUnicode(bytes.constData(), bytes.size(), &state);
+    return text + QString(state.remainingChars > 0 ? 1 : 0, QChar(QChar::ReplacementCharacter));
+}
+
+ReferenceReading referenceReading(
+    const QByteArray &bytes, const QString &encoding, QChar delimiter, const DelimitedOptions &options)
+{
+    QString text = wholeText(bytes, encoding);
     ReferenceReader reader(delimiter, options);
     if (options.quoting == InputQuoting::Quoted) {
-        reader.readQuoted(stream.readAll());
+        reader.readQuoted(text);
     } else {
-        reader.readUnquoted(stream);
+        QTextStream lines(&text);
+        reader.readUnquoted(lines);
     }
     return reader.result();
 }

@@ -6,6 +6,7 @@
 #include "support/grid.h"
 
 #include <QBuffer>
+#include <QTemporaryFile>
 #include <gtest/gtest.h>
 #include <new>
 
@@ -122,4 +123,46 @@ TEST(SourceReader, HandsOnTheWidthsThatItFound)
     EXPECT_TRUE(reader.readText("ab cd\nx  y\n", &dataset));
     EXPECT_EQ(reader.fixedWidths(), (QList<int>{3, 2}));
     EXPECT_EQ(reader.fixedWidthSample(), (QStringList{"ab cd", "x  y"}));
+}
+
+TEST(SourceReader, TellsWhereTheEncodingCannotReadAFile)
+{
+    const struct
+    {
+        const char *what;
+        int type;
+        const char *encoding;
+        QByteArray bytes;
+        QString warning;
+    } cases[] = {
+        {"fixed width", FileType::FixedWidth, "Automatic", "ab\n\xE9 x\n",
+            "1 character(s) can't be read in encoding 'UTF-8' and have been replaced: E.g. input row 2"},
+        {"plain text", FileType::PlainText, "UTF-8", "a\n\nb\xFF\xFF\n",
+            "2 character(s) can't be read in encoding 'UTF-8' and have been replaced: E.g. input row 3"},
+        {"a cut line", FileType::Delimited, "Shift_JIS", "a,b\nc,\x93",
+            "1 character(s) can't be read in encoding 'Shift_JIS' and have been replaced: E.g. input row 2"},
+        {"JSON, by its lines", FileType::Json, "Automatic", "\xEF\xBB\xBF[{\"a\":\r\n\"\xFF\"\r\n}]",
+            "1 character(s) can't be read in encoding 'UTF-8' and have been replaced: E.g. line 2"},
+        {"JSON of half a UTF-16 unit", FileType::Json, "Automatic", QByteArray("\xFF\xFE[\0]\0\n\0 ", 9),
+            "1 character(s) can't be read in encoding 'UTF-16LE' and have been replaced: E.g. line 2"},
+        {"XML", FileType::Xml, "Automatic", "<r>\n<a>\xE9</a></r>",
+            "1 character(s) can't be read in encoding 'UTF-8' and have been replaced: E.g. line 2"},
+        {"contacts", FileType::VCard, "Automatic", "BEGIN:VCARD\nN:a\n \xE9\nEND:VCARD\n",
+            "1 character(s) can't be read in encoding 'UTF-8' and have been replaced: E.g. line 3"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.what);
+        QTemporaryFile file;
+        ASSERT_TRUE(file.open());
+        file.write(c.bytes);
+        file.close();
+        InputOptions options;
+        options.fileType = c.type;
+        options.encoding = c.encoding;
+        options.delimiter = DelimiterKind::Comma;
+        SourceReader reader(options);
+        Dataset dataset;
+        reader.readFile(file.fileName(), &dataset);
+        EXPECT_EQ(reader.warnings().value(reader.warnings().size() - 1), c.warning);
+    }
 }

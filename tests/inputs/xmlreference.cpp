@@ -1,9 +1,9 @@
 #include "inputs/xmlreference.h"
 
+#include "inputs/referencereader.h"
 #include "inputs/treereference.h"
 
 #include <QDomDocument>
-#include <QTextStream>
 
 namespace {
 
@@ -110,14 +110,12 @@ private:
 
 TreeOutcome referenceXml(const QByteArray &bytes, const TreeReadOptions &options)
 {
-    QTextStream stream(bytes);
-    stream.setCodec("UTF-8");
     QDomDocument document;
     QString message;
     int line = 0;
     int column = 0;
     TreeOutcome outcome;
-    outcome.done = document.setContent(stream.readAll(), &message, &line, &column);
+    outcome.done = document.setContent(wholeText(bytes), &message, &line, &column);
     if (!outcome.done) {
         const QString warning = QStringLiteral("Error parsing XML: %1 at line %2 column %3");
         outcome.warnings.append(warning.arg(message, QString::number(line), QString::number(column)));
