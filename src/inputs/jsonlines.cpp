@@ -1,6 +1,7 @@
 #include "inputs/jsonreading.h"
 
 #include "data/textcoding.h"
+#include "inputs/jsonlibrary.h"
 
 #include <QJsonObject>
 #include <algorithm>
@@ -109,18 +110,30 @@ bool JsonReading::readOddLine()
     if (line.at(0).unicode() == byteOrderMark) {
         line.remove(0, 1);
     }
+    const QByteArray bytes = line.toUtf8();
     QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(line.toUtf8(), &error);
+    const QJsonDocument document = JsonLibrary::parsed(bytes.constData(), bytes.size(), &error);
     if (!document.isObject()) {
-        return failLine(error, error.offset);
+        return failLine(error);
     }
+    flattener().checkDigits(bytes.constData(), bytes.constData() + bytes.size());
     addByLibrary(document.object(), true);
     ++m_recordLines;
     return true;
 }
 
-bool JsonReading::failLine(const QJsonParseError &error, int offset)
+bool JsonReading::failLine(const QJsonParseError &error)
+{
+    // Where not even the first line is an object, the text is more likely a document with a fault.
+    if (m_recordLines > 0) {
+        const bool isValue = error.error == QJsonParseError::NoError;
+        m_fault = {m_line, error.offset, isValue ? QStringLiteral("an object was expected") : error.errorString()};
+    }
+    return failAtFault();
+}
+
+bool JsonReading::failAtFault()
 {
     const QString warning = QStringLiteral("Error parsing JSON lines: at line %1 offset %2: %3");
-    return fail(warning.arg(m_line).arg(offset).arg(error.errorString()));
+    return fail(warning.arg(m_fault.line).arg(m_fault.offset).arg(m_fault.text));
 }

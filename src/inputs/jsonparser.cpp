@@ -140,7 +140,7 @@ TreePath *JsonParser::unusualKey(const Container &object)
             return nullptr;
         }
         if (JsonString::startsWithMark(bytes, size)) {
-            return nullptr; // part of the order of keys, but not of the key
+            return nullptr; // its place among other keys is for the library to say
         }
     }
     if (found.hasEscapes) {
@@ -195,10 +195,6 @@ bool JsonParser::string(TreePath *path)
     node.kind = found.hasEscapes ? TreeNode::JsonText : TreeNode::Text;
     if (m_oneLine && !found.isPlain && (std::memchr(bytes, '\n', size) || std::memchr(bytes, '\r', size))) {
         return false;
-    }
-    if (!found.hasEscapes && JsonString::startsWithMark(bytes, size)) {
-        node.bytes += JsonString::markSize;
-        node.size -= JsonString::markSize;
     }
     return JsonString::isValid(bytes, size);
 }

@@ -31,6 +31,8 @@ public:
     /// Behind the value parsed last.
     const char *rest() const { return m_at; }
 
+    /// Whitespace between values.
+    static bool isSpace(char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; }
     /// Behind the spaces, tabs, line feeds and carriage returns at `at`.
     static const char *skipSpace(const char *at)
     {
@@ -51,7 +53,6 @@ private:
         bool isObject;
     };
 
-    static bool isSpace(char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; }
     bool token()
     {
         if (Q_UNLIKELY(static_cast<uchar>(*m_at) <= ' ')) {

@@ -1,33 +1,22 @@
 #include "inputs/jsonreading.h"
 
 #include "data/numberlocale.h"
-#include "data/textcoding.h"
+#include "inputs/jsonlibrary.h"
 #include "inputs/jsonstring.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 
 namespace {
-
-/// The document that a text is, as the library's parser has it.
-QJsonDocument parsed(const char *bytes, int size, QJsonParseError *error)
-{
-    if (TextCoding::isValidUtf8(bytes, size)) {
-        return QJsonDocument::fromJson(QByteArray::fromRawData(bytes, size), error);
-    }
-    return QJsonDocument::fromJson(TextCoding::decode(bytes, size).toUtf8(), error);
-}
 
 bool plainNumbers()
 {
     const std::shared_ptr<const NumberLocale> numbers = NumberLocale::of(QLocale());
     return numbers->writesPlainly && numbers->asciiDecimalPoint == '.';
 }
-
-// No longer than what decides about a value: "false" and what follows it.
-constexpr int longestToken = 8;
 
 } // namespace
 
@@ -58,6 +47,9 @@ bool JsonReading::readRecords()
     const Outcome outcome = first == '{' ? readObject() : first == '[' ? readArray() : Unsure;
     if (outcome == Unsure) {
         return readByLibrary();
+    }
+    if (outcome == Lines) {
+        noteFault(m_at, moreFollows());
     }
     return outcome == Done || readLines();
 }
@@ -169,8 +161,14 @@ bool JsonReading::readByLibrary()
         if (isSingleValue()) {
             return fail(QStringLiteral("Array or object expected at top-level in JSON"));
         }
-        if (endsInFirstLine(error.offset)) {
-            return failLine(error, error.offset - m_begin);
+        if (error.error == QJsonParseError::GarbageAtEnd) {
+            noteFault(error.offset, moreFollows());
+        } else {
+            noteFault(behindToken(error.offset), error.errorString());
+        }
+        // A line that begins as the text does would be no object.
+        if (!m_before.isEmpty()) {
+            return failAtFault();
         }
         if (!readLines()) {
             return false;
@@ -187,31 +185,44 @@ bool JsonReading::readByLibrary()
 QJsonDocument JsonReading::parsedRest(QJsonParseError *error)
 {
     if (m_before.isEmpty()) {
-        return parsed(block().begin(), block().size(), error);
+        flattener().checkDigits(block().begin(), block().end());
+        return JsonLibrary::parsed(block().begin(), block().size(), error);
     }
     QByteArray text = m_before;
     text.append(block().begin() + m_at, block().size() - m_at);
-    return parsed(text.constData(), text.size(), error);
+    flattener().checkDigits(block().begin() + m_at, block().end());
+    return JsonLibrary::parsed(text.constData(), text.size(), error);
 }
 
-/// True when the text begins with an array and goes wrong at `offset`, well before its first line ends: parsed as a
-/// line, it would go wrong in the same way.
-bool JsonReading::endsInFirstLine(int offset)
+/// The library may have read on behind the value that it doesn't take, to the next line even.
+int JsonReading::behindToken(int offset)
+{
+    const char *const end = block().begin() + qMin(offset, block().size());
+    const char *const token = std::find_if_not(
+        std::make_reverse_iterator(end), std::make_reverse_iterator<const char *>(block().begin()), JsonParser::isSpace)
+                                  .base();
+    return static_cast<int>(token - block().begin());
+}
+
+/// Remembers where the text stopped being a document, should it turn out not to be lines of objects either.
+void JsonReading::noteFault(int offset, const QString &text)
 {
     const char *const begin = block().begin();
-    const char *const end = block().end();
-    if (m_before.isEmpty() || JsonString::startsWithMark(begin, static_cast<quint32>(block().size()))) {
-        return false;
+    const char *lineBegin = begin;
+    offset = qMin(offset, block().size());
+    m_fault = {1, 0, text};
+    for (const char *at = begin; at < begin + offset; ++at) {
+        if (*at == '\n' || (*at == '\r' && at[1] != '\n')) {
+            ++m_fault.line;
+            lineBegin = at + 1;
+        }
     }
-    const char *const lineEnd = std::find_if(begin + m_begin, end, isLineEnd);
-    const bool isAll = lineEnd == end && end[-1] > ' '; // nothing would be trimmed
-    if (!isAll && offset + longestToken >= lineEnd - begin) {
-        return false;
-    }
-    for (const char *at = begin; at < begin + m_begin; ++at) {
-        m_line += *at == '\n' || (*at == '\r' && at[1] != '\n');
-    }
-    return true;
+    m_fault.offset = static_cast<int>(begin + offset - lineBegin);
+}
+
+QString JsonReading::moreFollows()
+{
+    return QStringLiteral("more follows behind the first value");
 }
 
 void JsonReading::addByLibrary(const QJsonValue &value, bool topLevel)
@@ -229,7 +240,7 @@ bool JsonReading::isSingleValue()
     QByteArray array("[");
     array.append(block().begin(), block().size());
     array.append(']');
-    const QJsonDocument document = parsed(array.constData(), array.size(), nullptr);
+    const QJsonDocument document = JsonLibrary::parsed(array.constData(), array.size(), nullptr);
     const QJsonArray values = document.array();
     return values.size() == 1 && !values.at(0).isArray() && !values.at(0).isObject();
 }

@@ -4,7 +4,7 @@
 #include "inputs/jsonvalues.h"
 #include "inputs/treereading.h"
 
-#include <QJsonDocument>
+#include <QJsonParseError>
 
 /// What JsonReader does: takes the text as one document or, where that can't be, as one object a line.
 class JsonReading final : public TreeReading
@@ -14,6 +14,12 @@ public:
 
 private:
     enum Outcome { Done, Unsure, Lines };
+    struct Fault
+    {
+        qint64 line = 0; // from 1
+        int offset = 0;  // in bytes, in the line
+        QString text;
+    };
 
     void startOver() override;
 
@@ -28,7 +34,9 @@ private:
     QJsonDocument parsedRest(QJsonParseError *error);
     void addByLibrary(const QJsonValue &value, bool topLevel);
     bool isSingleValue();
-    bool endsInFirstLine(int offset);
+    int behindToken(int offset);
+    void noteFault(int offset, const QString &text);
+    static QString moreFollows();
 
     // Lines
     static bool isLineEnd(char c) { return c == '\n' || c == '\r'; }
@@ -37,7 +45,8 @@ private:
     bool refillLines();
     JsonParser::Status parseLine();
     bool readOddLine();
-    bool failLine(const QJsonParseError &error, int offset);
+    bool failLine(const QJsonParseError &error);
+    bool failAtFault();
 
     const bool m_longArrays;
     const bool m_plainNumbers;
@@ -49,4 +58,5 @@ private:
     QByteArray m_before; // as good as what stands before m_at, where an array couldn't be read on
     qint64 m_line = 1;
     qint64 m_recordLines = 0;
+    Fault m_fault; // where the text stops being a document
 };

@@ -18,7 +18,7 @@ Found find(const char *begin, const char *end);
 /// True when the text is as the parser takes it: valid escapes, no halves of surrogate pairs but as escapes.
 bool isValid(const char *bytes, quint32 size);
 constexpr int markSize = 3;
-/// True when the text starts with a byte order mark, which the library's parser drops from texts without escapes.
+/// True when the text starts with U+FEFF: a byte order mark where a document begins, a character elsewhere.
 bool startsWithMark(const char *bytes, quint32 size);
 /// Writes the text that valid escapes stand for to `out`, in storage form; never longer than it was. Returns its size.
 quint32 unescape(const char *bytes, quint32 size, char *out);

@@ -53,6 +53,7 @@ bool TreeFlattener::addPlainly(const TreeRecord &record)
         }
         if (node.path->column < 0) {
             m_rows.dropRow();
+            m_rows.digits().forgetRecord();
             return false;
         }
         row[node.path->column] = m_rows.text(node);
@@ -228,10 +229,14 @@ void TreeFlattener::storeRows()
     }
 }
 
-void TreeFlattener::finish(QStringList *infos)
+void TreeFlattener::finish(QStringList *infos, QStringList *warnings)
 {
     m_rows.flush();
     m_dataset->setColumnCount(m_paths->columnCount());
     m_dataset->setHeader(m_paths->columnNames());
     *infos += RowBatch::emptyRowsInfos(m_rows.emptyRowsDropped());
+    const QString warning = m_rows.digits().warning();
+    if (!warning.isEmpty()) {
+        warnings->append(warning);
+    }
 }

@@ -18,8 +18,10 @@ public:
     void setProgress(std::function<void()> progress) { m_progress = std::move(progress); }
 
     void add(const TreeRecord &record);
-    /// Hands over what is left and gives the table its header; the info lines go to `infos`.
-    void finish(QStringList *infos);
+    /// Looks for numbers of JSON whose digits change, in text whose values come by another way than as text.
+    void checkDigits(const char *begin, const char *end) { m_rows.digits().checkAll(begin, end); }
+    /// Hands over what is left and gives the table its header; what there is to tell goes to the lists.
+    void finish(QStringList *infos, QStringList *warnings);
 
 private:
     using Text = TreeRows::Text;

@@ -17,7 +17,7 @@ bool TreeReading::read(Dataset *dataset)
     startOver();
     const bool done = readRecords();
     if (done) {
-        m_flattener->finish(&m_infos);
+        m_flattener->finish(&m_infos, &m_warnings);
     } else {
         m_dataset->clear();
     }

@@ -7,6 +7,7 @@
 #include "transforms/tablesize.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <new>
 
@@ -101,6 +102,9 @@ TreeRows::Text TreeRows::number(const TreeNode &leaf)
 {
     double value = 0;
     JsonNumber::read(leaf.bytes, leaf.bytes + leaf.size, &value);
+    if (Q_UNLIKELY(std::abs(value) >= JsonDigits::limit)) {
+        m_digits.check(leaf.bytes, leaf.bytes + leaf.size, value);
+    }
     m_realWriter.write(value, m_numberText);
     return stored(m_numberText.constData(), static_cast<quint32>(m_numberText.size()));
 }

@@ -2,6 +2,7 @@
 
 #include "data/datasetappender.h"
 #include "data/realwriter.h"
+#include "inputs/jsondigits.h"
 #include "inputs/treeread.h"
 
 #include <vector>
@@ -22,6 +23,7 @@ public:
     /// Call between records: texts made before may be gone after it.
     void startRecord()
     {
+        m_digits.startRecord();
         if (m_size > textSizeAtOnce * static_cast<size_t>(1 + m_width / usualWidth)) {
             flush();
         }
@@ -44,6 +46,8 @@ public:
     void flush();
 
     qint64 emptyRowsDropped() const { return m_emptyRowsDropped; }
+    /// The numbers that text() was given.
+    JsonDigits &digits() { return m_digits; }
 
 private:
     char *room(quint64 size);
@@ -67,5 +71,6 @@ private:
     std::vector<int> m_rowEnds;
     int m_width = 0; // of the row begun last
     TextBuffer m_numberText;
+    JsonDigits m_digits;
     qint64 m_emptyRowsDropped = 0;
 };

@@ -3,6 +3,7 @@
 #include "inputs/jsonreference.h"
 #include "support/scopedlocale.h"
 
+#include <QRegularExpression>
 #include <gtest/gtest.h>
 #include <stdexcept>
 
@@ -18,7 +19,12 @@ void expectEqual(const TreeOutcome &read, const TreeOutcome &expected)
     EXPECT_EQ(read.header, expected.header);
     EXPECT_EQ(read.rows, expected.rows);
     EXPECT_EQ(read.infos, expected.infos);
-    EXPECT_EQ(read.warnings, expected.warnings);
+    QStringList warnings = read.warnings;
+    if (read.done) {
+        // The library's values have no digits to compare with.
+        warnings = warnings.filter(QRegularExpression("^(?!.* read with other digits: )"));
+    }
+    EXPECT_EQ(warnings, expected.warnings);
 }
 
 struct TableCase
@@ -92,7 +98,16 @@ TEST(JsonReader, TellsWhatIsWrong)
         {"a value alone is no table", " 42\n", "Array or object expected at top-level in JSON"},
         {"an array that breaks off", "[{\"a\":1},{\"a\":", "Error parsing JSON: unterminated object at offset 14."},
         {"a line that isn't an object", "{\"a\":1}\n\n[1]\n",
-            "Error parsing JSON lines: at line 3 offset 0: no error occurred"},
+            "Error parsing JSON lines: at line 3 offset 0: an object was expected"},
+        {"a fault in a document of several lines", "{\r\n \"a\": 1,\n \"b\": tru\n}",
+            "Error parsing JSON lines: at line 3 offset 9: illegal value"},
+        {"objects of several lines one behind the other", "{\n \"a\": 1\n}\n{\n \"a\": 2\n}\n",
+            "Error parsing JSON lines: at line 4 offset 0: more follows behind the first value"},
+        {"in one line", "\n{\"a\":1} {\"a\":2}",
+            "Error parsing JSON lines: at line 2 offset 8: more follows behind the first value"},
+        {"arrays one behind the other", "[1,2]\r[3]",
+            "Error parsing JSON lines: at line 2 offset 0: more follows behind the first value"},
+        {"a fault in an array", "[1,\n2,\ntru]", "Error parsing JSON lines: at line 3 offset 1: illegal value"},
         {"a broken line", "{\"a\":1}\r\n{\"a\" 2}",
             "Error parsing JSON lines: at line 2 offset 6: missing name separator"},
         {"nesting without end", QByteArray(100000, '['),
@@ -107,6 +122,61 @@ TEST(JsonReader, TellsWhatIsWrong)
         EXPECT_EQ(reading.warnings, QStringList(c.warning));
         EXPECT_EQ(reading.header, QStringList());
     }
+}
+
+TEST(JsonReader, TellsWhichNumbersChangeTheirDigits)
+{
+    const IgnoredLeaks leaks;
+    const QString limit = "9,007,199,254,740,992";
+    const struct
+    {
+        const char *what;
+        QByteArray text;
+        QString warning;
+    } cases[] = {
+        {"whole numbers that a double holds", "[9007199254740992, -9007199254740994, 1e300, 1.5E+17, 0.1e20]", ""},
+        {"one that it doesn't", "[9007199254740993]",
+            "1 number above " + limit + " read with other digits: 9007199254740993"},
+        {"fractions are another matter", "[0.12345678901234567890123]", ""},
+        {"of many, the first five",
+            "[-12345678901234567,12345678901234567.5,123456789012345671e1,1234567890123456789,"
+            "36028797018963969,36028797018963971]",
+            "6 numbers above " + limit
+                + " read with other digits: -12345678901234567, 12345678901234567.5, "
+                  "123456789012345671e1, 1234567890123456789, 36028797018963969 + 1 other"},
+        {"counted once where its record brings new columns",
+            R"([{"a":9007199254740993,"b":1},{"a":9007199254740993,"c":1}])",
+            "2 numbers above " + limit + " read with other digits: 9007199254740993, 9007199254740993"},
+        {"in lines", "{\"a\":9007199254740993}\n{\"a\":1}",
+            "1 number above " + limit + " read with other digits: 9007199254740993"},
+        {"in what only the library reads, but not in texts",
+            R"([{"a":"\"9007199254740993","b":"\x"},{"a":-9007199254740993}])",
+            "1 number above " + limit + " read with other digits: -9007199254740993"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.what);
+        const TreeOutcome reading = readTree<JsonReader>(c.text, longRows);
+        EXPECT_TRUE(reading.done);
+        EXPECT_EQ(reading.warnings.join('|'), c.warning);
+    }
+}
+
+TEST(JsonReader, KeepsAMarkThatATextBeginsWith)
+{
+    const IgnoredLeaks leaks;
+    const QString mark(QChar(0xFEFF));
+    for (const char *rest : {"", ",\"o\":\"\\x\""}) {
+        SCOPED_TRACE(rest);
+        const TreeOutcome reading = readTree<JsonReader>(QByteArray("\xEF\xBB\xBF[{\"m\":\"\xEF\xBB\xBF"
+                                                                    "1\",\"n\":\"\xEF\xBB\xBF\"")
+                                                             + rest + "}]",
+            untouched);
+        EXPECT_EQ(reading.header.mid(0, 2), (QStringList{"m", "n"}));
+        EXPECT_EQ(reading.rows.value(0).section('|', 0, 1), mark + "1|" + mark);
+    }
+    EXPECT_EQ(readTree<JsonReader>("[{\"\xEF\xBB\xBFk\":1}]", untouched).header, QStringList(mark + "k"));
+    EXPECT_EQ(readTree<JsonReader>("{\"a\":\"\xEF\xBB\xBFx\"}\n{\"a\":\"\\x\" 1}", untouched).warnings,
+        QStringList("Error parsing JSON lines: at line 2 offset 11: unterminated object"));
 }
 
 TEST(JsonReader, DropsAndCountsEmptyRows)
@@ -245,7 +315,6 @@ TEST(JsonReader, AgreesWithTheLibraryOnBrokenDocuments)
         SCOPED_TRACE(text.toStdString());
         const TreeOutcome reading = readTree<JsonReader>(text, optionsFor(i), blockSizeFor(i));
         expectEqual(reading, referenceJson(text, optionsFor(i)));
-        EXPECT_EQ(reading.done, reading.warnings.isEmpty());
     }
 }
 

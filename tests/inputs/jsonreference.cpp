@@ -1,13 +1,13 @@
 #include "inputs/jsonreference.h"
 
 #include "data/values.h"
+#include "inputs/referencereader.h"
 #include "inputs/treereference.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRegularExpression>
-#include <QTextStream>
 
 namespace {
 
@@ -38,7 +38,7 @@ private:
     bool readText(const QString &text)
     {
         QJsonParseError error;
-        const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8(), &error);
+        const QJsonDocument document = parsed(text, &error);
         if (document.isArray()) {
             for (const QJsonValue &value : document.array()) {
                 m_table.add(tree(value, QString()), false);
@@ -56,7 +56,7 @@ private:
                 return false;
             }
             if (!text.trimmed().isEmpty()) {
-                return readLines(text);
+                return readLines(text, faultAt(text.toUtf8(), error));
             }
         }
         QString warning = QStringLiteral("Error parsing JSON: ") + error.errorString();
@@ -67,9 +67,34 @@ private:
         return false;
     }
 
-    bool readLines(const QString &text)
+    /// The library drops a byte order mark that a string begins with, unless it is escaped.
+    static QJsonDocument parsed(QString text, QJsonParseError *error)
+    {
+        QJsonDocument::fromJson(text.toUtf8(), error);
+        return QJsonDocument::fromJson(text.replace(QString('"') + QChar(0xFEFF), "\"\\uFEFF").toUtf8());
+    }
+
+    /// Where the text stops being a document: line, offset in it and what is wrong.
+    static QString faultAt(const QByteArray &text, const QJsonParseError &error)
+    {
+        const bool isGarbage = error.error == QJsonParseError::GarbageAtEnd;
+        int offset = error.offset;
+        while (!isGarbage && offset > 0 && QByteArray(" \t\r\n").contains(text.at(offset - 1))) {
+            --offset;
+        }
+        const QString before = QString::fromLatin1(text.constData(), offset);
+        const QStringList lines = before.split(QRegularExpression(
+            before.endsWith('\r') && text.mid(offset, 1) == "\n" ? "\r\n|\n|\r(?!$)" : "\r\n|\n|\r"));
+        return QStringLiteral("Error parsing JSON lines: at line %1 offset %2: %3")
+            .arg(lines.size())
+            .arg(lines.last().size())
+            .arg(isGarbage ? QStringLiteral("more follows behind the first value") : error.errorString());
+    }
+
+    bool readLines(const QString &text, const QString &fault)
     {
         int number = 0;
+        bool hasRecords = false;
         for (QString line : text.split(QRegularExpression(QStringLiteral("\r\n|\n|\r")))) {
             ++number;
             line = line.trimmed();
@@ -80,14 +105,18 @@ private:
                 line.remove(0, 1);
             }
             QJsonParseError error;
-            const QJsonDocument document = QJsonDocument::fromJson(line.toUtf8(), &error);
+            const QJsonDocument document = parsed(line, &error);
             if (!document.isObject()) {
-                m_warnings.append(QStringLiteral("Error parsing JSON lines: at line %1 offset %2: %3")
-                                      .arg(number)
-                                      .arg(error.offset)
-                                      .arg(error.errorString()));
+                const bool isValue = error.error == QJsonParseError::NoError;
+                m_warnings.append(
+                    hasRecords ? QStringLiteral("Error parsing JSON lines: at line %1 offset %2: %3")
+                                     .arg(number)
+                                     .arg(error.offset)
+                                     .arg(isValue ? QStringLiteral("an object was expected") : error.errorString())
+                               : fault);
                 return false;
             }
+            hasRecords = true;
             m_table.add(tree(document.object(), QString()), true);
         }
         return true;
@@ -125,7 +154,5 @@ private:
 
 TreeOutcome referenceJson(const QByteArray &bytes, const TreeReadOptions &options)
 {
-    QTextStream stream(bytes);
-    stream.setCodec("UTF-8");
-    return JsonReference(options).read(stream.readAll());
+    return JsonReference(options).read(wholeText(bytes));
 }
