@@ -6,6 +6,13 @@ namespace {
 constexpr int largestBlock = 1 << 20;
 }
 
+TextArena::TextArena(std::vector<QExplicitlySharedDataPointer<TextArena>> others)
+    : m_others(std::move(others))
+{
+}
+
+TextArena::~TextArena() = default;
+
 Cell TextArena::store(const QString &text)
 {
     QVarLengthArray<char, 768> bytes(TextCoding::maxEncodedSize(text.size()));

@@ -24,6 +24,9 @@ public:
     Cell store(const QString &text);
 
     TextArena() = default;
+    /// Keeps `others` as long as it lives itself: one arena then stands for the texts of many.
+    explicit TextArena(std::vector<QExplicitlySharedDataPointer<TextArena>> others);
+    ~TextArena();
     TextArena(const TextArena &) = delete;
     TextArena &operator=(const TextArena &) = delete;
 
@@ -43,6 +46,7 @@ private:
     Cell storeInNewBlock(const char *bytes, int size);
 
     std::vector<std::unique_ptr<char[]>> m_blocks;
+    std::vector<QExplicitlySharedDataPointer<TextArena>> m_others;
     char *m_next = nullptr;
     char *m_end = nullptr;
     int m_blockSize = 1024;

@@ -1,3 +1,4 @@
+#include "data/arenaunion.h"
 #include "transforms/column/sizereport.h"
 #include "transforms/messages.h"
 #include "transforms/option.h"
@@ -53,11 +54,15 @@ private:
 
     Dataset gathered(const OptionValues &values, const Dataset &input, const QVector<ColumnIndex> &columns)
     {
+        std::vector<bool> isGathered(static_cast<size_t>(input.columnCount()));
+        for (ColumnIndex column : columns) {
+            isGathered[static_cast<size_t>(column.toInt())] = true;
+        }
         Dataset result;
         QStringList names;
         for (int i = 0; i < input.columnCount(); ++i) {
             const ColumnIndex column(i);
-            if (!columns.contains(column)) {
+            if (!isGathered[static_cast<size_t>(i)]) {
                 emit processed(static_cast<qreal>(i) / input.columnCount());
                 result.appendColumn(repeated(input.column(column), columns.size()), QString(), input.columnId(column));
                 names.append(input.columnName(column));
@@ -98,12 +103,14 @@ private:
 
     static CellColumn gatheredCells(const Dataset &input, const QVector<ColumnIndex> &columns)
     {
-        CellColumn result;
+        ArenaUnion texts;
         std::vector<const Cell *> sources;
         for (ColumnIndex column : columns) {
-            result.keepAllOf(input.column(column));
+            texts.add(input.column(column));
             sources.push_back(input.column(column).cells.constData());
         }
+        CellColumn result;
+        result.keep(texts.arena());
         Cell *out = result.cells.extend(input.rowCount() * columns.size());
         for (int row = 0; row < input.rowCount(); ++row) {
             for (const Cell *cells : sources) {

@@ -1,3 +1,4 @@
+#include "data/arenaunion.h"
 #include "data/datasource.h"
 #include "transforms/messages.h"
 #include "transforms/option.h"
@@ -58,10 +59,12 @@ private:
     Dataset reshaped(const Dataset &input, int rows, int width)
     {
         const std::vector<CellVector> columns = cut(input, rows, width);
-        CellColumn kept; // a cell may come from any column, so all keep all texts
+        ArenaUnion texts; // a cell may come from any column, so all keep all texts
         for (ColumnIndex column : input.allColumns()) {
-            kept.keepAllOf(input.column(column));
+            texts.add(input.column(column));
         }
+        CellColumn kept;
+        kept.keep(texts.arena());
         Dataset result;
         QStringList names;
         for (int i = 0; i < width; ++i) {

@@ -37,9 +37,6 @@ private:
                 ++changed;
             }
         }
-        if (changed > 0) {
-            column.keepAllOf(source);
-        }
         return changed;
     }
 

@@ -1,3 +1,4 @@
+#include "data/arenaunion.h"
 #include "transforms/format/neighbourtransform.h"
 #include "transforms/messages.h"
 #include "transforms/optionvalues.h"
@@ -128,13 +129,19 @@ private:
                 ++free;
             }
         }
-        for (int i = 0; i < columns.size() && !out.empty(); ++i) {
-            for (ColumnIndex other : columns) {
-                cells[static_cast<size_t>(i)].keepAllOf(qAsConst(result).column(other));
-            }
+        if (out.empty()) {
+            return;
         }
-        for (int i = 0; i < columns.size() && !out.empty(); ++i) {
-            result.setColumn(columns.at(i), cells[static_cast<size_t>(i)]);
+        ArenaUnion texts;
+        for (const CellColumn &column : cells) {
+            texts.add(column);
+        }
+        const TextArenaPointer arena = texts.arena();
+        for (int i = 0; i < columns.size(); ++i) {
+            CellColumn &column = cells[static_cast<size_t>(i)];
+            column.arenas.clear();
+            column.keep(arena);
+            result.setColumn(columns.at(i), column);
         }
     }
 

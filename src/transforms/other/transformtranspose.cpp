@@ -1,3 +1,4 @@
+#include "data/arenaunion.h"
 #include "transforms/newcolumn.h"
 #include "transforms/option.h"
 #include "transforms/optionvalues.h"
@@ -35,15 +36,16 @@ private:
     Dataset turned(const Dataset &input)
     {
         // All cells of the result may come from any column, so all columns keep all texts.
-        CellColumn kept;
+        ArenaUnion texts;
         for (int i = 0; i < input.columnCount(); ++i) {
-            kept.keepAllOf(input.column(ColumnIndex(i)));
+            texts.add(input.column(ColumnIndex(i)));
         }
+        const TextArenaPointer arena = texts.arena();
         Dataset result;
         for (int row = 0; row < input.rowCount(); ++row) {
             reportRow(row, input.rowCount());
             CellColumn column;
-            column.arenas = kept.arenas;
+            column.keep(arena);
             column.cells.reserve(input.columnCount());
             for (int i = 0; i < input.columnCount(); ++i) {
                 column.cells.append(input.cell(RowIndex(row), ColumnIndex(i)));

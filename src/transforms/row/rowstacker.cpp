@@ -1,11 +1,14 @@
 #include "transforms/row/rowstacker.h"
 
+#include "data/arenaunion.h"
+
 Dataset RowStacker::table(int leftOut) const
 {
-    CellColumn kept;
+    ArenaUnion texts;
     for (int i = 0; i < m_source.columnCount(); ++i) {
-        kept.keepAllOf(m_source.column(ColumnIndex(i)));
+        texts.add(m_source.column(ColumnIndex(i)));
     }
+    const TextArenaPointer arena = texts.arena();
     Dataset result;
     QStringList names;
     const QStringList sourceNames = m_source.columnNames();
@@ -15,7 +18,7 @@ Dataset RowStacker::table(int leftOut) const
     }
     for (int column = 0; column < m_width; ++column) {
         CellColumn cells;
-        cells.arenas = kept.arenas;
+        cells.keep(arena);
         cells.cells.resize(m_ends.size());
         Cell *out = cells.cells.data();
         int begin = 0;

@@ -1,3 +1,4 @@
+#include "data/arenaunion.h"
 #include "data/matchoperator.h"
 #include "transforms/messages.h"
 #include "transforms/option.h"
@@ -122,17 +123,19 @@ private:
             CellColumn column;
             column.cells.resize(rowCount * pieces);
             Cell *cells = column.cells.data();
+            ArenaUnion texts;
             for (int piece = 0; piece < pieces; ++piece) {
                 const int from = starts.at(piece) + i;
                 if (from >= endOf(piece)) {
                     continue;
                 }
                 const CellColumn &source = input.column(ColumnIndex(from));
-                column.keepAllOf(source);
+                texts.add(source);
                 for (int row = 0; row < rowCount; ++row) {
                     cells[row * pieces + piece] = source.at(row);
                 }
             }
+            column.keep(texts.arena());
             const bool inFirst = i < endOf(0);
             result.appendColumn(column, QString(), inFirst ? input.columnId(ColumnIndex(i)) : ColumnId());
             names.append(inFirst ? input.header().value(i) : QString());
