@@ -4,6 +4,7 @@
 #include "data/datasource.h"
 #include "transforms/columnnumbers.h"
 
+#include <QSet>
 #include <algorithm>
 
 const Parameter *OptionValues::find(const QString &key) const
@@ -79,8 +80,10 @@ ColumnIndex OptionValues::column(const QString &key) const
 QVector<ColumnIndex> OptionValues::orderedColumns(const QString &key) const
 {
     QVector<ColumnIndex> columns;
+    QSet<int> seen;
     for (ColumnNumber number : at(key).toColumnNumbers(false)) {
-        if (!columns.contains(toIndex(number))) {
+        if (!seen.contains(number.toInt())) {
+            seen.insert(number.toInt());
             columns.append(toIndex(number));
         }
     }

@@ -3,6 +3,7 @@
 #include "transforms/columnnumbers.h"
 #include "transforms/parameter.h"
 
+#include <QSet>
 #include <algorithm>
 
 // How a value keeps hold of its columns.
@@ -122,9 +123,11 @@ bool Parameter::changeColumns(QVariant &value, const ColumnChange &change) const
 QList<ColumnId> Parameter::referencedColumns() const
 {
     QList<ColumnId> ids;
+    QSet<ColumnId> seen;
     QVariant value = m_value;
-    changeColumns(value, [&ids](ColumnId &id) {
-        if (!id.isNull() && !ids.contains(id)) {
+    changeColumns(value, [&ids, &seen](ColumnId &id) {
+        if (!id.isNull() && !seen.contains(id)) {
+            seen.insert(id);
             ids.append(id);
         }
         return false;

@@ -1,3 +1,4 @@
+#include "transforms/column/partcounts.h"
 #include "transforms/column/splitlimits.h"
 #include "transforms/column/valuesplitter.h"
 #include "transforms/messages.h"
@@ -6,7 +7,6 @@
 #include "transforms/optionvalues.h"
 #include "transforms/transform.h"
 
-#include <QHash>
 #include <algorithm>
 
 /// Splits the values of a column into columns, rows or columns that count them.
@@ -59,8 +59,8 @@ private:
     Dataset splitIntoColumns(Task &task);
     Dataset splitIntoRows(Task &task);
     Dataset splitIntoVectors(Task &task);
-    QStringList distinctParts(const Task &task);
-    QStringList limitedParts(Task &task);
+    PartCounts countParts(const Task &task);
+    QStringList limitedParts(Task &task, QStringList parts);
     static void sort(QStringList &parts, int order);
     template<class Take>
     void forEachRow(Task &task, Take take);
@@ -239,29 +239,23 @@ Dataset TransformSplit::splitIntoRows(Task &task)
     return result;
 }
 
-QStringList TransformSplit::distinctParts(const Task &task)
+/// Takes the parts of all rows; progress up to the middle.
+PartCounts TransformSplit::countParts(const Task &task)
 {
-    QStringList distinct;
-    QSet<QString> seen;
+    PartCounts counts;
     const int rowCount = task.input.rowCount();
     for (int row = 0; row < rowCount; ++row) {
         if (row % progressStep == 0) {
             emit processed(0.5 * row / rowCount);
         }
-        for (const QString &part : task.partsOf(row)) {
-            if (!seen.contains(part)) {
-                seen.insert(part);
-                distinct.append(part);
-            }
-        }
+        counts.addRow(task.partsOf(row));
     }
-    return distinct;
+    return counts;
 }
 
 /// The parts that get a column; null texts stand for empty columns.
-QStringList TransformSplit::limitedParts(Task &task)
+QStringList TransformSplit::limitedParts(Task &task, QStringList parts)
 {
-    QStringList parts = distinctParts(task);
     const int found = parts.size();
     addInfo(QStringLiteral("%1 distinct value(s) found in column '%2'")
                 .arg(Messages::count(found), task.input.columnName(task.source)));
@@ -281,48 +275,29 @@ QStringList TransformSplit::limitedParts(Task &task)
 
 Dataset TransformSplit::splitIntoVectors(Task &task)
 {
-    const QStringList parts = limitedParts(task);
+    const PartCounts counts = countParts(task);
+    const QStringList parts = limitedParts(task, counts.distinct());
     const int rowCount = task.input.rowCount();
     const int added = qMax(parts.size(), task.limits.least());
     if (static_cast<qint64>(added) * rowCount > INT_MAX) {
         setResultText(QStringLiteral("Too many columns"));
         return task.input;
     }
-    QHash<QString, int> places;
-    for (const QString &part : parts) {
-        places.insert(part, places.size());
-    }
-    std::vector<NewColumn> columns;
-    for (int i = 0; i < added; ++i) {
-        columns.emplace_back(rowCount);
-    }
-    QVector<int> counts(parts.size());
-    for (int row = 0; row < rowCount; ++row) {
+    std::vector<CellColumn> columns = counts.columns(parts, task.into != CountVectors, [&](int row) {
         if (row % progressStep == 0) {
             emit processed(0.5 + 0.5 * row / rowCount);
         }
-        counts.fill(0);
-        for (const QString &part : task.partsOf(row)) {
-            const auto place = places.constFind(part);
-            if (place != places.cend()) {
-                ++counts[place.value()];
-            }
-        }
-        for (int i = 0; i < added; ++i) {
-            if (i >= parts.size()) {
-                columns[static_cast<size_t>(i)].appendEmpty();
-                continue;
-            }
-            const int count = task.into == CountVectors ? counts.at(i) : qMin(counts.at(i), 1);
-            columns[static_cast<size_t>(i)].append(QString::number(count));
-        }
-    }
+    });
     Dataset result = task.input;
-    for (int i = 0; i < added; ++i) {
-        const QString part = parts.value(i);
-        const bool isPart = i < parts.size();
-        result.addNamedColumn(
-            columns[static_cast<size_t>(i)].take(), isPart && part.isEmpty() ? QStringLiteral("(empty)") : part);
+    for (int i = 0; i < parts.size(); ++i) {
+        const QString &part = parts.at(i);
+        result.addNamedColumn(columns[static_cast<size_t>(i)], part.isEmpty() ? QStringLiteral("(empty)") : part);
+        columns[static_cast<size_t>(i)] = CellColumn();
+    }
+    CellColumn empty;
+    empty.cells.resize(rowCount);
+    for (int i = parts.size(); i < added; ++i) {
+        result.addNamedColumn(empty, QString());
     }
     setResultText(Messages::colsAdded(added));
     return result;

@@ -1,7 +1,10 @@
 #include "transforms/merge/stackalignment.h"
 
 #include "data/dataset.h"
+#include "transforms/merge/loosenames.h"
 #include "transforms/messages.h"
+
+#include <QHash>
 
 namespace {
 
@@ -29,21 +32,6 @@ private:
     QStringList &m_warnings;
     int m_count = 0;
 };
-
-/// A name as the search for it goes from exact to loose.
-QString form(const QString &name, int looseness)
-{
-    switch (looseness) {
-    case 0:
-        return name;
-    case 1:
-        return name.toLower();
-    case 2:
-        return name.trimmed();
-    default:
-        return name.trimmed().toLower();
-    }
-}
 
 } // namespace
 
@@ -135,30 +123,20 @@ void StackAlignment::alignByNumber(int input)
     }
 }
 
-int StackAlignment::columnNamed(const QString &name, const QVector<char> &taken) const
-{
-    for (int looseness = 0; looseness < 4; ++looseness) {
-        const QString wanted = form(name, looseness);
-        for (int column = 0; column < taken.size(); ++column) {
-            if (!taken.at(column) && form(nameOf(column), looseness) == wanted) {
-                return column;
-            }
-        }
-    }
-    return -1;
-}
-
 void StackAlignment::alignByName(int input)
 {
     const QStringList &names = m_names.at(input);
     const QString dataset = QString::number(input + 1);
     // Columns that this input adds aren't among those that its later columns can go under.
-    QVector<char> taken(m_columns.size(), 0);
+    QStringList targets;
+    for (int column = 0; column < m_columns.size(); ++column) {
+        targets.append(nameOf(column));
+    }
+    LooseNames left(targets);
     for (int column = 0; column < names.size(); ++column) {
         const QString number = QString::number(column + 1);
-        const int target = columnNamed(names.at(column), taken);
+        const int target = left.take(names.at(column));
         if (target >= 0) {
-            taken[target] = 1;
             m_sources[input][target] = column;
             addInfo(QStringLiteral("Aligned '%1' (column %2) under '%3' (column %4)")
                         .arg(names.at(column), number, nameOf(target), QString::number(target + 1)));
@@ -170,9 +148,10 @@ void StackAlignment::alignByName(int input)
             addColumn(input, column);
         }
     }
-    for (int column = 0; column < taken.size(); ++column) {
-        if (!taken.at(column)) {
-            addInfo(QStringLiteral("No match for '%1' (column %2)").arg(nameOf(column), QString::number(column + 1)));
+    for (int column = 0; column < targets.size(); ++column) {
+        if (!left.isTaken(column)) {
+            addInfo(
+                QStringLiteral("No match for '%1' (column %2)").arg(targets.at(column), QString::number(column + 1)));
         }
     }
 }
@@ -181,10 +160,12 @@ void StackAlignment::reportEqualNames()
 {
     FewWarnings few(m_warnings);
     for (int input = 0; input < m_inputs.size(); ++input) {
-        QStringList distinct = m_names.at(input);
-        distinct.removeDuplicates();
-        for (const QString &name : qAsConst(distinct)) {
-            const int count = m_names.at(input).count(name);
+        QHash<QString, int> counts;
+        for (const QString &name : m_names.at(input)) {
+            ++counts[name];
+        }
+        for (const QString &name : m_names.at(input)) {
+            const int count = counts.take(name); // 0 where the name has been told of
             if (count > 1) {
                 few.add(QStringLiteral("%1 column(s) named '%2' in input datatset %3")
                             .arg(QString::number(count), name, QString::number(input + 1)));

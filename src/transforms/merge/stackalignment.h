@@ -32,7 +32,6 @@ private:
     void addColumn(int input, int column);
     void alignByNumber(int input);
     void alignByName(int input);
-    int columnNamed(const QString &name, const QVector<char> &taken) const;
     void reportEqualNames();
     void reportMissingColumns();
 

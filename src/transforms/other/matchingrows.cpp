@@ -9,7 +9,7 @@ MatchingRows::MatchingRows(const Dataset &dataset, const QVector<ColumnIndex> &k
     , m_rows(rows)
 {
     if (match == Best) {
-        m_matches.resize(static_cast<size_t>(m_keys.count()));
+        m_isMarked.resize(static_cast<size_t>(m_keys.count()));
         for (const ColumnIndex column : keyColumns) {
             m_columns.push_back(columnOf(dataset, column, caseSensitive));
         }
@@ -46,32 +46,70 @@ MatchingRows::Column MatchingRows::columnOf(const Dataset &dataset, ColumnIndex 
     return {std::move(valueOfKey), RowGroups(found, values.count())};
 }
 
+int MatchingRows::matchOf(int row)
+{
+    const int key = m_keys.numberOf(row);
+    if (m_columns.empty() || !m_rowsByKey.rows(key).isEmpty()) {
+        return key;
+    }
+    QVector<int> values;
+    for (const Column &column : m_columns) {
+        values.append(keysLike(column, key).isEmpty() ? -1 : column.valueOfKey[static_cast<size_t>(key)]);
+    }
+    // Behind the numbers of the keys, so that none has that of a key.
+    return m_numbers.insert(values, m_numbers.value(values, m_keys.count() + m_numbers.size())).value();
+}
+
+/// In how many columns the two keys have the same value.
+int MatchingRows::matchesOf(int key, int other) const
+{
+    return static_cast<int>(std::count_if(m_columns.cbegin(), m_columns.cend(), [=](const Column &column) {
+        return column.valueOfKey[static_cast<size_t>(key)] == column.valueOfKey[static_cast<size_t>(other)];
+    }));
+}
+
 std::vector<int> MatchingRows::bestKeys(int key)
 {
-    std::vector<int> matching;
-    int most = 0;
+    std::vector<RowGroups::Rows> lists;
     for (const Column &column : m_columns) {
-        const RowGroups::Rows keys = column.keysByValue.rows(column.valueOfKey[static_cast<size_t>(key)]);
-        for (const int other : keys) {
-            int &matches = m_matches[static_cast<size_t>(other)];
-            if (matches == 0) {
-                matching.push_back(other);
-            }
-            most = qMax(most, ++matches);
+        if (!keysLike(column, key).isEmpty()) {
+            lists.push_back(keysLike(column, key));
         }
     }
+    // A key that is in none of the short lists can't match in more columns than there are lists left, so the long ones
+    // need no look where more is found before.
+    std::sort(lists.begin(), lists.end(), [](const auto &a, const auto &b) { return a.size() < b.size(); });
+    std::vector<int> marked;
     std::vector<int> best;
-    for (const int other : matching) {
-        if (m_matches[static_cast<size_t>(other)] == most) {
-            best.push_back(other);
+    int most = 0;
+    for (size_t i = 0; i < lists.size() && most <= static_cast<int>(lists.size() - i); ++i) {
+        for (const int other : lists[i]) {
+            ++m_lookedAt;
+            char &isMarked = m_isMarked[static_cast<size_t>(other)];
+            if (isMarked) {
+                continue;
+            }
+            isMarked = 1;
+            marked.push_back(other);
+            const int matches = matchesOf(key, other);
+            if (matches > most) {
+                most = matches;
+                best.clear();
+            }
+            if (matches == most) {
+                best.push_back(other);
+            }
         }
-        m_matches[static_cast<size_t>(other)] = 0;
+    }
+    for (const int other : marked) {
+        m_isMarked[static_cast<size_t>(other)] = 0;
     }
     return best;
 }
 
-std::vector<int> MatchingRows::rowsFor(int key)
+std::vector<int> MatchingRows::rowsFor(int row)
 {
+    const int key = m_keys.numberOf(row);
     const RowGroups::Rows exact = m_rowsByKey.rows(key);
     if (m_columns.empty() || !exact.isEmpty()) {
         return {exact.begin(), exact.end()};

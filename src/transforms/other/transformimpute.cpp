@@ -192,12 +192,12 @@ private:
             target.input.column(target.column), static_cast<ColumnImputer::Using>(values.choice("Using")));
         Messages::Examples ties;
         Messages::Examples unmatched;
-        QHash<int, Found> foundByKey;
+        QHash<int, Found> foundByMatch;
         const int count = static_cast<int>(target.emptyRows.size());
         for (int i = 0; i < count; ++i) {
             reportRow(i, count);
             const int row = target.emptyRows[static_cast<size_t>(i)];
-            const Found found = foundFor(matches.keyOf(row), matches, imputer, foundByKey);
+            const Found found = foundFor(row, matches, imputer, foundByMatch);
             if (!found.hasRows) {
                 listRow(unmatched, [&] { return unmatchedText(target.input, keyColumns, row); });
             } else if (found.value.isKnown) {
@@ -216,22 +216,23 @@ private:
         }
     }
 
-    /// What a key leads to.
+    /// What the rows that match a row lead to.
     struct Found
     {
         bool hasRows = false;
         ColumnImputer::Value value;
     };
 
-    static Found foundFor(int key, MatchingRows &matches, ColumnImputer &imputer, QHash<int, Found> &foundByKey)
+    static Found foundFor(int row, MatchingRows &matches, ColumnImputer &imputer, QHash<int, Found> &foundByMatch)
     {
-        const auto known = foundByKey.constFind(key);
-        if (known != foundByKey.constEnd()) {
+        const int match = matches.matchOf(row);
+        const auto known = foundByMatch.constFind(match);
+        if (known != foundByMatch.constEnd()) {
             return *known;
         }
-        const std::vector<int> rows = matches.rowsFor(key);
+        const std::vector<int> rows = matches.rowsFor(row);
         const Found found{!rows.empty(), imputer.value(rows.data(), rows.data() + rows.size())};
-        foundByKey.insert(key, found);
+        foundByMatch.insert(match, found);
         return found;
     }
 
