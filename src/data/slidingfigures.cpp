@@ -1,5 +1,7 @@
 #include "data/slidingfigures.h"
 
+#include "data/exactsum.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -32,6 +34,42 @@ std::vector<double> exactSums(const std::vector<double> &numbers, const SlidingW
     std::vector<double> sums(windows.count());
     for (size_t i = 0; i < sums.size(); ++i) {
         sums[i] = before[static_cast<size_t>(windows.ends[i])] - before[static_cast<size_t>(windows.begins[i])];
+    }
+    return sums;
+}
+
+/// Wider windows are summed without rounding, which takes the same time for any width.
+constexpr int widestAddedAnew = 1024;
+
+bool isAnyWide(const SlidingWindows &windows)
+{
+    for (size_t i = 0; i < windows.count(); ++i) {
+        if (windows.size(i) > widestAddedAnew) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool areFinite(const std::vector<double> &numbers)
+{
+    return std::all_of(numbers.cbegin(), numbers.cend(), [](double number) { return std::isfinite(number); });
+}
+
+std::vector<double> roundedSums(const std::vector<double> &numbers, const SlidingWindows &windows)
+{
+    std::vector<double> sums(windows.count(), 0.0);
+    ExactSum sum(numbers);
+    int begin = 0;
+    int end = 0;
+    for (size_t i = 0; i < sums.size(); ++i) {
+        for (; end < windows.ends[i]; ++end) {
+            sum.add(numbers[static_cast<size_t>(end)]);
+        }
+        for (; begin < windows.begins[i]; ++begin) {
+            sum.subtract(numbers[static_cast<size_t>(begin)]);
+        }
+        sums[i] = sum.rounded();
     }
     return sums;
 }
@@ -162,6 +200,9 @@ std::vector<double> SlidingFigures::sums(
 {
     if (addExactly(numbers)) {
         return exactSums(numbers, windows);
+    }
+    if (isAnyWide(windows) && areFinite(numbers)) {
+        return roundedSums(numbers, windows);
     }
     std::vector<double> sums(windows.count(), 0.0);
     const std::vector<size_t> anew = newWindows(windows);

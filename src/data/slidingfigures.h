@@ -20,14 +20,14 @@ struct SlidingWindows
     int size(std::size_t window) const { return ends[window] - begins[window]; }
 };
 
-/// Figures of each of many windows: the very numbers that come of computing each window on its own, from its first to
-/// its last number. The figure of an empty window is 0. No number may be NaN.
+/// Figures of each of many windows. The figure of an empty window is 0. No number may be NaN.
 namespace SlidingFigures {
 
 /// Takes the fraction done, now and then.
 using Progress = std::function<void(double)>;
 
-/// Numbers whose sums may be rounded are added anew for each window, so wide windows take their time.
+/// Up to 1,024 numbers a window: the very sum that adding them from the first to the last gives. Where a window is
+/// wider: the doubles nearest to the true sums, which adding and its many roundings may miss in the last digits.
 std::vector<double> sums(
     const std::vector<double> &numbers, const SlidingWindows &windows, const Progress &progress = nullptr);
 std::vector<double> minimums(const std::vector<double> &numbers, const SlidingWindows &windows);

@@ -1,7 +1,9 @@
 #include "data/slidingfigures.h"
 #include "data/statistics.h"
 
+#include <QtGlobal>
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <gtest/gtest.h>
 #include <random>
@@ -81,6 +83,32 @@ TEST(SlidingFigures, AreThoseOfEachWindowOnItsOwn)
             oneByOne(numbers, windows, [](double *begin, double *end) { return *std::min_element(begin, end); }));
         EXPECT_EQ(SlidingFigures::maximums(numbers, windows),
             oneByOne(numbers, windows, [](double *begin, double *end) { return *std::max_element(begin, end); }));
+    }
+}
+
+TEST(SlidingFigures, SumsOfWideWindowsAreRoundedOnce)
+{
+    // Multiples of 2^-40 below 2^20 have sums that 128 bits hold exactly.
+    constexpr int fractionBits = 40;
+    __extension__ using Wide = __int128;
+    std::mt19937_64 random(11);
+    std::vector<double> numbers;
+    std::vector<Wide> before{0};
+    for (int i = 0; i < 6000; ++i) {
+        const auto scaled = static_cast<qint64>(random() >> (4 + random() % 40)) - (qint64{1} << 30);
+        const double number = std::ldexp(static_cast<double>(scaled), -fractionBits);
+        numbers.push_back(number);
+        before.push_back(before.back() + static_cast<Wide>(std::ldexp(number, fractionBits)));
+    }
+    SlidingWindows windows;
+    for (int i = 0; i < 6000; ++i) {
+        windows.add(qMax(0, i - 2000), i + 1);
+    }
+    const std::vector<double> sums = SlidingFigures::sums(numbers, windows);
+    for (size_t i = 0; i < sums.size(); ++i) {
+        const Wide exact = before[static_cast<size_t>(windows.ends[i])]
+                           - before[static_cast<size_t>(windows.begins[i])];
+        ASSERT_EQ(sums[i], std::ldexp(static_cast<double>(exact), -fractionBits)) << i;
     }
 }
 
