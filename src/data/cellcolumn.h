@@ -32,8 +32,7 @@ struct CellColumn
     {
         CellColumn result;
         result.arenas = arenas;
-        result.cells.resize(rows.size());
-        Cell *out = result.cells.data();
+        Cell *out = result.cells.extend(rows.size());
         const Cell *in = cells.constData();
         for (int i = 0; i < rows.size(); ++i) {
             out[i] = rows.at(i) < 0 ? Cell() : in[rows.at(i)];

@@ -3,6 +3,7 @@
 #include "data/cellhash.h"
 
 #include <QVarLengthArray>
+#include <array>
 
 namespace {
 
@@ -41,9 +42,19 @@ CellColumn keyColumn(const CellColumn &column, bool caseSensitive)
     return keys;
 }
 
-quint32 KeyIndex::slotFor(const Cell &key) const
+quint32 KeyIndex::hashOf(const Cell &key)
 {
-    return static_cast<quint32>(CellHash::of(key) >> 32) & m_mask;
+    return static_cast<quint32>(CellHash::of(key) >> 32);
+}
+
+/// Where the key stands, or the free slot for it.
+quint32 KeyIndex::slotOf(const Cell &key, quint32 hash) const
+{
+    quint32 at = hash & m_mask;
+    while (m_slots[at].row >= 0 && (m_slots[at].hash != hash || !m_keys.at(m_slots[at].row).sameText(key))) {
+        at = (at + 1) & m_mask;
+    }
+    return at;
 }
 
 KeyIndex::KeyIndex(const CellColumn &keys)
@@ -55,25 +66,44 @@ KeyIndex::KeyIndex(const CellColumn &keys)
         slotCount *= 2;
     }
     m_mask = slotCount - 1;
-    m_slots.assign(slotCount, -1);
+    m_slots.resize(slotCount);
     // From the last row to the first, so that each key's rows come out in ascending order.
     for (int row = keys.size() - 1; row >= 0; --row) {
-        const Cell &key = keys.at(row);
-        quint32 slot = slotFor(key);
-        while (m_slots[slot] >= 0 && !keys.at(m_slots[slot]).sameText(key)) {
-            slot = (slot + 1) & m_mask;
-        }
-        m_keyCount += m_slots[slot] < 0;
-        m_next[static_cast<size_t>(row)] = m_slots[slot];
-        m_slots[slot] = row;
+        const quint32 hash = hashOf(keys.at(row));
+        Slot &slot = m_slots[slotOf(keys.at(row), hash)];
+        m_keyCount += slot.row < 0;
+        m_next[static_cast<size_t>(row)] = slot.row;
+        slot = {hash, row};
     }
 }
 
 int KeyIndex::firstRow(const Cell &key) const
 {
-    quint32 slot = slotFor(key);
-    while (m_slots[slot] >= 0 && !m_keys.at(m_slots[slot]).sameText(key)) {
-        slot = (slot + 1) & m_mask;
+    return m_slots[slotOf(key, hashOf(key))].row;
+}
+
+void KeyIndex::firstRows(const Cell *keys, int count, int *rows) const
+{
+    constexpr int atOnce = 32;
+    const Cell *const cells = m_keys.cells.constData();
+    for (int begin = 0; begin < count; begin += atOnce) {
+        std::array<quint32, atOnce> hashes;
+        const int end = qMin(begin + atOnce, count);
+        for (int i = begin; i < end; ++i) {
+            hashes[static_cast<size_t>(i - begin)] = hashOf(keys[i]);
+            __builtin_prefetch(&m_slots[hashes[static_cast<size_t>(i - begin)] & m_mask]);
+        }
+        for (int i = begin; i < end; ++i) {
+            rows[i] = m_slots[hashes[static_cast<size_t>(i - begin)] & m_mask].row;
+            __builtin_prefetch(cells + qMax(0, rows[i]));
+        }
+        for (int i = begin; i < end; ++i) {
+            if (rows[i] >= 0) {
+                __builtin_prefetch(cells[rows[i]].bytes());
+            }
+        }
+        for (int i = begin; i < end; ++i) {
+            rows[i] = m_slots[slotOf(keys[i], hashes[static_cast<size_t>(i - begin)])].row;
+        }
     }
-    return m_slots[slot];
 }

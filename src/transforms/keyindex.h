@@ -16,6 +16,8 @@ public:
 
     /// The first row with the text of `key`, or -1.
     int firstRow(const Cell &key) const;
+    /// firstRow() of `count` keys. Keys lie all over memory: asked for many at a time, the waits for them overlap.
+    void firstRows(const Cell *keys, int count, int *rows) const;
     /// The next row with the same text as `row`, in ascending order, or -1.
     int nextRow(int row) const { return m_next.at(static_cast<size_t>(row)); }
     /// How many different keys there are.
@@ -23,10 +25,16 @@ public:
     const CellColumn &keys() const { return m_keys; }
 
 private:
-    quint32 slotFor(const Cell &key) const;
+    struct Slot
+    {
+        quint32 hash = 0;
+        int row = -1; ///< the first row of a key
+    };
+    static quint32 hashOf(const Cell &key);
+    quint32 slotOf(const Cell &key, quint32 hash) const;
 
     CellColumn m_keys;
-    std::vector<int> m_slots; // first row of a key, or -1
+    std::vector<Slot> m_slots;
     std::vector<int> m_next;
     quint32 m_mask = 0;
     int m_keyCount = 0;

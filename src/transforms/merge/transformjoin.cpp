@@ -8,6 +8,8 @@
 #include "transforms/transform.h"
 #include "transforms/twoinputs.h"
 
+#include <array>
+
 /// Puts two tables side by side, by equal keys or by row number.
 class TransformJoin final : public Transform
 {
@@ -98,6 +100,7 @@ private:
         int sharedKeys = 0;
         bool tooMany = false;
     };
+    static constexpr int keysAtOnce = 512;
     static constexpr int mostPairs = 400000000;
     /// A key that many rows share makes pairs faster than rows go by; memory is looked at in between.
     static constexpr int pairsPerReport = 1 << 20;
@@ -127,7 +130,7 @@ private:
             appendUnmatched(pairs.bottomMatched, pairs.bottom, pairs.top);
         }
 
-        Dataset result = sideBySide(top, bottom, pairs);
+        Dataset result = sideBySide(top, bottom, pairs, bottomKey);
         fillTopKeys(result, topKey, bottom.column(bottomKey), pairs, firstBottomOnly);
         result.removeColumn(ColumnIndex(top.columnCount() + bottomKey.toInt()));
         setResultText(joinedText(pairs.top.size()));
@@ -146,9 +149,15 @@ private:
         pairs.bottom.reserve(topCount);
         pairs.topMatched.fill(0, topCount);
         pairs.bottomMatched.fill(0, index.keys().size());
+        std::array<int, keysAtOnce> firstRows;
         for (int row = 0; row < topCount; ++row) {
             reportRow(row, topCount);
-            const int first = index.firstRow(topKeys.at(row));
+            const int place = row % keysAtOnce;
+            if (place == 0) {
+                index.firstRows(
+                    topKeys.cells.constData() + row, qMin<int>(keysAtOnce, topCount - row), firstRows.data());
+            }
+            const int first = firstRows[static_cast<size_t>(place)];
             pairs.topMatched[row] = first >= 0;
             // A key's rows are marked when it is met first: the first row stands for all.
             const bool seen = first < 0 || pairs.bottomMatched.at(first);
@@ -182,14 +191,17 @@ private:
         }
     }
 
-    static Dataset sideBySide(const Dataset &top, const Dataset &bottom, const Pairs &pairs)
+    /// `leftOut` is a column of the bottom that the caller takes away, so that its cells needn't be put together.
+    static Dataset sideBySide(
+        const Dataset &top, const Dataset &bottom, const Pairs &pairs, ColumnIndex leftOut = ColumnIndex())
     {
         Dataset result;
         for (int i = 0; i < top.columnCount(); ++i) {
             result.appendColumn(top.column(ColumnIndex(i)).gathered(pairs.top));
         }
         for (int i = 0; i < bottom.columnCount(); ++i) {
-            result.appendColumn(bottom.column(ColumnIndex(i)).gathered(pairs.bottom));
+            const ColumnIndex column(i);
+            result.appendColumn(column == leftOut ? CellColumn() : bottom.column(column).gathered(pairs.bottom));
         }
         TwoInputs::nameSideBySide(result, top, bottom);
         return result;
