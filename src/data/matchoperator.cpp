@@ -1,9 +1,8 @@
 #include "data/matchoperator.h"
 
+#include "data/textregex.h"
 #include "data/textsimilarity.h"
 #include "data/values.h"
-
-#include <QRegularExpression>
 
 namespace {
 
@@ -65,9 +64,7 @@ int compareValues(const QString &cell, const QString &text, const QString &cellD
 
 bool matchesRegex(const QString &cell, const QString &pattern, Qt::CaseSensitivity cs)
 {
-    const QRegularExpression regex(pattern,
-        cs == Qt::CaseSensitive ? QRegularExpression::NoPatternOption : QRegularExpression::CaseInsensitiveOption);
-    return regex.isValid() && regex.match(cell).hasMatch();
+    return TextRegex(pattern, cs).isFoundIn(cell);
 }
 
 bool isSimilar(const QString &cell, const QString &text, int closeness, Qt::CaseSensitivity cs)

@@ -33,9 +33,7 @@ void PreparedMatch::setText(const QString &text)
         m_wholeCharacters = std::none_of(text.cbegin(), text.cend(), [](QChar c) { return c.isSurrogate(); });
         break;
     case MatchOperator::MatchesRegex:
-        m_regex = QRegularExpression(text, m_cs == Qt::CaseSensitive ? QRegularExpression::NoPatternOption
-                                                                     : QRegularExpression::CaseInsensitiveOption);
-        m_regex.optimize();
+        m_regex = TextRegex(text, m_cs);
         break;
     case MatchOperator::IsEmpty:
         break;
@@ -70,7 +68,7 @@ bool PreparedMatch::holds(const Cell &cell) const
     case MatchOperator::LessThanEqual:
         return compare(cell) <= 0;
     case MatchOperator::MatchesRegex:
-        return m_regex.isValid() && m_regex.match(cell.text()).hasMatch();
+        return m_regex.isFoundIn(cell.text());
     case MatchOperator::IsEmpty:
         return cell.isEmpty();
     default:

@@ -5,8 +5,7 @@
 #include "data/matchoperator.h"
 #include "data/numberreader.h"
 #include "data/textpattern.h"
-
-#include <QRegularExpression>
+#include "data/textregex.h"
 
 /// The test of matchValue() made ready for many cells: the text is read, compiled and encoded once. It reads numbers
 /// and dates under the default locale at the time of construction.
@@ -44,6 +43,6 @@ private:
     bool m_isNumber = false;
     double m_number = 0;
     CellMatcher m_matcher;
-    QRegularExpression m_regex;
+    TextRegex m_regex;
     TextPattern m_pattern;
 };

@@ -1,6 +1,7 @@
 #include "transforms/transform.h"
 
 #include "data/datasource.h"
+#include "data/regexwork.h"
 #include "settings/settings.h"
 #include "transforms/catalogue.h"
 #include "transforms/messages.h"
@@ -307,7 +308,9 @@ Dataset Transform::run(const QList<DataSource *> &inputs, bool *hasIssues)
         setResultText(Messages::noChanges());
         return Dataset();
     }
+    const RegexWork regexWork;
     Dataset result = compute(OptionValues(m_parameters), tables);
+    m_warnings += regexWork.warnings();
     if (hasIssues && m_hasIssues) {
         *hasIssues = true;
     }

@@ -9,8 +9,7 @@ ValueSplitter::ValueSplitter(By by, const QString &pattern, bool keepEmpty)
 {
     setText(m_delimiterBytes, pattern);
     if (by == Regex) {
-        m_expression.setPattern(pattern);
-        m_expression.optimize();
+        m_expression = TextRegex(pattern);
     } else if (by == Lengths) {
         parseLengths(pattern);
     }
@@ -45,8 +44,7 @@ QStringList ValueSplitter::split(const QString &text) const
     case Text:
         return m_delimiter.isEmpty() ? QStringList{text} : text.split(m_delimiter, m_behavior);
     case Regex:
-        return m_delimiter.isEmpty() || !m_expression.isValid() ? QStringList{text}
-                                                                : text.split(m_expression, m_behavior);
+        return m_delimiter.isEmpty() ? QStringList{text} : m_expression.split(text, m_behavior);
     default:
         return splitByLengths(text);
     }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "data/textbuffer.h"
+#include "data/textregex.h"
 
-#include <QRegularExpression>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -45,7 +45,7 @@ private:
     const By m_by;
     const QString m_delimiter;
     TextBuffer m_delimiterBytes;
-    QRegularExpression m_expression;
+    TextRegex m_expression;
     const Qt::SplitBehavior m_behavior;
     QVector<Piece> m_pieces;
     QStringList m_faults;

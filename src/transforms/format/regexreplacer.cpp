@@ -1,32 +1,9 @@
 #include "transforms/format/regexreplacer.h"
 
-#include <algorithm>
-
-namespace {
-
-QString boundedPattern(const QString &pattern)
-{
-    return QStringLiteral("(*LIMIT_MATCH=20000)") + pattern;
-}
-
-/// Texts without surrogates need no further test of being well-formed.
-QRegularExpression::MatchOptions matchOptionsFor(const QString &text)
-{
-    const bool hasSurrogates = std::any_of(text.cbegin(), text.cend(), [](QChar c) { return c.isSurrogate(); });
-    return hasSurrogates ? QRegularExpression::NoMatchOption : QRegularExpression::DontCheckSubjectStringMatchOption;
-}
-
-} // namespace
-
-RegexReplacer::RegexReplacer(const QString &pattern, bool caseSensitive, Effort effort)
-    : m_expression(effort == Bounded ? boundedPattern(pattern) : pattern,
-        caseSensitive ? QRegularExpression::NoPatternOption : QRegularExpression::CaseInsensitiveOption)
+RegexReplacer::RegexReplacer(const QString &pattern, bool caseSensitive)
+    : m_expression(pattern, caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive)
     , m_isValid(m_expression.isValid())
-    , m_groupCount(m_isValid ? m_expression.captureCount() : 0)
 {
-    if (m_isValid) {
-        m_expression.optimize();
-    }
 }
 
 void RegexReplacer::prepare(const QString &with)
@@ -40,12 +17,12 @@ void RegexReplacer::prepare(const QString &with)
             continue;
         }
         int group = digitAt(i + 1);
-        if (group < 1 || group > m_groupCount) {
+        if (group < 1 || group > m_expression.groupCount()) {
             continue;
         }
         int next = i + 2;
         const int second = digitAt(next);
-        if (second >= 0 && group * 10 + second <= m_groupCount) {
+        if (second >= 0 && group * 10 + second <= m_expression.groupCount()) {
             group = group * 10 + second;
             ++next;
         }
@@ -72,9 +49,8 @@ void RegexReplacer::appendReplacement(const QRegularExpressionMatch &match, cons
 /// The quick way, for matches that take up characters; gives up with `*hadEmpty` set at one that takes none.
 bool RegexReplacer::replaceNonEmpty(const QString &text, QString &out, bool *hadEmpty) const
 {
-    const auto options = matchOptionsFor(text);
     int done = 0;
-    QRegularExpressionMatch match = m_expression.match(text, 0, QRegularExpression::NormalMatch, options);
+    QRegularExpressionMatch match = m_expression.match(text);
     while (match.hasMatch()) {
         const int begin = match.capturedStart();
         const int end = match.capturedEnd();
@@ -85,7 +61,7 @@ bool RegexReplacer::replaceNonEmpty(const QString &text, QString &out, bool *had
         out.append(text.constData() + done, begin - done);
         appendReplacement(match, text, out);
         done = end;
-        match = m_expression.match(text, done, QRegularExpression::NormalMatch, options);
+        match = m_expression.match(text, done);
     }
     if (done > 0) {
         out.append(text.constData() + done, text.size() - done);
@@ -99,18 +75,13 @@ bool RegexReplacer::replaceNonEmpty(const QString &text, QString &out, bool *had
 bool RegexReplacer::replaceAny(const QString &text, QString &out) const
 {
     int done = 0;
-    bool endsEmpty = false;
-    QRegularExpressionMatchIterator matches = m_expression.globalMatch(text);
-    while (matches.hasNext()) {
-        const QRegularExpressionMatch match = matches.next();
-        endsEmpty = match.capturedLength() == 0 && match.capturedEnd() == text.size();
+    const bool isDone = m_expression.forEachMatch(text, [&](const QRegularExpressionMatch &match) {
         out.append(text.constData() + done, qMax(0, match.capturedStart() - done));
         appendReplacement(match, text, out);
         done = match.capturedEnd();
-    }
+    });
     out.append(text.constData() + done, text.size() - done);
-    // The iterator is invalid after a failure, but also when it has gone past an empty match at the very end.
-    return matches.isValid() || endsEmpty;
+    return isDone;
 }
 
 bool RegexReplacer::replace(QString &text, const QString &with)

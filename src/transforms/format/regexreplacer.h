@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QRegularExpression>
+#include "data/textregex.h"
+
 #include <QString>
 #include <QStringView>
 #include <vector>
@@ -10,12 +11,7 @@
 class RegexReplacer
 {
 public:
-    enum Effort {
-        Usual,  ///< as much work as the library allows a match
-        Bounded ///< for expressions that have been found too hard before
-    };
-
-    RegexReplacer(const QString &pattern, bool caseSensitive, Effort effort);
+    RegexReplacer(const QString &pattern, bool caseSensitive);
 
     bool isValid() const { return m_isValid; }
     /// Why the expression isn't valid.
@@ -37,9 +33,8 @@ private:
     bool replaceAny(const QString &text, QString &out) const;
     void appendReplacement(const QRegularExpressionMatch &match, const QString &text, QString &out) const;
 
-    QRegularExpression m_expression;
+    TextRegex m_expression;
     bool m_isValid;
-    int m_groupCount;
     QString m_with;
     std::vector<Piece> m_pieces;
 };

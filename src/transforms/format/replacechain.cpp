@@ -1,15 +1,10 @@
 #include "transforms/format/replacechain.h"
 
 #include "data/dataset.h"
-#include "data/values.h"
 
 #include <algorithm>
 
 namespace {
-
-/// So many texts may each take as much work as the library allows; beyond that a run would seem to hang.
-constexpr int mostFailures = 100;
-constexpr int shownText = 50;
 
 bool usesFindText(int mode)
 {
@@ -142,22 +137,14 @@ void ReplaceChain::applyStep(
 void ReplaceChain::replaceByExpression(Step &step, const QString &pattern, const QString &with, QString &text) const
 {
     if (!step.expression || !isSameText(step.pattern, pattern)) {
-        const auto effort = step.failures < mostFailures ? RegexReplacer::Usual : RegexReplacer::Bounded;
-        step.expression = std::make_unique<RegexReplacer>(pattern, m_caseSensitive, effort);
+        step.expression = std::make_unique<RegexReplacer>(pattern, m_caseSensitive);
         step.pattern = pattern;
         if (!step.expression->isValid() && step.invalidText.isEmpty()) {
             step.invalidText = QStringLiteral("'%1' (%2)").arg(pattern, step.expression->errorString());
         }
     }
-    if (!step.expression->isValid() || step.expression->replace(text, with)) {
-        return;
-    }
-    if (step.failures++ == 0) {
-        step.hardPattern = pattern;
-        step.hardText = ellipsized(text, shownText);
-    }
-    if (step.failures == mostFailures) {
-        step.expression.reset();
+    if (step.expression->isValid()) {
+        step.expression->replace(text, with);
     }
 }
 
@@ -167,11 +154,6 @@ QStringList ReplaceChain::warnings() const
     for (const Step &step : m_steps) {
         if (!step.invalidText.isEmpty()) {
             texts.append(QStringLiteral("Not a valid regular expression: ") + step.invalidText);
-        }
-        if (step.failures > 0) {
-            texts.append(QStringLiteral("Regular expression '%1' is too complex for some values, which it left as they "
-                                        "were. E.g. '%2'")
-                             .arg(step.hardPattern, step.hardText));
         }
     }
     return texts;

@@ -49,10 +49,7 @@ private:
         VariableTemplate with;
         std::unique_ptr<RegexReplacer> expression;
         QString pattern; ///< of `expression`
-        int failures = 0;
         QString invalidText;
-        QString hardPattern;
-        QString hardText;
     };
     void applyStep(Step &step, const QString &find, const QString &with, const QString &cell, QString &text) const;
     void replaceByExpression(Step &step, const QString &pattern, const QString &with, QString &text) const;

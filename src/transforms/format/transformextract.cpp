@@ -1,8 +1,8 @@
+#include "data/textregex.h"
 #include "transforms/celltransform.h"
 #include "transforms/option.h"
 #include "transforms/optionvalues.h"
 
-#include <QRegularExpression>
 #include <algorithm>
 
 /// Replaces the selected cells by a piece of them, found by position or by a regular expression.
@@ -66,13 +66,11 @@ private:
 
     static CellRule regexRule(const OptionValues &values)
     {
-        const auto sensitivity = values.flag("Case_Sensitive") ? QRegularExpression::NoPatternOption
-                                                               : QRegularExpression::CaseInsensitiveOption;
-        const QRegularExpression pattern(values.text("Matching"), sensitivity);
+        const TextRegex pattern(
+            values.text("Matching"), values.flag("Case_Sensitive") ? Qt::CaseSensitive : Qt::CaseInsensitive);
         if (!pattern.isValid()) {
             return CellRule([](const QString &) { return QString(); });
         }
-        pattern.optimize();
         return CellRule([pattern](const QString &text) {
             const QRegularExpressionMatch match = pattern.match(text);
             return match.captured(match.lastCapturedIndex() >= 1 ? 1 : 0);

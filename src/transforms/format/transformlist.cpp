@@ -1,11 +1,10 @@
+#include "data/textregex.h"
 #include "transforms/column/listoperations.h"
 #include "transforms/messages.h"
 #include "transforms/newcolumn.h"
 #include "transforms/option.h"
 #include "transforms/optionvalues.h"
 #include "transforms/transform.h"
-
-#include <QRegularExpression>
 
 /// Adds a column with the outcome of one operation on the lists in a column's cells.
 class TransformList final : public Transform
@@ -72,7 +71,7 @@ private:
     {
         const bool regex = values.choice("Delimiter_Type") == RegexDelimiter;
         const QString delimiter = values.text("Delimiter");
-        const QRegularExpression expression(regex ? delimiter : QString());
+        const TextRegex expression(regex ? delimiter : QString());
         const QString joiner = values.text(regex ? "Output_Delimiter" : "Delimiter");
         const int operation = values.choice("Operation");
         const bool givesList = ListOperations::givesList(operation);
@@ -88,12 +87,12 @@ private:
     }
 
     /// One item when there is nothing to split at.
-    static QStringList split(const QString &text, const QString &delimiter, const QRegularExpression *expression)
+    static QStringList split(const QString &text, const QString &delimiter, const TextRegex *expression)
     {
-        if (delimiter.isEmpty() || (expression && !expression->isValid())) {
+        if (delimiter.isEmpty()) {
             return {text};
         }
-        return expression ? text.split(*expression) : text.split(delimiter);
+        return expression ? expression->split(text, Qt::KeepEmptyParts) : text.split(delimiter);
     }
 };
 

@@ -24,11 +24,6 @@ bool readsValues(LookupMatch match)
     }
 }
 
-bool isMatch(const QRegularExpression &pattern, const QString &text)
-{
-    return pattern.isValid() && pattern.match(text).hasMatch();
-}
-
 } // namespace
 
 LookupMatcher::LookupMatcher(
@@ -44,7 +39,7 @@ LookupMatcher::LookupMatcher(
     if (match == LookupMatch::TopMatchesRegex) {
         m_patterns.reserve(m_bottom.size());
         for (const Key &key : qAsConst(m_bottom)) {
-            m_patterns.append(QRegularExpression(key.text));
+            m_patterns.append(TextRegex(key.text));
         }
     }
 }
@@ -98,10 +93,9 @@ LookupMatcher::Test LookupMatcher::testFor(const Key &top)
 LookupMatcher::Test LookupMatcher::patternTest(const Key &top)
 {
     if (m_match == LookupMatch::BottomMatchesRegex) {
-        return
-            [pattern = QRegularExpression(top.text)](const Key &bottom, int) { return isMatch(pattern, bottom.text); };
+        return [pattern = TextRegex(top.text)](const Key &bottom, int) { return pattern.isFoundIn(bottom.text); };
     }
-    return [this, text = top.text](const Key &, int row) { return isMatch(m_patterns.at(row), text); };
+    return [this, text = top.text](const Key &, int row) { return m_patterns.at(row).isFoundIn(text); };
 }
 
 LookupMatcher::Test LookupMatcher::valueTest(const Key &top) const

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "data/cellcolumn.h"
+#include "data/textregex.h"
 
 #include <QDate>
-#include <QRegularExpression>
 #include <QString>
 #include <QVector>
 #include <functional>
@@ -68,5 +68,5 @@ private:
     QString m_topFormat;
     bool m_hasDates;
     QVector<Key> m_bottom;
-    QVector<QRegularExpression> m_patterns;
+    QVector<TextRegex> m_patterns;
 };

@@ -1,6 +1,7 @@
 #include "transforms/verify/contacts.h"
 
-#include <QRegularExpression>
+#include "data/textregex.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -8,16 +9,14 @@ namespace Contacts {
 
 namespace {
 
-QRegularExpression compiled(const char *pattern)
+TextRegex compiled(const char *pattern)
 {
-    QRegularExpression regex(QString::fromLatin1(pattern), QRegularExpression::CaseInsensitiveOption);
-    regex.optimize();
-    return regex;
+    return TextRegex(QString::fromLatin1(pattern), Qt::CaseInsensitive);
 }
 
-const QRegularExpression &emailRegex()
+const TextRegex &emailRegex()
 {
-    static const QRegularExpression regex = compiled(
+    static const TextRegex regex = compiled(
         R"~((?:[a-z0-9!#$%&'*+/=?^_`{|}~-]+(?:\.[a-z0-9!#$%&'*+/=?^_`{|}~-]+)*)~"
         R"~(|"(?:[\x01-\x08\x0b\x0c\x0e-\x1f\x21\x23-\x5b\x5d-\x7f]|\\[\x01-\x09\x0b\x0c\x0e-\x7f])*"))~"
         R"~(@(?:(?:[a-z0-9](?:[a-z0-9-]*[a-z0-9])?\.)+[a-z0-9](?:[a-z0-9-]*[a-z0-9])?)~"
@@ -27,10 +26,9 @@ const QRegularExpression &emailRegex()
     return regex;
 }
 
-const QRegularExpression &telephoneRegex()
+const TextRegex &telephoneRegex()
 {
-    static const QRegularExpression regex = compiled(
-        R"(^(\+\d{1,2}\s?)?1?\-?\.?\s?\(?\d{3}\)?[\s.-]?\d{3}[\s.-]?\d{4}$)");
+    static const TextRegex regex = compiled(R"(^(\+\d{1,2}\s?)?1?\-?\.?\s?\(?\d{3}\)?[\s.-]?\d{3}[\s.-]?\d{4}$)");
     return regex;
 }
 
@@ -80,7 +78,7 @@ Verdict quickEmail(QStringView text)
 bool holdsEmail(CellText &text)
 {
     const Verdict verdict = text.isAscii() ? quickEmail(text.units()) : Unsure;
-    return verdict == Yes || (verdict == Unsure && emailRegex().match(text.string()).hasMatch());
+    return verdict == Yes || (verdict == Unsure && emailRegex().isFoundIn(text.string()));
 }
 
 bool isTelephone(CellText &text)
@@ -88,7 +86,7 @@ bool isTelephone(CellText &text)
     constexpr int fewest = 10; // ten digits and nothing between
     constexpr int most = 23;   // with everything between, and a line feed
     const int size = text.cell().size();
-    return size >= fewest && size <= most && telephoneRegex().match(text.string()).hasMatch();
+    return size >= fewest && size <= most && telephoneRegex().isFoundIn(text.string());
 }
 
 } // namespace Contacts

@@ -2,7 +2,6 @@
 #include "transforms/casing.h"
 #include "transforms/verify/rulechecks.h"
 
-#include <QRegularExpression>
 #include <algorithm>
 
 namespace {
@@ -44,13 +43,11 @@ RuleCheckPointer regexCheck(const QString &pattern, const RuleContext &context)
     if (pattern.isEmpty()) {
         return nullptr;
     }
-    QRegularExpression regex(pattern,
-        context.caseSensitive ? QRegularExpression::NoPatternOption : QRegularExpression::CaseInsensitiveOption);
+    const TextRegex regex(pattern, context.sensitivity());
     if (!regex.isValid()) {
         return cellCheck([](CellText &) { return true; });
     }
-    regex.optimize();
-    return rememberedCheck([regex](CellText &text) { return !regex.match(text.string()).hasMatch(); });
+    return rememberedCheck([regex](CellText &text) { return !regex.isFoundIn(text.string()); });
 }
 
 RuleCheckPointer matchCheck(MatchOperator op, const QString &part, const RuleContext &context)
