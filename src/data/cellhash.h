@@ -11,7 +11,8 @@ inline quint64 mixed(quint64 hash, quint64 word)
     return hash ^ hash >> 29;
 }
 
-/// Equal texts have equal hashes.
+/// Equal texts have equal hashes. Texts of up to eight bytes that have equal sizes and equal hashes are equal, since
+/// mixing in one word can be undone.
 inline quint64 of(const Cell &cell)
 {
     if (cell.isInline()) {

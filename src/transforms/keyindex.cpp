@@ -42,17 +42,16 @@ CellColumn keyColumn(const CellColumn &column, bool caseSensitive)
     return keys;
 }
 
-quint32 KeyIndex::hashOf(const Cell &key)
-{
-    return static_cast<quint32>(CellHash::of(key) >> 32);
-}
-
 /// Where the key stands, or the free slot for it.
-quint32 KeyIndex::slotOf(const Cell &key, quint32 hash) const
+quint32 KeyIndex::slotOf(const Cell &key, quint64 hash) const
 {
-    quint32 at = hash & m_mask;
-    while (m_slots[at].row >= 0 && (m_slots[at].hash != hash || !m_keys.at(m_slots[at].row).sameText(key))) {
-        at = (at + 1) & m_mask;
+    const int size = key.size();
+    quint32 at = homeOf(hash);
+    for (; m_slots[at].row >= 0; at = (at + 1) & m_mask) {
+        const Slot &slot = m_slots[at];
+        if (slot.hash == hash && slot.size == size && (size <= toldByHash || m_keys.at(slot.row).sameText(key))) {
+            break;
+        }
     }
     return at;
 }
@@ -69,41 +68,44 @@ KeyIndex::KeyIndex(const CellColumn &keys)
     m_slots.resize(slotCount);
     // From the last row to the first, so that each key's rows come out in ascending order.
     for (int row = keys.size() - 1; row >= 0; --row) {
-        const quint32 hash = hashOf(keys.at(row));
+        const quint64 hash = CellHash::of(keys.at(row));
         Slot &slot = m_slots[slotOf(keys.at(row), hash)];
         m_keyCount += slot.row < 0;
         m_next[static_cast<size_t>(row)] = slot.row;
-        slot = {hash, row};
+        slot = {hash, row, keys.at(row).size()};
     }
 }
 
 int KeyIndex::firstRow(const Cell &key) const
 {
-    return m_slots[slotOf(key, hashOf(key))].row;
+    return m_slots[slotOf(key, CellHash::of(key))].row;
 }
 
 void KeyIndex::firstRows(const Cell *keys, int count, int *rows) const
 {
     constexpr int atOnce = 32;
     const Cell *const cells = m_keys.cells.constData();
+    std::array<quint64, atOnce> hashes;
     for (int begin = 0; begin < count; begin += atOnce) {
-        std::array<quint32, atOnce> hashes;
-        const int end = qMin(begin + atOnce, count);
-        for (int i = begin; i < end; ++i) {
-            hashes[static_cast<size_t>(i - begin)] = hashOf(keys[i]);
-            __builtin_prefetch(&m_slots[hashes[static_cast<size_t>(i - begin)] & m_mask]);
+        const int size = qMin(atOnce, count - begin);
+        for (int i = 0; i < size; ++i) {
+            hashes[static_cast<size_t>(i)] = CellHash::of(keys[begin + i]);
+            __builtin_prefetch(&m_slots[homeOf(hashes[static_cast<size_t>(i)])]);
         }
-        for (int i = begin; i < end; ++i) {
-            rows[i] = m_slots[hashes[static_cast<size_t>(i - begin)] & m_mask].row;
-            __builtin_prefetch(cells + qMax(0, rows[i]));
+        for (int i = 0; i < size; ++i) {
+            const Slot &slot = m_slots[homeOf(hashes[static_cast<size_t>(i)])];
+            rows[begin + i] = slot.size > toldByHash ? slot.row : -1;
+            __builtin_prefetch(cells + qMax(0, rows[begin + i]));
         }
-        for (int i = begin; i < end; ++i) {
-            if (rows[i] >= 0) {
-                __builtin_prefetch(cells[rows[i]].bytes());
+        for (int i = 0; i < size; ++i) {
+            if (rows[begin + i] >= 0) {
+                __builtin_prefetch(cells[rows[begin + i]].bytes());
             }
         }
-        for (int i = begin; i < end; ++i) {
-            rows[i] = m_slots[slotOf(keys[i], hashes[static_cast<size_t>(i - begin)])].row;
+        for (int i = 0; i < size; ++i) {
+            const int row = m_slots[slotOf(keys[begin + i], hashes[static_cast<size_t>(i)])].row;
+            rows[begin + i] = row;
+            __builtin_prefetch(m_next.data() + qMax(0, row)); // whoever finds a row asks for the next
         }
     }
 }

@@ -27,11 +27,13 @@ public:
 private:
     struct Slot
     {
-        quint32 hash = 0;
+        quint64 hash = 0;
         int row = -1; ///< the first row of a key
+        int size = 0; ///< of the key in bytes
     };
-    static quint32 hashOf(const Cell &key);
-    quint32 slotOf(const Cell &key, quint32 hash) const;
+    static constexpr int toldByHash = 8; ///< keys of up to this size needn't be looked at themselves
+    quint32 homeOf(quint64 hash) const { return static_cast<quint32>(hash >> 32) & m_mask; }
+    quint32 slotOf(const Cell &key, quint64 hash) const;
 
     CellColumn m_keys;
     std::vector<Slot> m_slots;
