@@ -69,8 +69,8 @@ TEST(HardRegex, EachKindGivesUpHardValuesAndSaysSo)
             {{"To_Mode", "Last row where"}, {"To_Column", 1}, {"To_Operation", operation}, {"To_Value", hardPattern}},
             1},
         {"New_Rows",
-            {{"For_Name", "Rows where"}, {"Match_Column_Name", 1}, {"Match_Type_Name", operation},
-                {"Match_Value_Name", hardPattern}},
+            {{"Number_Const_Name", 1}, {"For_Name", "Rows where"}, {"Match_Column_Name", 1},
+                {"Match_Type_Name", operation}, {"Match_Value_Name", hardPattern}},
             2},
         {"Concat_Rows", {{"Mode", "Variable"}, {"Matches", operation}, {"Value", hardPattern}}, 4},
         {"Split_Rows", {{"Split_Rows", splitBy(hardPattern)}}, 1},
@@ -89,11 +89,11 @@ TEST(HardRegex, EachKindGivesUpHardValuesAndSaysSo)
         const QStringList warnings = runTransform(c.kind, c.options, inputs).warnings();
         const QString values = c.givenUp == 1 ? "1 value" : QString("%1 values").arg(c.givenUp);
         const QStringList told = warnings.filter("too complex");
-        ASSERT_EQ(told.size(), 1) << warnings.join("; ").toStdString();
-        EXPECT_TRUE(told.first().startsWith(
+        EXPECT_EQ(told.size(), 1) << warnings.join("; ").toStdString();
+        EXPECT_TRUE(told.value(0).startsWith(
             QString("Regular expression '%1' is too complex for %2, treated as not matching. E.g. '")
                 .arg(hardPattern, values)))
-            << told.first().toStdString();
+            << told.value(0).toStdString();
     }
 }
 
