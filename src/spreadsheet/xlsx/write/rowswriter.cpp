@@ -139,9 +139,10 @@ void RowsWriter::beginCell(const CellRecord &cell, std::string_view type)
 {
     const Reference &place = letters(cell.column);
     m_buffer << m_cellBegin << std::string_view(place.letters.data(), place.size) << m_rowNumber;
-    if (cell.format != 0) {
+    const quint32 format = cell.format == 0 ? 0 : m_context.styles.number(cell.format);
+    if (format != 0) {
         m_buffer << "\" s=\"";
-        m_buffer.appendNumber(m_context.styles.number(cell.format));
+        m_buffer.appendNumber(format);
     }
     if (m_extras && !m_extras->attributes.isEmpty()) {
         m_buffer << "\"" << view(m_extras->attributes);
