@@ -2,6 +2,7 @@
 
 #include "data/values.h"
 #include "graph/ionode.h"
+#include "platform/username.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -20,12 +21,6 @@ QString shown(const QDateTime &time)
 QString shown(const QDate &date)
 {
     return QLocale::system().toString(date, QLocale::ShortFormat);
-}
-
-QString userName()
-{
-    const QString name = qEnvironmentVariable("USER");
-    return name.isEmpty() ? qEnvironmentVariable("USERNAME") : name;
 }
 
 struct Context
@@ -47,7 +42,7 @@ const Variable table[] = {
     {"CurrentDateTime", false, [](const Context &c) { return shown(c.now); }},
     {"CurrentDate", false, [](const Context &c) { return shown(c.now.date()); }},
     {"ComputerName", false, [](const Context &) { return QSysInfo::machineHostName(); }},
-    {"UserName", false, [](const Context &) { return userName(); }},
+    {"UserName", false, [](const Context &) { return platform::userName(); }},
     {"DataRows", false, [](const Context &c) { return formatInteger(c.source.rows, false); }},
     {"DataColumns", false, [](const Context &c) { return formatInteger(c.source.columns, false); }},
     {"DataValues", false,

@@ -2,6 +2,7 @@
 
 #include "graph/graphscene.h"
 #include "graph/ionode.h"
+#include "platform/username.h"
 #include "settings/version.h"
 
 #include <QDir>
@@ -31,12 +32,6 @@ const DateVariable dateVariables[] = {
 
 const char *const hostVariables[] = {"{version}", "{computername}", "{username}", "{transformfname}"};
 
-QString userName()
-{
-    const QString user = qEnvironmentVariable("USER");
-    return user.isEmpty() ? qEnvironmentVariable("USERNAME") : user;
-}
-
 QString hostValue(QLatin1String name, const QString &documentPath)
 {
     if (name == QLatin1String("{version}")) {
@@ -46,7 +41,7 @@ QString hostValue(QLatin1String name, const QString &documentPath)
         return QSysInfo::machineHostName();
     }
     if (name == QLatin1String("{username}")) {
-        return userName();
+        return platform::userName();
     }
     return QFileInfo(documentPath).baseName();
 }

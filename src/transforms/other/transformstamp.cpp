@@ -1,3 +1,4 @@
+#include "platform/username.h"
 #include "transforms/documentcontext.h"
 #include "transforms/messages.h"
 #include "transforms/newcolumn.h"
@@ -69,8 +70,7 @@ private:
         QString text = QDateTime::currentDateTime().toString(format.left(mark));
         text.replace(QStringLiteral("$(f)"), DocumentContext::path());
         text.replace(QStringLiteral("$(c)"), QSysInfo::machineHostName().replace(QLatin1Char('.'), QLatin1Char('_')));
-        const QString user = qEnvironmentVariable("USER");
-        text.replace(QStringLiteral("$(u)"), user.isEmpty() ? qEnvironmentVariable("USERNAME") : user);
+        text.replace(QStringLiteral("$(u)"), platform::userName());
         return mark < 0 ? text : text + format.mid(mark + 1);
     }
 };
