@@ -1,8 +1,10 @@
 #include "data/matchoperator.h"
 
+#include "data/numberreader.h"
 #include "data/textregex.h"
 #include "data/textsimilarity.h"
 #include "data/values.h"
+#include "data/wholenumber.h"
 
 namespace {
 
@@ -55,6 +57,9 @@ int compareValues(const QString &cell, const QString &text, const QString &cellD
         cell, text, cellDateFormat, textDateFormat, isDate, cellDate, textDate, true, isNumber, cellNumber, textNumber);
     if (isDate) {
         return (cellDate > textDate) - (cellDate < textDate);
+    }
+    if (isNumber && cellNumber == textNumber && WholeNumber::isShared(cellNumber)) {
+        return WholeNumber::compareShared(cell, text, cellNumber, NumberReader(false, true));
     }
     if (isNumber) {
         return (cellNumber > textNumber) - (cellNumber < textNumber);

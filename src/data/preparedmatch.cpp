@@ -2,6 +2,7 @@
 
 #include "data/textorder.h"
 #include "data/textsimilarity.h"
+#include "data/wholenumber.h"
 
 #include <algorithm>
 
@@ -126,6 +127,9 @@ int PreparedMatch::compare(const Cell &cell) const
     if (m_isNumber) {
         bool isNumber = false;
         const double number = m_numbers.read(cell, &isNumber);
+        if (isNumber && number == m_number && WholeNumber::isShared(number)) {
+            return WholeNumber::compareShared(cell, m_text, number, m_numbers);
+        }
         if (isNumber) {
             return (number > m_number) - (number < m_number);
         }

@@ -145,7 +145,7 @@ void RowSorter::pushGroups(const Group &group)
         while (end < count && m_items[static_cast<size_t>(end)].number == number) {
             ++end;
         }
-        const bool continues = key.continues(number);
+        const bool continues = key.continues(number, group.part);
         if (end - begin > 1 && (continues || group.key + 1 < m_keys.size())) {
             m_groups.push_back({group.begin + begin, group.begin + end, continues ? group.key : group.key + 1,
                 continues ? group.part + 1 : 0});

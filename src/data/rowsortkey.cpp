@@ -4,6 +4,7 @@
 #include "data/numberreader.h"
 #include "data/rowkeyindex.h"
 #include "data/textbuffer.h"
+#include "data/wholenumber.h"
 
 #include <QtEndian>
 #include <algorithm>
@@ -134,7 +135,23 @@ void RowSortKey::readNumbers()
         bool ok = false;
         const double number = reader.read(m_column.at(row), &ok);
         setValue(row, ok ? orderedBits(number) : 0);
+        if (ok && WholeNumber::isShared(number)) {
+            setRest(row, number, reader);
+        }
     }
+}
+
+/// Texts that are no whole numbers keep the place of their value, so that all pairs together stay an order.
+void RowSortKey::setRest(int row, double number, const NumberReader &reader)
+{
+    const qint64 rest = WholeNumber::restOf(m_column.at(row), number, reader).value_or(0);
+    if (rest == 0) {
+        return;
+    }
+    if (m_rests.empty()) {
+        m_rests.assign(static_cast<size_t>(size()), topBit);
+    }
+    m_rests[static_cast<size_t>(row)] = static_cast<quint64>(rest) + topBit;
 }
 
 void RowSortKey::readDates(const QString &format)
@@ -230,6 +247,9 @@ int RowSortKey::compare(int a, int b) const
     const quint64 valueOfB = m_values.empty() ? 0 : m_values[static_cast<size_t>(b)];
     if ((valueOfA != 0 && valueOfB != 0) || (!m_values.empty() && m_valuesDecide)) {
         order = (valueOfA > valueOfB) - (valueOfA < valueOfB);
+        if (order == 0) {
+            order = (restOf(a) > restOf(b)) - (restOf(a) < restOf(b));
+        }
     } else {
         order = compareTexts(a, b);
     }
@@ -242,7 +262,7 @@ bool RowSortKey::isSame(int a, int b) const
         const quint64 valueOfA = m_values[static_cast<size_t>(a)];
         const quint64 valueOfB = m_values[static_cast<size_t>(b)];
         if (valueOfA != 0 && valueOfB != 0) {
-            return valueOfA == valueOfB;
+            return valueOfA == valueOfB && restOf(a) == restOf(b);
         }
     }
     return m_column.at(a).sameText(m_column.at(b));

@@ -5,6 +5,8 @@
 #include <QCollator>
 #include <vector>
 
+class NumberReader;
+
 /// What rows are sorted by in one column, read once for all rows: dates or numbers where the column holds them, and its
 /// texts.
 class RowSortKey
@@ -36,19 +38,23 @@ public:
     /// For an order: a number that rows are to be sorted by, where all parts before are the same.
     quint64 partOf(int row, Part part) const
     {
-        const quint64 ascending = m_comparesBytes ? bytesOf(m_texts[row], part) : valueOf(row);
+        const quint64 ascending = m_comparesBytes ? bytesOf(m_texts[row], part)
+                                  : part == 0     ? valueOf(row)
+                                                  : restOf(row);
         return m_descending ? ~ascending : ascending;
     }
-    /// Whether rows with that number may differ in the part behind.
-    bool continues(quint64 number) const
+    /// Whether rows with that number in `part` may differ in the part behind.
+    bool continues(quint64 number, Part part) const
     {
-        return m_comparesBytes && ((m_descending ? ~number : number) & 0xFF) > bytesPerPart;
+        return m_comparesBytes ? ((m_descending ? ~number : number) & 0xFF) > bytesPerPart
+                               : part == 0 && !m_rests.empty();
     }
 
 private:
     void readNumbers();
     void readDates(const QString &format);
     void setValue(int row, quint64 value);
+    void setRest(int row, double number, const NumberReader &reader);
     void makeBytes(bool caseSensitive);
     void makeRanks(const QCollator &collator);
     int compareTexts(int a, int b) const;
@@ -57,12 +63,14 @@ private:
     {
         return m_values.empty() ? m_ranks[static_cast<size_t>(row)] : m_values[static_cast<size_t>(row)];
     }
+    quint64 restOf(int row) const { return m_rests.empty() ? 0 : m_rests[static_cast<size_t>(row)]; }
 
     CellColumn m_column;
     bool m_descending;
     bool m_valuesDecide = true;    ///< every cell is empty or has a value
     bool m_comparesBytes = false;  ///< the column is text and m_texts gives its order
     std::vector<quint64> m_values; ///< of dates and numbers in their order; 0 for a cell that is none
+    std::vector<quint64> m_rests;  ///< order of whole numbers with the same value; empty where all values are exact
     std::vector<quint64> m_ranks;  ///< of texts, in the order of the locale
     CellVector m_ownTexts;
     const Cell *m_texts = nullptr; ///< texts whose order is that of their bytes

@@ -1,6 +1,7 @@
 #include "data/dateparser.h"
 #include "data/numberreader.h"
 #include "data/values.h"
+#include "data/wholenumber.h"
 
 #include <QMap>
 #include <algorithm>
@@ -12,14 +13,23 @@ struct SortValue
 {
     QString text;
     double number = 0;
+    qint64 rest = 0; ///< what a whole number lies above `number`
     bool isNumber = false;
     QDate date;
 };
+
+qint64 restOf(const QString &text, double number, const NumberReader &reader)
+{
+    return WholeNumber::isShared(number) ? WholeNumber::restOf(text, number, reader).value_or(0) : 0;
+}
 
 bool sortsBefore(const SortValue &a, const SortValue &b)
 {
     if (a.isNumber && b.isNumber && a.number != b.number) {
         return a.number < b.number;
+    }
+    if (a.isNumber && b.isNumber && a.rest != b.rest) {
+        return a.rest < b.rest;
     }
     if (a.date.isValid() && b.date.isValid() && a.date != b.date) {
         return a.date < b.date;
@@ -98,11 +108,17 @@ bool bothNumbers(const QString &a, const QString &b, double &numberA, double &nu
 bool valueLess(const QString &a, const QString &b, const QString &dateFormat)
 {
     bool isNumber = false;
-    const double numberA = parseNumber(a, false, false, &isNumber);
+    const NumberReader reader(false, false);
+    const double numberA = reader.read(a, &isNumber);
     if (isNumber) {
-        const double numberB = parseNumber(b, false, false, &isNumber);
+        const double numberB = reader.read(b, &isNumber);
         if (isNumber && numberA != numberB) {
             return numberA < numberB;
+        }
+        const qint64 restOfA = isNumber ? restOf(a, numberA, reader) : 0;
+        const qint64 restOfB = isNumber ? restOf(b, numberB, reader) : 0;
+        if (restOfA != restOfB) {
+            return restOfA < restOfB;
         }
     }
     if (!dateFormat.isEmpty()) {
@@ -125,6 +141,7 @@ void sortValues(QStringList &values, const QString &dateFormat)
         SortValue entry;
         entry.text = value;
         entry.number = reader.read(value, &entry.isNumber);
+        entry.rest = restOf(value, entry.number, reader);
         if (!dateFormat.isEmpty()) {
             entry.date = parser.parse(value);
         }

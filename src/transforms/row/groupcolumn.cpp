@@ -6,6 +6,7 @@
 #include "data/realwriter.h"
 #include "data/values.h"
 #include "data/valuesummary.h"
+#include "data/wholenumber.h"
 #include "transforms/newcolumn.h"
 #include "transforms/storedtext.h"
 
@@ -57,11 +58,16 @@ CellColumn extremes(const Dataset &dataset, ColumnIndex column, const RowGroups 
             return date.isValid() ? std::optional<qint64>(date.toJulianDay()) : std::nullopt;
         });
     }
+    using Value = std::pair<double, qint64>; // a number and what a large whole one lies above it
     const NumberReader reader(false, true);
     return extremes(cells, groups, largest, [&reader](const Cell &cell) {
         bool ok = false;
         const double number = reader.read(cell, &ok);
-        return ok && !std::isnan(number) ? std::optional<double>(number) : std::nullopt;
+        if (!ok || std::isnan(number)) {
+            return std::optional<Value>();
+        }
+        const bool isShared = WholeNumber::isShared(number);
+        return std::optional<Value>({number, isShared ? WholeNumber::restOf(cell, number, reader).value_or(0) : 0});
     });
 }
 
