@@ -86,15 +86,14 @@ bool Parameter::isUnset() const
 {
     switch (m_kind) {
     case SingleColumn:
-        return m_columnRequired && !toColumnNumber().isValid();
+        return !toColumnNumber().isValid() && (m_columnRequired || (m_node && !toColumnId().isNull()));
     case MultipleColumns:
     case SortColumns:
     case PivotColumns:
-        return referencedColumns().isEmpty() || areSomeGone();
     case FilterColumns:
-        return toFilterTerms().terms.isEmpty() || areSomeGone();
     case If:
-        return toIfBranches().branches.isEmpty() || areSomeGone();
+    case UniqueColumns:
+        return !hasColumnsLeft();
     case Selection:
         return m_firstChoiceIsUnset && toSelectionIndex() == 0;
     case Text:
@@ -108,8 +107,6 @@ bool Parameter::isUnset() const
         return toChar().isNull();
     case SplitRows:
         return isUnsetSplit(toSplitRows(), ColumnNumbers(m_node).indexOf(toSplitRows().startColumn).isValid());
-    case UniqueColumns:
-        return !toUniqueColumns().values().contains(UniqueCode::KeepUnique);
     case ReplaceTerms:
         return toReplaceTerms().isEmpty();
     default:

@@ -65,6 +65,9 @@ public:
     QString summary() const;
     /// True when a run can't use the value: nothing chosen, nothing typed where something is needed.
     bool isUnset() const;
+    /// "Column 'x' of 'Sorting' has gone" for the first five columns that the option lacks, and how many more. A
+    /// column whose name isn't known goes by the number in its document, and isn't told of in an unset option.
+    QStringList lostColumnWarnings() const;
 
     // What the value is, for run()
     bool toBool() const { return m_value.toBool(); }
@@ -165,7 +168,10 @@ private:
     bool changeColumns(QVariant &value, const std::function<bool(ColumnId &)> &change) const;
     /// `value` in this kind's form, or nothing.
     QVariant acceptable(const QVariant &value) const;
-    bool areSomeGone() const;
+    /// The columns without which the option does something else, without those that it only arranges or names.
+    QList<ColumnId> neededColumns() const;
+    /// Whether one of the columns needed is there; a condition on any column counts as one.
+    bool hasColumnsLeft() const;
     QString sortSummary() const;
     QString singleColumnSummary() const;
 

@@ -1,6 +1,7 @@
 #include "data/dataset.h"
 #include "data/datasource.h"
 #include "transforms/columnnumbers.h"
+#include "transforms/messages.h"
 #include "transforms/parameter.h"
 
 #include <QSet>
@@ -135,11 +136,70 @@ QList<ColumnId> Parameter::referencedColumns() const
     return ids;
 }
 
-bool Parameter::areSomeGone() const
+static QList<ColumnId> sortedIds(QList<ColumnId> ids)
+{
+    std::sort(ids.begin(), ids.end());
+    return ids;
+}
+
+QList<ColumnId> Parameter::neededColumns() const
+{
+    switch (m_kind) {
+    case SingleColumn:
+    case MultipleColumns:
+    case SortColumns:
+    case PivotColumns:
+    case FilterColumns:
+    case If:
+        return referencedColumns();
+    case UniqueColumns:
+        return sortedIds(toUniqueColumns().keys(UniqueCode::KeepUnique));
+    case VerifyRules:
+        return sortedIds(toVerifyRules().columnsWithActiveRules());
+    default:
+        return {};
+    }
+}
+
+static bool hasConditionOnAnyColumn(const QList<FilterTerm> &terms)
+{
+    return std::any_of(terms.cbegin(), terms.cend(), [](const FilterTerm &term) { return term.column.isNull(); });
+}
+
+bool Parameter::hasColumnsLeft() const
+{
+    const QList<IfBranch> branches = m_kind == If ? toIfBranches().branches : QList<IfBranch>();
+    if ((m_kind == FilterColumns && hasConditionOnAnyColumn(toFilterTerms().terms))
+        || std::any_of(branches.cbegin(), branches.cend(), [](const IfBranch &branch) {
+               return branch.conditions.isEmpty() || hasConditionOnAnyColumn(branch.conditions);
+           })) {
+        return true;
+    }
+    const ColumnNumbers columns(m_node);
+    const QList<ColumnId> ids = neededColumns();
+    return std::any_of(ids.cbegin(), ids.cend(), [&columns](ColumnId id) { return columns.indexOf(id).isValid(); });
+}
+
+QStringList Parameter::lostColumnWarnings() const
 {
     const ColumnNumbers columns(m_node);
-    const QList<ColumnId> ids = referencedColumns();
-    return std::any_of(ids.cbegin(), ids.cend(), [&columns](ColumnId id) { return columns.hasGone(id); });
+    if (!columns.hasTable()) {
+        return {};
+    }
+    const bool isUnset = this->isUnset();
+    Messages::Examples lost;
+    for (const ColumnId id : neededColumns()) {
+        const QString name = m_columnNames.value(id);
+        if (!columns.hasGone(id) || (name.isEmpty() && isUnset)) {
+            continue;
+        }
+        const int number = columns.numberOf(id);
+        const QString column = !name.isEmpty() ? QStringLiteral("Column '%1'").arg(name)
+                               : number > 0    ? QStringLiteral("Column %1").arg(Messages::count(number))
+                                               : QStringLiteral("A column");
+        lost.add(QStringLiteral("%1 of '%2' has gone").arg(column, m_label));
+    }
+    return lost.lines("other", "others");
 }
 
 QStringList Parameter::columnNamesFor(const QList<ColumnId> &ids) const

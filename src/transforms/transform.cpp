@@ -270,7 +270,11 @@ void Transform::checkOptions()
     const QList<QPair<QString, bool>> states = parameterStates();
     QStringList unset;
     for (const Parameter *parameter : m_parameters) {
-        if (!states.contains({parameter->name(), false}) && parameter->isUnset()) {
+        if (states.contains({parameter->name(), false})) {
+            continue;
+        }
+        m_warnings += parameter->lostColumnWarnings();
+        if (parameter->isUnset()) {
             unset.append(QStringLiteral("'%1'").arg(parameter->label()));
         }
     }

@@ -52,6 +52,17 @@ int VerifyRuleSet::activeColumnRules() const
     return active;
 }
 
+QList<ColumnId> VerifyRuleSet::columnsWithActiveRules() const
+{
+    QList<ColumnId> ids;
+    for (auto it = columns.cbegin(); it != columns.cend(); ++it) {
+        if (activeIn(it->rules) > 0) {
+            ids.append(it.key());
+        }
+    }
+    return ids;
+}
+
 QString VerifyRuleSet::summary() const
 {
     return QStringLiteral("%1 dataset rule(s) and %2 column rule(s).")

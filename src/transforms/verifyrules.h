@@ -53,6 +53,8 @@ struct VerifyRuleSet
 
     int activeDatasetRules() const;
     int activeColumnRules() const;
+    /// Of which one rule or more is active, in no order.
+    QList<ColumnId> columnsWithActiveRules() const;
     /// "%1 dataset rule(s) and %2 column rule(s)." with the numbers of active rules.
     QString summary() const;
 

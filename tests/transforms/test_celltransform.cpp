@@ -4,6 +4,7 @@
 #include "support/scopedlocale.h"
 #include "transforms/celltransform.h"
 #include "transforms/option.h"
+#include "transforms/parameter.h"
 
 #include <gtest/gtest.h>
 
@@ -159,9 +160,11 @@ TEST(CellTransform, GoesOnWithoutAColumnThatIsGone)
     const std::unique_ptr<Transform> transform(runTransform("Case", {}, {}).transform->clone());
     transform->setInputs({&source});
     setOption(*transform, "Columns", QStringList{"a", "b"});
+    QStringList ignored;
+    transform->parameter("Columns")->reconnectColumns(ignored, ignored);
     source.dataset().removeColumn(ColumnIndex(0));
     EXPECT_EQ(rows(transform->run({&source}, nullptr)), QStringList("y"));
     EXPECT_EQ(transform->resultText(), "1 changed, 0 unchanged");
     transform->checkOptions();
-    EXPECT_EQ(transform->warnings(), QStringList("1 option not set ('Columns')"));
+    EXPECT_EQ(transform->warnings(), QStringList("Column 'a' of 'Columns' has gone"));
 }

@@ -287,20 +287,23 @@ TEST(ParameterText, KeepsNumbersOfColumnsThatTheTableLacks)
         const char *what;
         Parameter::Kind kind;
         QString text;
+        bool unset;
     };
     const Case cases[] = {
-        {"one column", Parameter::SingleColumn, "7"},
-        {"one of several", Parameter::MultipleColumns, "1|7"},
-        {"descending", Parameter::SortColumns, "-7|2"},
-        {"in a term", Parameter::FilterColumns, "1|1|7|1|x"},
-        {"in a branch", Parameter::If, "*StartIf*|7|1|x|*EndIf*|then|else"},
+        {"one column", Parameter::SingleColumn, "7", true},
+        {"one of several", Parameter::MultipleColumns, "1|7", false},
+        {"descending", Parameter::SortColumns, "-7|2", false},
+        {"in a term", Parameter::FilterColumns, "1|1|7|1|x", true},
+        {"in a branch", Parameter::If, "*StartIf*|7|1|x|*EndIf*|then|else", true},
     };
     FakeSource source(grid({"a|b|c"}));
     for (const Case &c : cases) {
         SCOPED_TRACE(c.what);
         const auto parameter = parameterOf(c.kind, &source);
         parameter->fromDocumentText(stored(c.text), currentVersion);
-        EXPECT_TRUE(parameter->isUnset());
+        EXPECT_EQ(parameter->isUnset(), c.unset);
+        const QString lost = QStringLiteral("Column 7 of '%1' has gone").arg(parameter->label());
+        EXPECT_EQ(parameter->lostColumnWarnings(), c.unset ? QStringList() : QStringList(lost));
         EXPECT_FALSE(parameter->referencedColumns().contains(ColumnId()));
         EXPECT_EQ(parameter->toDocumentText(), stored(c.text));
     }

@@ -66,6 +66,98 @@ TEST(Transform, WarnsOfOptionsThatAreNotSet)
     EXPECT_EQ(transform.warnings(), QStringList());
 }
 
+namespace {
+
+/// The warnings of a kind about a table that had the columns a, b and c when its options were chosen and lost some.
+QStringList warningsWithout(const QStringList &gone, const QString &kind, const OptionSettings &options)
+{
+    const TransformRun run = runTransform(kind, options, {grid({"a|b|c", "1|2|3"})});
+    QStringList ignored;
+    for (Parameter *parameter : run.transform->parameters()) {
+        parameter->reconnectColumns(ignored, ignored);
+    }
+    Dataset &table = run.sources.front()->dataset();
+    for (const QString &name : gone) {
+        table.removeColumn(table.columnIndexOfName(name));
+    }
+    run.transform->clearMessages();
+    run.transform->checkOptions();
+    return run.warnings();
+}
+
+QVariant filterOn(const QList<ColumnId> &columns)
+{
+    FilterRecord filter;
+    filter.terms.clear();
+    for (const ColumnId column : columns) {
+        filter.terms.append({column, 0, "x"});
+    }
+    return QVariant::fromValue(filter);
+}
+
+QVariant ifOn(const QList<ColumnId> &columns)
+{
+    IfRecord record;
+    record.branches.first().conditions = filterOn(columns).value<FilterRecord>().terms;
+    return QVariant::fromValue(record);
+}
+
+QVariant verifying(ColumnId column, bool active)
+{
+    VerifyRule rule;
+    rule.active = active;
+    VerifyRuleSet rules;
+    rules.columns.insert(column, {VerifyColumn::Text, {rule}});
+    return QVariant::fromValue(rules);
+}
+
+} // namespace
+
+TEST(Transform, NamesColumnsThatHaveGone)
+{
+    const ColumnId a(1, 1);
+    const ColumnId b(1, 2);
+    const ColumnId any;
+    const QStringList both{"a", "b"};
+    const OptionSettings ranked{{"Columns", "c"}, {"Rank_Add", true}, {"Rank_By", "a"}};
+    const struct
+    {
+        const char *what;
+        QStringList gone;
+        QString kind;
+        OptionSettings options;
+        QStringList warnings;
+    } cases[] = {
+        {"some of a list", {"a"}, "Sort", {{"Columns", both}}, {"Column 'a' of 'Sorting' has gone"}},
+        {"all of a list", both, "Sort", {{"Columns", both}},
+            {"Column 'a' of 'Sorting' has gone", "Column 'b' of 'Sorting' has gone", "1 option not set ('Sorting')"}},
+        {"others only", {"c"}, "Sort", {{"Columns", both}}, {}},
+        {"an optional column", {"a"}, "Sort", ranked,
+            {"Column 'a' of 'Rank by' has gone", "1 option not set ('Rank by')"}},
+        {"an optional column that doesn't apply", {"a"}, "Sort", {{"Columns", "c"}, {"Rank_By", "a"}}, {}},
+        {"a column to look in", {"a"}, "Slice",
+            {{"From_Mode", "First row where"}, {"From_Column", "a"}, {"From_Value", "1"}},
+            {"Column 'a' of 'Column' has gone", "1 option not set ('Column')"}},
+        {"one of two conditions", {"a"}, "Filter", {{"Columns", filterOn({a, b})}},
+            {"Column 'a' of 'Filtering' has gone"}},
+        {"a condition beside one on any column", {"a"}, "Filter", {{"Columns", filterOn({a, any})}},
+            {"Column 'a' of 'Filtering' has gone"}},
+        {"one of two conditions of a branch", {"a"}, "If", {{"If", ifOn({a, b})}}, {"Column 'a' of 'If' has gone"}},
+        {"a key among others", {"a"}, "Unique",
+            {{"Column_Options", QVariant::fromValue(QHash<ColumnId, int>{{a, 0}, {b, 0}})}},
+            {"Column 'a' of 'Column options' has gone"}},
+        {"no key", {"a"}, "Unique", {{"Column_Options", QVariant::fromValue(QHash<ColumnId, int>{{a, 1}, {b, 0}})}},
+            {}},
+        {"a column to be verified", {"a"}, "Verify", {{"Rules", verifying(a, true)}},
+            {"Column 'a' of 'Verify rules' has gone"}},
+        {"a column not to be verified", {"a"}, "Verify", {{"Rules", verifying(a, false)}}, {}},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.what);
+        EXPECT_EQ(warningsWithout(c.gone, c.kind, c.options), c.warnings);
+    }
+}
+
 TEST(Transform, TellsWhichOptionsApply)
 {
     FakeSource top(grid({"a|b"}), 1);
