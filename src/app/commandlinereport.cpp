@@ -183,7 +183,7 @@ void CommandLineReport::writeOverwrites()
     for (auto it = m_replacements.cbegin(); it != m_replacements.cend(); ++it) {
         if (it.value() > 1) {
             lines.append(
-                QStringLiteral("  Warning: Overwrote '%1' %2 times").arg(it.key(), QString::number(it.value())));
+                QStringLiteral("  Warning: Overwrote '%1' %2 times").arg(it.key(), formatInteger(it.value(), true)));
         }
     }
     if (lines.isEmpty()) {

@@ -5,6 +5,7 @@
 #include "app/programinfo.h"
 #include "app/rowsmilestone.h"
 #include "app/tips.h"
+#include "data/values.h"
 #include "graph/node.h"
 #include "graph/runcontrol.h"
 #include "graph/undostep.h"
@@ -326,9 +327,9 @@ void MainWindow::onGraphSelectionChanged()
         return;
     }
     const QString itemText = QStringLiteral("%1 %2").arg(
-        QString::number(items), items == 1 ? QStringLiteral("item") : QStringLiteral("items"));
-    const QString connectionText = QStringLiteral("%1 %2").arg(
-        QString::number(connections), connections == 1 ? QStringLiteral("conection") : QStringLiteral("connections"));
+        formatInteger(items, true), items == 1 ? QStringLiteral("item") : QStringLiteral("items"));
+    const QString connectionText = QStringLiteral("%1 %2").arg(formatInteger(connections, true),
+        connections == 1 ? QStringLiteral("conection") : QStringLiteral("connections"));
     m_statusBar->onShowMessage(QStringLiteral("%1 selected").arg(itemText + QStringLiteral(", ") + connectionText));
 }
 

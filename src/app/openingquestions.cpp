@@ -1,6 +1,7 @@
 #include "app/openingquestions.h"
 
 #include "charts/chartnode.h"
+#include "data/values.h"
 #include "graph/graphscene.h"
 #include "inputs/inputnode.h"
 #include "outputs/outputnode.h"
@@ -88,7 +89,7 @@ private:
                       .arg(kind, list)
                 : QStringLiteral(
                     "The following %1 input %2s cannot be found:\n\n%3\n\nDo you wish to choose new input %2s?")
-                      .arg(QString::number(m_paths.size()), kind, list);
+                      .arg(formatInteger(m_paths.size(), true), kind, list);
         return QMessageBox::question(m_window, productName(), text, QMessageBox::Ok | QMessageBox::Cancel)
                == QMessageBox::Ok;
     }
@@ -252,7 +253,7 @@ QString OpeningQuestions::missingList(const QStringList &paths)
         lines.append(path.isEmpty() ? QStringLiteral("<unset>") : QDir::toNativeSeparators(path));
     }
     if (paths.size() > mostMissing) {
-        lines.append(QStringLiteral("+ %1 more").arg(paths.size() - mostMissing));
+        lines.append(QStringLiteral("+ %1 more").arg(formatInteger(paths.size() - mostMissing, true)));
     }
     return lines.join(QLatin1Char('\n'));
 }
@@ -265,7 +266,7 @@ QString OpeningQuestions::writtenFilesList(const GraphScene &scene)
         lines.append(writtenLine(*node));
     }
     if (nodes.size() > mostWritten) {
-        lines.append(QStringLiteral("...+%1 more").arg(nodes.size() - mostWritten));
+        lines.append(QStringLiteral("...+%1 more").arg(formatInteger(nodes.size() - mostWritten, true)));
     }
     return lines.join(QLatin1Char('\n'));
 }

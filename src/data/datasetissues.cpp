@@ -13,8 +13,8 @@ constexpr int longestText = 256;
 void appendCounts(QStringList &lines, const char *start, const QMap<int, int> &counts, QString (*ruleName)(int))
 {
     for (auto rule = counts.cbegin(); rule != counts.cend(); ++rule) {
-        lines.append(QLatin1String(start) + ruleName(rule.key()) + QLatin1String(" (") + QString::number(rule.value())
-                     + QLatin1Char(')'));
+        lines.append(QLatin1String(start) + ruleName(rule.key()) + QLatin1String(" (")
+                     + formatInteger(rule.value(), true) + QLatin1Char(')'));
     }
 }
 

@@ -95,6 +95,9 @@ QList<ColumnIndex> Dataset::toIndexes(const QList<ColumnNumber> &numbers)
 
 bool Dataset::nextCell(RowIndex &row, ColumnIndex &column) const
 {
+    if (!hasRows()) {
+        return false;
+    }
     if (column < lastColumn() && row < RowIndex(m_rowCount)) {
         column = ColumnIndex(column.toInt() + 1);
         return true;

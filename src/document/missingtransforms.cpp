@@ -1,5 +1,6 @@
 #include "document/missingtransforms.h"
 
+#include "data/values.h"
 #include <QStringList>
 
 namespace {
@@ -17,7 +18,7 @@ QString block(const QString &heading, const QMap<QString, int> &counts)
     QStringList lines{heading};
     for (auto it = counts.constBegin(); it != counts.constEnd(); ++it) {
         const QString occurrences = it.value() == 1 ? QStringLiteral("occurrence") : QStringLiteral("occurrences");
-        QString line = QStringLiteral("'%1' (%2 %3)").arg(it.key(), QString::number(it.value()), occurrences);
+        QString line = QStringLiteral("'%1' (%2 %3)").arg(it.key(), formatInteger(it.value(), true), occurrences);
         const QString newer = successor(it.key());
         if (!newer.isEmpty()) {
             line += QStringLiteral(" - use the newer '%1' transform.").arg(newer);

@@ -1,5 +1,6 @@
 #include "graph/engine.h"
 
+#include "data/values.h"
 #include "graph/graphscene.h"
 #include "graph/node.h"
 #include "graph/nodeorder.h"
@@ -136,7 +137,7 @@ void Engine::runRoots(RunMode mode)
 void Engine::report(qint64 elapsedMs)
 {
     const QString summary = QStringLiteral("%1 item(s) processed in %2")
-                                .arg(QString::number(m_scene.m_itemsProcessed), NodeText::duration(elapsedMs));
+                                .arg(formatInteger(m_scene.m_itemsProcessed, true), NodeText::duration(elapsedMs));
     emit m_scene.showTempMessage(summary);
     log(summary);
     const QList<Node *> nodes = m_scene.nodes();
@@ -147,7 +148,7 @@ void Engine::report(qint64 elapsedMs)
     QStringList states;
     for (NodeState state : {NodeState::Processed, NodeState::NeedsProcessing, NodeState::Failed}) {
         const int count = m_scene.nodesInState(state).size();
-        states.append(QStringLiteral("%1: %2").arg(Node::stateText(state), QString::number(count)));
+        states.append(QStringLiteral("%1: %2").arg(Node::stateText(state), formatInteger(count, true)));
     }
     log(QStringLiteral("%1\n").arg(states.join(QStringLiteral(", "))));
 }

@@ -1,5 +1,6 @@
 #include "graph/ionode.h"
 
+#include "data/values.h"
 #include <QDir>
 #include <QFileInfo>
 #include <QMap>
@@ -56,7 +57,7 @@ void IONode::warnOfDuplicateHeaderNames()
     QStringList lines;
     for (auto it = counts.constBegin(); it != counts.constEnd(); ++it) {
         if (it.value() > 1) {
-            lines.append(QStringLiteral("'%1' occurs %2 times").arg(it.key(), QString::number(it.value())));
+            lines.append(QStringLiteral("'%1' occurs %2 times").arg(it.key(), formatInteger(it.value(), true)));
         }
     }
     if (!lines.isEmpty()) {

@@ -59,7 +59,7 @@ QString Node::logLine(bool detail) const
     if (detail) {
         parts.append(roundedSizeText());
         parts.append(NodeText::duration(m_processingMs));
-        parts.append(QStringLiteral("%1 warning(s)").arg(warningCount()));
+        parts.append(QStringLiteral("%1 warning(s)").arg(formatInteger(warningCount(), true)));
     }
     const QString status = statusMessage();
     if (!status.isEmpty()) {

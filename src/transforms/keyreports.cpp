@@ -36,14 +36,14 @@ void reportDuplicateKeys(QStringList &messages, const Dataset &dataset, ColumnIn
             continue;
         }
         if (duplicates.wantsText()) {
-            duplicates.add(QStringLiteral("'%1' occurs %2 times%3").arg(it.key(), QString::number(it.value()), note));
+            duplicates.add(QStringLiteral("'%1' occurs %2 times%3").arg(it.key(), Messages::count(it.value()), note));
         } else {
             duplicates.addHidden();
         }
     }
     if (duplicates.count() > 0) {
         const QString heading = QStringLiteral("%1 duplicated %2 in the %3:")
-                                    .arg(QString::number(duplicates.count()),
+                                    .arg(Messages::count(duplicates.count()),
                                         Messages::word(duplicates.count(), "key", "keys"), datasetName);
         addReport(messages, QStringList{heading} + duplicates.lines("other duplicate", "other duplicates"), place);
     }
@@ -74,7 +74,7 @@ void reportKeyWhitespace(QStringList &messages, const Dataset &dataset, ColumnIn
         return;
     }
     QStringList lines{QStringLiteral("%1 values with leading or trailing whitespace in the %2:")
-                          .arg(QString::number(found.count()), datasetName)};
+                          .arg(Messages::count(found.count()), datasetName)};
     lines += found.lines("other with whitespace", "others with whitespace");
     if (caseSensitive) {
         lines.append(QStringLiteral("(keys are whitespace and case sensitive)"));
@@ -98,7 +98,7 @@ int reportKeyMisses(QStringList &messages, const Dataset &dataset, ColumnIndex k
     }
     if (misses.count() > 0) {
         const QString heading = QStringLiteral("%1 %2 in the %3:")
-                                    .arg(QString::number(misses.count()),
+                                    .arg(Messages::count(misses.count()),
                                         Messages::word(misses.count(), "miss", "misses"), datasetName);
         addReport(messages, QStringList{heading} + misses.lines("other miss", "other misses"), place);
     }

@@ -42,7 +42,7 @@ QStringList Messages::Examples::lines(const char *one, const char *many) const
 {
     QStringList result = m_texts;
     if (others() > 0) {
-        result.append(QStringLiteral("+ %1 %2").arg(QString::number(others()), word(others(), one, many)));
+        result.append(QStringLiteral("+ %1 %2").arg(Messages::count(others()), word(others(), one, many)));
     }
     return result;
 }

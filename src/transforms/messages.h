@@ -56,7 +56,7 @@ public:
     const QStringList &texts() const { return m_texts; }
     /// How many aren't shown.
     qint64 others() const { return m_count - m_texts.size(); }
-    /// The shown ones and, behind them, "+ %1 %2" with the plain number of the others and `one` or `many`.
+    /// The shown ones and, behind them, "+ %1 %2" with the number of the others and `one` or `many`.
     QStringList lines(const char *one, const char *many) const;
 
 private:

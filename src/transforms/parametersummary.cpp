@@ -33,7 +33,7 @@ static QString splitSummary(const SplitRowsRecord &record)
 
 static QString counted(const char *text, int count)
 {
-    return QString::fromLatin1(text).arg(count);
+    return QString::fromLatin1(text).arg(formatInteger(count, true));
 }
 
 QString Parameter::singleColumnSummary() const

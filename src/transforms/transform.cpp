@@ -281,7 +281,7 @@ void Transform::checkOptions()
     if (!unset.isEmpty()) {
         const QString word = Messages::word(unset.size(), "option", "options");
         addWarning(QStringLiteral("%1 %2 not set (%3)")
-                       .arg(QString::number(unset.size()), word, unset.join(QLatin1Char(','))));
+                       .arg(Messages::count(unset.size()), word, unset.join(QLatin1Char(','))));
     }
 }
 

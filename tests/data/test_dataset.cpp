@@ -319,6 +319,9 @@ TEST(Dataset, WalksAllCellsForthAndBack)
         walked += dataset.value(row, column);
     }
     EXPECT_EQ(walked, "1234321");
+    RowIndex none;
+    ColumnIndex before;
+    EXPECT_FALSE(grid({"a|b"}).nextCell(none, before));
     EXPECT_FALSE(grid({"a|b"}).nextCell(row, column));
     EXPECT_FALSE(grid({"a|b"}).previousCell(row, column));
     EXPECT_EQ(dataset.allColumns(), QList<ColumnIndex>({column0, column1}));

@@ -1,5 +1,7 @@
+#include "data/matchoperator.h"
 #include "support/grid.h"
 #include "support/runon.h"
+#include "support/scopedsettings.h"
 #include "transforms/records.h"
 
 #include <gtest/gtest.h>
@@ -63,6 +65,11 @@ TEST(TransformSplit, IntoColumnsAndVectors)
             {"abcDEFGHijklMNOP", "abcD"}, {"Value1", "Value2"}, {"DEFGH|MNOP", "D|"}, "2 cols added", {}, {}},
         {"the ends of a value", {{"Delimiter_Type", "Lengths"}, {"Lengths", "2,-*,2"}}, {"abcdef", "abc"},
             {"Value1", "Value2"}, {"ab|ef", "ab|c"}, "2 cols added", {}, {}},
+        {"an empty piece keeps its place", {{"Delimiter_Type", "Lengths"}, {"Lengths", "2,*,2"}}, {"abcdef", "abc", ""},
+            {"Value1", "Value2", "Value3"}, {"ab|cd|ef", "ab||c", "||"}, "3 cols added", {}, {}},
+        {"pieces behind the rest are counted from the end", {{"Delimiter_Type", "Lengths"}, {"Lengths", "1,*,2,3"}},
+            {"abcdefg", "abcd", "a"}, {"Value1", "Value2", "Value3", "Value4"}, {"a|b|cd|efg", "a|||bcd", "a|||"},
+            "4 cols added", {}, {}},
         {"two rests are refused", {{"Delimiter_Type", "Lengths"}, {"Lengths", "*,x,-*"}}, {"abc"}, {}, {""},
             "No changes", {}, {"Badly formed 'Lengths' string: Only 1 '*' or '-*' allowed, unexpected token 'x'"}},
         {"counts", {{"Delimiter", " "}, {"Into", "Count vectors"}}, {"a b a", "", "c"}, {"a", "b", "c"},
@@ -157,6 +164,16 @@ TEST(TransformSplitRows, BreaksRows)
     }
 }
 
+TEST(TransformSplitRows, ComparesNamesAsDates)
+{
+    ScopedSettings settings;
+    settings->setDateFormatsText("d/M/yyyy\nyyyy-MM-dd");
+    // As texts "2/1/2024" stands before "10/12/2023", as dates behind it.
+    const Dataset input = grid({"9/12/2023|2/1/2024|2024-02-01|x", "a|b|c|d"});
+    const QVariant later = record(0, 1, 2, ColumnId(), static_cast<int>(MatchOperator::GreaterThan), "10/12/2023");
+    EXPECT_EQ(rows(runOn("Split_Rows", {{"Split_Rows", later}}, input)).mid(0, 2), (QStringList{"a", "b"}));
+}
+
 TEST(TransformConcatRows, JoinsRows)
 {
     const Dataset input = grid({"k|v", "a|1", "a|2", "A|3", "b|4", "a|5"});
@@ -194,6 +211,27 @@ TEST(TransformConcatRows, JoinsRows)
         EXPECT_EQ(rows(run.result), c.rows);
         EXPECT_EQ(run.resultText(), QString(c.resultText));
     }
+}
+
+TEST(TransformConcatRows, IsAsWideAsAskedForAndComparesCells)
+{
+    const TransformRun one = runTransform("Concat_Rows", {{"Rows", 3}}, {grid({"a|b", "1|2"})});
+    EXPECT_EQ(rows(one.result), QStringList{"1|2||||"});
+    EXPECT_EQ(one.result.header(), (QStringList{"a", "b", "a", "b", "a", "b"}));
+    EXPECT_EQ(one.resultText(), "1 rows concatenated into 1");
+
+    const TransformRun tooWide = runTransform("Concat_Rows", {{"Rows", 999999999}}, {grid({"a|b|c", "1|2|3"})});
+    EXPECT_EQ(tooWide.result.columnCount(), 0);
+    EXPECT_EQ(tooWide.warnings().size(), 1);
+
+    const TransformRun same = runTransform("Concat_Rows",
+        {{"Mode", "Variable"}, {"Value", "1"}, {"Concat_Value", "Add to row start"}}, {grid({"a|b", "1|2", "1|3"})});
+    EXPECT_EQ(same.resultText(), "No changes");
+    // As many rows and columns as before, but other cells.
+    const TransformRun moved = runTransform(
+        "Concat_Rows", {{"Mode", "Variable"}, {"Value", "x"}}, {grid({"a|b", "1|2", "x|3"})});
+    EXPECT_EQ(rows(moved.result), (QStringList{"1|2", "3|"}));
+    EXPECT_EQ(moved.resultText(), "2 rows concatenated into 2");
 }
 
 TEST(TransformSplitName, FindsTheParts)

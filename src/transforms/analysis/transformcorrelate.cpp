@@ -7,6 +7,7 @@
 #include "transforms/optionvalues.h"
 #include "transforms/transform.h"
 
+#include <QSet>
 #include <limits>
 
 /// Makes a table of the correlations between columns.
@@ -39,7 +40,10 @@ private:
         for (const ColumnIndex column : columns) {
             names.append(input.columnName(column));
         }
+        m_faults = Messages::Examples();
+        m_constants.clear();
         const QVector<QStringList> texts = correlated(numbersOf(input, columns, names), names);
+        warningList() += m_faults.lines("other", "others");
         Dataset result;
         result.addNamedColumn(columnOf(names), QStringLiteral("Correlation"));
         for (int i = 0; i < texts.size(); ++i) {
@@ -113,7 +117,7 @@ private:
     QString pairText(const Correlation &pair, const QString &x, const QString &y)
     {
         if (pair.pairCount() == 0) {
-            addWarning(QStringLiteral("No valid pairs of values for columns '%1' and '%2'").arg(x, y));
+            m_faults.add(QStringLiteral("No valid pairs of values for columns '%1' and '%2'").arg(x, y));
             return QString();
         }
         if (pair.isConstantX()) {
@@ -128,11 +132,15 @@ private:
     /// Says so once for a column, however many pairs it is in.
     void warnOfConstant(const QString &name)
     {
-        const QString text = QStringLiteral("Standard deviation for '%1' is 0, causing divided by 0").arg(name);
-        if (!warningList().contains(text)) {
-            addWarning(text);
+        if (!m_constants.contains(name)) {
+            m_constants.insert(name);
+            m_faults.add(QStringLiteral("Standard deviation for '%1' is 0, causing divided by 0").arg(name));
         }
     }
+
+    // Of one run
+    Messages::Examples m_faults;
+    QSet<QString> m_constants;
 };
 
 TRANSFORM_FACTORY(TransformCorrelate)

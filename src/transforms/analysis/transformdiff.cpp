@@ -36,6 +36,7 @@ private:
         const Dataset &bottom;
     };
 
+    static QString present(const QString &text);
     static void compareColumns(const Pair &pair, DifferenceTable &table);
     void compareByRow(const Pair &pair, DifferenceTable &table);
     void compareByKey(const OptionValues &values, const Pair &pair, DifferenceTable &table);
@@ -95,9 +96,19 @@ Dataset TransformDiff::compute(const OptionValues &values, const Inputs &inputs)
     } else {
         compareByRow(pair, table);
     }
-    setResultText(table.count() == 0 ? QStringLiteral("No differences")
-                                     : QStringLiteral("%1 differences").arg(Messages::count(table.count())));
+    const bool hasKeys = !byKey
+                         || (values.column(QStringLiteral("Top_Key_Column")).isValid()
+                             && values.column(QStringLiteral("Bottom_Key_Column")).isValid());
+    setResultText(!hasKeys             ? QStringLiteral("Rows not compared")
+                  : table.count() == 0 ? QStringLiteral("No differences")
+                                       : QStringLiteral("%1 differences").arg(Messages::count(table.count())));
     return table.dataset();
+}
+
+/// A text that is there, even where it is empty; a null text stands for one that isn't.
+QString TransformDiff::present(const QString &text)
+{
+    return text.isNull() ? QStringLiteral("") : text;
 }
 
 void TransformDiff::compareColumns(const Pair &pair, DifferenceTable &table)
@@ -136,8 +147,8 @@ void TransformDiff::compareRows(const Pair &pair, int topRow, int bottomRow, con
         const Cell &top = pair.top.cell(RowIndex(topRow), column);
         const Cell &bottom = pair.bottom.cell(RowIndex(bottomRow), column);
         if (!top.sameText(bottom)) {
-            table.add({QStringLiteral("Value change"), pair.top.columnName(column), key, topRow, bottomRow, top.text(),
-                bottom.text()});
+            table.add({QStringLiteral("Value change"), pair.top.columnName(column), present(key), topRow, bottomRow,
+                present(top.text()), present(bottom.text())});
         }
     }
 }
@@ -147,9 +158,9 @@ void TransformDiff::addSurplus(const Dataset &dataset, int row, bool isTop, cons
     const QString cells = ellipsized(dataset.row(RowIndex(row)).mid(0, 5).join(QStringLiteral(", ")), 100);
     Difference difference;
     difference.change = isTop ? QStringLiteral("Row in top only") : QStringLiteral("Row in bottom only");
-    difference.key = key;
+    difference.key = present(key);
     (isTop ? difference.topRow : difference.bottomRow) = row;
-    (isTop ? difference.topValue : difference.bottomValue) = cells;
+    (isTop ? difference.topValue : difference.bottomValue) = present(cells);
     table.add(difference);
 }
 
@@ -173,7 +184,7 @@ void TransformDiff::compareByKey(const OptionValues &values, const Pair &pair, D
     const ColumnIndex topColumn = values.column(QStringLiteral("Top_Key_Column"));
     const ColumnIndex bottomColumn = values.column(QStringLiteral("Bottom_Key_Column"));
     if (!topColumn.isValid() || !bottomColumn.isValid()) {
-        return;
+        return; // the rows can't be compared then, which the outcome says
     }
     const bool caseSensitive = values.flag(QStringLiteral("Case_Sensitive"));
     const KeyIndex topKeys(keyColumn(pair.top.column(topColumn), caseSensitive));

@@ -21,7 +21,7 @@ private:
     OptionTable options() const override
     {
         return {
-            Option::columns("Columns"),
+            Option::columns("Columns").selectAll(),
             Option::flag("Check_For_Dates", "include dates")
                 .tip("Check for date values against all the allowed date formats in 'Preferences' (slow for large "
                      "datasets)."),

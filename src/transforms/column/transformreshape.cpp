@@ -52,7 +52,7 @@ private:
         }
         const Dataset result = reshaped(input, static_cast<int>(rows), width);
         setResultText(
-            QStringLiteral("Changed to %1 cols x %2 rows").arg(QString::number(width), QString::number(rows)));
+            QStringLiteral("Changed to %1 cols x %2 rows").arg(Messages::count(width), Messages::count(rows)));
         return result;
     }
 

@@ -74,23 +74,33 @@ QStringList ValueSplitter::splitByLengths(const QString &text) const
     if (!m_faults.isEmpty() || m_pieces.isEmpty()) {
         return {text};
     }
-    // What stands behind the star is counted from the end, so the star's own length must be known first.
-    qint64 fixed = 0;
-    for (const Piece &piece : m_pieces) {
-        fixed += piece.length == rest ? 0 : piece.length;
+    // What stands behind the star is counted from the end, but never takes what pieces before the star took.
+    const int count = m_pieces.size();
+    QVector<int> begins(count);
+    QVector<int> ends(count);
+    int front = 0;
+    int next = 0;
+    for (; next < count && m_pieces.at(next).length != rest; ++next) {
+        begins[next] = front;
+        front = qMin<int>(text.size(), front + qMin(m_pieces.at(next).length, text.size()));
+        ends[next] = front;
     }
-    const int left = static_cast<int>(qMax<qint64>(0, text.size() - fixed));
+    int back = text.size();
+    for (int last = count - 1; last > next; --last) {
+        ends[last] = back;
+        back = qMax(front, back - qMin(m_pieces.at(last).length, text.size()));
+        begins[last] = back;
+    }
+    if (next < count) {
+        begins[next] = front;
+        ends[next] = back;
+    }
+    // Empty pieces stay, or the pieces behind them would move into other columns.
     QStringList parts;
-    int at = 0;
-    for (const Piece &piece : m_pieces) {
-        const int length = piece.length == rest ? left : qMin(piece.length, text.size() - at);
-        if (!piece.skipped) {
-            const QString part = text.mid(at, length);
-            if (!part.isEmpty() || m_behavior == Qt::KeepEmptyParts) {
-                parts.append(part);
-            }
+    for (int piece = 0; piece < count; ++piece) {
+        if (!m_pieces.at(piece).skipped) {
+            parts.append(text.mid(begins.at(piece), ends.at(piece) - begins.at(piece)));
         }
-        at = qMin(text.size(), at + length);
     }
     return parts;
 }

@@ -15,7 +15,7 @@ public:
     enum By { Text, Regex, Lengths };
 
     /// `pattern` is the delimiter, the expression or the comma separated list of lengths. With `keepEmpty` off, empty
-    /// parts are dropped.
+    /// parts are dropped, but not those of lengths, each of which has its place.
     ValueSplitter(By by, const QString &pattern, bool keepEmpty);
 
     /// What is wrong with a list of lengths; nothing is cut by a bad one.

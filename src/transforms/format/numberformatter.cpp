@@ -1,6 +1,7 @@
 #include "transforms/format/numberformatter.h"
 
 #include <QString>
+#include <cmath>
 
 static constexpr int mostPlainDecimals = 15;
 
@@ -16,7 +17,8 @@ NumberFormatter::NumberFormatter(const QLocale &locale, char format, int precisi
 
 void NumberFormatter::write(double value, TextBuffer &out) const
 {
-    if (m_isPlain) {
+    if (m_isPlain && std::isfinite(value)) { // infinity has words of its own
+
         m_plainWriter.write(value, out);
     } else {
         setText(out, text(value));

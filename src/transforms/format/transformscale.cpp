@@ -250,7 +250,7 @@ private:
             return;
         }
         const QString heading = QStringLiteral("%1 %2 %3:")
-                                    .arg(QString::number(examples.count()), QLatin1String(fault),
+                                    .arg(Messages::count(examples.count()), QLatin1String(fault),
                                         Messages::word(examples.count(), "value", "values"));
         addWarning((QStringList{heading} + examples.lines("other", "others")).join(QLatin1Char('\n')));
     }

@@ -119,7 +119,7 @@ void StackAlignment::alignByNumber(int input)
     }
     if (m_onlyFirst && names.size() > before) {
         addInfo(QStringLiteral("Ignore last %1 columns in dataset %2")
-                    .arg(QString::number(names.size() - before), dataset));
+                    .arg(Messages::count(names.size() - before), dataset));
     }
 }
 
@@ -168,7 +168,7 @@ void StackAlignment::reportEqualNames()
             const int count = counts.take(name); // 0 where the name has been told of
             if (count > 1) {
                 few.add(QStringLiteral("%1 column(s) named '%2' in input datatset %3")
-                            .arg(QString::number(count), name, QString::number(input + 1)));
+                            .arg(Messages::count(count), name, QString::number(input + 1)));
             }
         }
     }
@@ -189,10 +189,10 @@ void StackAlignment::reportMissingColumns()
         }
         if (m_by == ColumnNumber) {
             few.add(QStringLiteral("%1 has %2 column(s) less than the final dataset")
-                        .arg(inputText(input), QString::number(missing.size())));
+                        .arg(inputText(input), Messages::count(missing.size())));
         } else {
             few.add(QStringLiteral("%1 missing %2 column(s) in the final dataset:\n%3")
-                        .arg(inputText(input), QString::number(missing.size()), missing.join(QLatin1Char('\n'))));
+                        .arg(inputText(input), Messages::count(missing.size()), missing.join(QLatin1Char('\n'))));
         }
     }
 }

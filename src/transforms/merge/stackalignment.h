@@ -24,11 +24,12 @@ public:
     int source(int input, int column) const { return m_sources.at(input).value(column, -1); }
     const QStringList &infos() const { return m_infos; }
     const QStringList &warnings() const { return m_warnings; }
+    /// "Input 1 (3 rows, 2 cols)"
+    QString inputText(int input) const;
 
 private:
     void addInfo(const QString &text);
     QString nameOf(int column) const;
-    QString inputText(int input) const;
     void addColumn(int input, int column);
     void alignByNumber(int input);
     void alignByName(int input);

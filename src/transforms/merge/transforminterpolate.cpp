@@ -247,7 +247,7 @@ private:
     void warn(const Messages::Examples &examples, const QString &fault)
     {
         if (examples.count() > 0) {
-            const QString heading = QStringLiteral("%1 %2:").arg(QString::number(examples.count()), fault);
+            const QString heading = QStringLiteral("%1 %2:").arg(Messages::count(examples.count()), fault);
             addWarning((QStringList{heading} + examples.lines("other", "others")).join(QLatin1Char('\n')));
         }
     }

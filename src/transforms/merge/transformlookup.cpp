@@ -475,11 +475,11 @@ void TransformLookup::reportMisses(const Messages::Examples &misses)
     }
     QStringList lines{
         QStringLiteral("%1 %2 in the %3:")
-            .arg(QString::number(misses.count()), Messages::word(misses.count(), "miss", "misses"), bottomKeyLabel)};
+            .arg(Messages::count(misses.count()), Messages::word(misses.count(), "miss", "misses"), bottomKeyLabel)};
     lines += misses.texts();
     if (misses.others() > 0) {
         lines.append(QStringLiteral("+ %1 other %2")
-                         .arg(QString::number(misses.others()), Messages::word(misses.others(), "miss", "misses")));
+                         .arg(Messages::count(misses.others()), Messages::word(misses.others(), "miss", "misses")));
     }
     addInfo(lines.join(QLatin1Char('\n')));
 }

@@ -5,6 +5,7 @@
 #include "transforms/optionvalues.h"
 #include "transforms/transform.h"
 
+#include <algorithm>
 #include <climits>
 
 /// Puts tables one under the other.
@@ -77,8 +78,15 @@ private:
         const Inputs &inputs, const StackAlignment &alignment, int rowCount, const QString &separator, bool separators)
     {
         Dataset result;
-        if (inputs.first()->hasHeader()) {
+        const bool ownNames = inputs.first()->hasHeader();
+        const bool needsNames = !ownNames && addsNames(inputs, alignment);
+        if (ownNames || needsNames) {
             result.setHasHeader(true);
+        }
+        if (needsNames) {
+            addWarning(QStringLiteral("%1 has no header, so its columns are named by their numbers to keep the names "
+                                      "of added columns")
+                           .arg(alignment.inputText(0)));
         }
         const TextArenaPointer arena(new TextArena);
         const Cell separatorCell = arena->store(separator);
@@ -98,11 +106,21 @@ private:
             const Dataset &from = *inputs.at(origin.input);
             const ColumnIndex at(origin.column);
             // The top table's names stay as they are, empty ones too.
-            const QString name = origin.input == 0 ? from.header().value(origin.column) : from.columnName(at);
+            const QString name = origin.input == 0 && ownNames ? from.header().value(origin.column)
+                                                               : from.columnName(at);
             result.appendColumn(column, name, from.columnId(at));
         }
         result.clearDuplicateColumnIds();
         return result;
+    }
+
+    /// Whether a column that isn't the top table's brings a name.
+    static bool addsNames(const Inputs &inputs, const StackAlignment &alignment)
+    {
+        const QVector<StackAlignment::Origin> &columns = alignment.columns();
+        return std::any_of(columns.cbegin(), columns.cend(), [&](const StackAlignment::Origin &origin) {
+            return origin.input > 0 && inputs.at(origin.input)->hasHeader();
+        });
     }
 
     static void appendCells(CellColumn &column, const Dataset &from, int source)

@@ -75,7 +75,7 @@ private:
     template<class Collect>
     void checkDataset(const VerifyRuleSet &rules, const Dataset &input, bool caseSensitive, Collect collect)
     {
-        addInfo(QStringLiteral("Dataset [%1 rule(s) active]").arg(rules.activeDatasetRules()));
+        addInfo(QStringLiteral("Dataset [%1 rule(s) active]").arg(Messages::count(rules.activeDatasetRules())));
         for (VerifyRule rule : rules.datasetRules) {
             if (rule.active && rule.ruleId >= 0 && rule.ruleId < VerifyRule::datasetRuleCount) {
                 rule.severity = qBound<int>(VerifyRule::Information, rule.severity, VerifyRule::Error);

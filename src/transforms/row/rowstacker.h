@@ -22,6 +22,9 @@ public:
     }
     int rowCount() const { return m_ends.size(); }
 
+    /// Makes the table at least so wide.
+    void widenTo(int width) { m_width = qMax(m_width, width); }
+
     /// The rows, padded to the widest. When the source has a header, its names come first and then again and again,
     /// without that of column `leftOut` unless it is -1.
     Dataset table(int leftOut) const;

@@ -4,8 +4,10 @@
 #include "transforms/option.h"
 #include "transforms/optionvalues.h"
 #include "transforms/row/rowstacker.h"
+#include "transforms/tablesize.h"
 #include "transforms/transform.h"
 
+#include <climits>
 #include <memory>
 
 /// Joins consecutive rows into longer ones.
@@ -68,6 +70,14 @@ private:
             return input;
         }
         if (mode == Fixed) {
+            const qint64 width = static_cast<qint64>(values.integer("Rows")) * input.columnCount();
+            const qint64 height = (input.rowCount() - 1) / values.integer("Rows") + 1;
+            if (width > INT_MAX || !TableSize::isPossible(height, width)) {
+                addWarning(TableSize::warning(height, width));
+                setResultText(TableSize::resultText());
+                return Dataset();
+            }
+            stacker.widenTo(static_cast<int>(width));
             stackFixed(values, input, stacker);
         } else if (mode == ByKey) {
             stackByKey(values, input, stacker);
@@ -75,11 +85,20 @@ private:
             stackVariable(values, input, stacker);
         }
         const Dataset result = stacker.table(mode == ByKey ? leftOutColumn(values) : -1);
-        const bool same = result.rowCount() == input.rowCount() && result.columnCount() == input.columnCount();
-        setResultText(same ? Messages::noChanges()
-                           : QStringLiteral("%1 rows concatenated into %2")
-                                 .arg(Messages::count(input.rowCount()), Messages::count(result.rowCount())));
+        setResultText(haveSameCells(result, input)
+                          ? Messages::noChanges()
+                          : QStringLiteral("%1 rows concatenated into %2")
+                                .arg(Messages::count(input.rowCount()), Messages::count(result.rowCount())));
         return result;
+    }
+
+    static bool haveSameCells(const Dataset &a, const Dataset &b)
+    {
+        bool same = a.rowCount() == b.rowCount() && a.columnCount() == b.columnCount();
+        for (int i = 0; same && i < a.columnCount(); ++i) {
+            same = a.columnEquals(ColumnIndex(i), &b, ColumnIndex(i));
+        }
+        return same;
     }
 
     /// The key column when it isn't repeated, otherwise -1.

@@ -1,5 +1,6 @@
 #include "data/arenaunion.h"
 #include "data/matchoperator.h"
+#include "data/values.h"
 #include "transforms/messages.h"
 #include "transforms/option.h"
 #include "transforms/optionvalues.h"
@@ -27,12 +28,23 @@ private:
         };
     }
 
+    /// The first of `formats` in which the text is a date, or none.
+    static QString formatOf(const QString &text, const QStringList &formats)
+    {
+        QString format;
+        return parseDate(text, formats, &format).isValid() ? format : QString();
+    }
+
     static QVector<int> breaksByMatch(const Dataset &input, const SplitRowsRecord &record, bool caseSensitive)
     {
         QVector<int> points;
+        const QStringList formats = dateFormats();
+        const QString textFormat = formatOf(record.text, formats);
+        // A name is read as the text is, where that can be.
+        const QStringList nameFormats = textFormat.isEmpty() ? formats : QStringList{textFormat} + formats;
         for (int i = 1; i < input.columnCount(); ++i) {
-            if (matchValue(
-                    record.op, input.columnName(ColumnIndex(i)), record.text, QString(), QString(), caseSensitive)) {
+            const QString name = input.columnName(ColumnIndex(i));
+            if (matchValue(record.op, name, record.text, formatOf(name, nameFormats), textFormat, caseSensitive)) {
                 points.append(i);
             }
         }

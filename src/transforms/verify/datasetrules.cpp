@@ -1,6 +1,7 @@
 #include "transforms/verify/datasetrules.h"
 
 #include "data/dataset.h"
+#include "transforms/messages.h"
 
 namespace {
 
@@ -21,7 +22,7 @@ void checkNames(const Dataset &dataset, bool caseSensitive, RuleOutcome &outcome
         }
         outcome.columns.append(column);
         if (same.first() == column) {
-            details.append(QLatin1Char('\'') + names.at(column) + QLatin1String("'x") + QString::number(same.size()));
+            details.append(QLatin1Char('\'') + names.at(column) + QLatin1String("'x") + Messages::count(same.size()));
         }
     }
     outcome.fails.count = outcome.columns.size();
@@ -32,7 +33,7 @@ void checkSize(int size, bool fails, const char *unit, RuleOutcome &outcome)
 {
     if (fails) {
         outcome.fails.count = 1;
-        outcome.fails.detail = QString::number(size) + QLatin1String(unit);
+        outcome.fails.detail = Messages::count(size) + QLatin1String(unit);
     }
 }
 

@@ -1,4 +1,5 @@
 #include "data/verifyrulenames.h"
+#include "transforms/messages.h"
 #include "transforms/verify/ruletable.h"
 #include "transforms/verify/verifytotals.h"
 
@@ -14,7 +15,7 @@ static QString ruleText(const QString &name, const RuleOutcome &outcome, VerifyR
         text += QLatin1String(" (yyyy-MM-dd)");
     }
     return text + QLatin1String(", ") + VerifyRuleTable::severityName(outcome.rule.severity) + QLatin1Char(' ')
-           + QString::number(outcome.fails.count) + QLatin1String(" fail(s)");
+           + Messages::count(outcome.fails.count) + QLatin1String(" fail(s)");
 }
 
 static QString inBrackets(const QString &text)
@@ -31,7 +32,7 @@ QString rowList(const QVector<int> &rows)
     }
     QString text = numbers.join(QLatin1Char(','));
     if (rows.size() > listed) {
-        text += QStringLiteral("…+%1 more").arg(rows.size() - listed);
+        text += QStringLiteral("…+%1 more").arg(Messages::count(rows.size() - listed));
     }
     return text;
 }
@@ -62,14 +63,15 @@ QString columnLine(int column, const QString &name, int type, const std::vector<
     }
     QString text = QStringLiteral("Column %1: '%2' [Type=%3, %4 rule(s) active]")
                        .arg(QString::number(column + 1), name, VerifyRuleTable::columnTypeName(type),
-                           QString::number(outcomes.size()));
+                           Messages::count(static_cast<qint64>(outcomes.size())));
     if (counts.total() > 0) {
         QStringList kinds;
         for (int severity : {VerifyRule::Error, VerifyRule::Warning, VerifyRule::Information}) {
             kinds.append(
-                QString::number(counts.of(severity)) + QLatin1Char(' ') + VerifyRuleTable::severityName(severity));
+                Messages::count(counts.of(severity)) + QLatin1Char(' ') + VerifyRuleTable::severityName(severity));
         }
-        text += QStringLiteral(" %1 fails").arg(counts.total()) + inBrackets(kinds.join(QLatin1String(", ")));
+        text += QStringLiteral(" %1 fails").arg(Messages::count(counts.total()))
+                + inBrackets(kinds.join(QLatin1String(", ")));
     }
     return text;
 }

@@ -328,7 +328,8 @@ TEST(TransformSummary, HasAColumnForEachSelected)
             "Stddev numeric", "Variance numeric", "Q1 numeric", "Q3 numeric", "IQR numeric", "Skew numeric",
             "Format date", "Min date", "Max date", "Range date", "Distinct dates", "Missing dates", "Most frequent"}));
     EXPECT_EQ(rows(run.result).first(), "Empty values|0|2");
-    EXPECT_EQ(runOn("Summary", {}, input).columnCount(), 0);
+    EXPECT_EQ(runOn("Summary", {}, input).columnCount(), input.columnCount() + 1) << "a new item takes all columns";
+    EXPECT_EQ(runOn("Summary", {{"Columns", QStringList()}}, input).columnCount(), 0);
 }
 
 } // namespace

@@ -77,3 +77,14 @@ TEST(TransformCorrelate, CutsTheListOfOtherTexts)
     EXPECT_EQ(run.warnings().mid(4), (QStringList{"'y' is not a numerical value in column 'b' row 1", "+ 3 others",
                                          "No valid pairs of values for columns 'a' and 'b'"}));
 }
+
+TEST(TransformCorrelate, CutsTheListOfFaultyPairs)
+{
+    const TransformRun run = runTransform(
+        "Correlate", {{"Columns", QVariantList{1, 2, 3, 4}}}, {grid({"a|b|c|d", "1|||", "2|||"})});
+    EXPECT_EQ(run.warnings().mid(6),
+        (QStringList{"No valid pairs of values for columns 'a' and 'b'",
+            "No valid pairs of values for columns 'a' and 'c'", "No valid pairs of values for columns 'a' and 'd'",
+            "No valid pairs of values for columns 'b' and 'c'", "No valid pairs of values for columns 'b' and 'd'",
+            "+ 1 other"}));
+}

@@ -7,6 +7,7 @@
 #include <QRandomGenerator>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace {
 
@@ -148,6 +149,18 @@ TEST(NumberFormatter, WritesAsTheLocaleDoes)
             TextBuffer out;
             NumberFormatter(locale, 'f', precision, false).write(value, out);
             ASSERT_EQ(TextCoding::decode(out.constData(), out.size()), expected);
+        }
+    }
+}
+
+TEST(NumberFormatter, WritesInfinityAsTheLocaleDoesInEveryFormat)
+{
+    const QLocale locale;
+    for (const bool withGrouping : {false, true}) {
+        for (const char format : {'f', 'e', 's'}) {
+            TextBuffer out;
+            NumberFormatter(locale, format, 2, withGrouping).write(std::numeric_limits<double>::infinity(), out);
+            EXPECT_EQ(TextCoding::decode(out.constData(), out.size()), "inf");
         }
     }
 }

@@ -44,7 +44,7 @@ TEST(VerifyColumnRules, JudgeTheColumnAlone)
         {"5: more are counted", active(5), {"0", "2", "9"},
             "No gaps in values, Warning 7 fail(s) (missing value(s)=1,3,4,5,6…)"},
         {"5: all whole numbers there are", active(5), {"-2147483648", "2147483647"},
-            "No gaps in values, Warning 4294967294 fail(s) (missing "
+            "No gaps in values, Warning 4,294,967,294 fail(s) (missing "
             "value(s)=-2147483647,-2147483646,-2147483645,-2147483644,-2147483643…)"},
     };
     for (const auto &c : cases) {

@@ -72,7 +72,7 @@ TEST(TransformVerify, GroupsLargeCounts)
     EXPECT_EQ(run.infos().first(), "1,200 verification fail(s) (1,200 error)\n1,200 row(s) with fails\n"
                                    "1 columns(s) with fails\nColumn rule: No empty values, 1,200 fail(s)");
     EXPECT_EQ(run.infos().constLast(),
-        "Column rule: No empty values, Error 1200 fail(s) (input row(s)=1,2,3,4,5…+1195 more)");
+        "Column rule: No empty values, Error 1,200 fail(s) (input row(s)=1,2,3,4,5…+1,195 more)");
 }
 
 TEST(TransformVerify, ChecksTheTable)
