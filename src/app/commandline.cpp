@@ -1,5 +1,6 @@
 #include "app/commandline.h"
 
+#include "platform/paths.h"
 #include "settings/product.h"
 
 #include <QDir>
@@ -127,7 +128,7 @@ private:
         } else if (info.suffix().compare(QLatin1String(Product::documentSuffix), Qt::CaseInsensitive) != 0) {
             m_result.error = QStringLiteral("Unrecognized file suffix '%1' in '%2'").arg(info.suffix(), path);
         } else {
-            m_result.document = QDir::cleanPath(info.absoluteFilePath());
+            m_result.document = platform::resolvedPath(path);
         }
     }
 

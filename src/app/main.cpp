@@ -6,6 +6,7 @@
 #include "app/startup.h"
 #include "outputs/filenamevariables.h"
 #include "platform/console.h"
+#include "platform/display.h"
 
 #include <QHashFunctions>
 #include <new>
@@ -47,9 +48,13 @@ int main(int argc, char **argv)
     platform::useUtf8InPlainLocale();
     const bool withoutWindow = asksForCommandLine(argc, argv);
     RunLog::installMessageHandler(withoutWindow);
+    const bool hasDisplay = qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || namesPlatform(argc, argv)
+                            || platform::hasDisplay();
     if (withoutWindow) {
         platform::surviveClosedConsole();
-        choosePlatform(argc, argv);
+    }
+    if (withoutWindow || !hasDisplay) {
+        choosePlatform(argc, argv); // which also lets the arguments be read where no window can be opened
     }
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     Application application(argc, argv, withoutWindow ? Application::Mode::CommandLine : Application::Mode::Window);
@@ -58,7 +63,10 @@ int main(int argc, char **argv)
     if (!commandLine.error.isEmpty()) {
         return log.fatal(commandLine.error);
     }
-    StartUp::applySettings();
+    if (!withoutWindow && !hasDisplay) {
+        return log.fatal(QStringLiteral("There is no display to open a window on. Use -cli to run without a window."));
+    }
+    StartUp::applySettings(withoutWindow);
     if (!commandLine.logPath.isEmpty()) {
         openLog(commandLine, log);
     }

@@ -1,5 +1,6 @@
 #include "app/recentdocuments.h"
 
+#include "platform/paths.h"
 #include "settings/settings.h"
 
 #include <QDir>
@@ -18,14 +19,14 @@ RecentDocuments::RecentDocuments(const QString &applicationFolder)
 
 QString RecentDocuments::stored(const QString &path) const
 {
-    const QString absolutePath = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+    const QString absolutePath = platform::resolvedPath(path);
     return QDir::toNativeSeparators(
         Settings::current().isIni() ? QDir(m_applicationFolder).relativeFilePath(absolutePath) : absolutePath);
 }
 
 QString RecentDocuments::absolute(const QString &entry) const
 {
-    return QDir::cleanPath(QDir(m_applicationFolder).absoluteFilePath(QDir::fromNativeSeparators(entry)));
+    return platform::resolvedPath(QDir(m_applicationFolder).absoluteFilePath(QDir::fromNativeSeparators(entry)));
 }
 
 void RecentDocuments::addTo(QStringList &list, const QString &path, int length) const

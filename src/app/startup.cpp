@@ -5,17 +5,16 @@
 #include <QDate>
 #include <QLocale>
 
-void StartUp::applySettings()
+void StartUp::applySettings(bool withoutWindow)
 {
     Settings &settings = Settings::current();
     const QLocale locale = settings.locale();
-    if (!settings.isStored(QStringLiteral("locale"))) {
+    // A scheduled run has another environment than the person whose settings these are, often none at all.
+    if (!withoutWindow && locale.language() != QLocale::C && !settings.isStored(QStringLiteral("locale"))) {
         settings.setLocale(locale);
     }
     if (!settings.totalRowsProcessedStartDate().isValid()) {
         settings.setTotalRowsProcessedStartDate(QDate::currentDate());
     }
-    if (locale != QLocale()) {
-        QLocale::setDefault(locale);
-    }
+    QLocale::setDefault(locale);
 }

@@ -4,6 +4,6 @@
 namespace StartUp {
 
 /// Locale and date of first use, each stored on a first start.
-void applySettings();
+void applySettings(bool withoutWindow);
 
 } // namespace StartUp

@@ -33,43 +33,49 @@ QStringList splitReferences(const QString &stored)
 void ChartColumns::setX(ColumnId column)
 {
     m_x = column;
-    m_pending = false;
+    m_xPending = false;
+    m_storedX.clear();
 }
 
 void ChartColumns::setY(const QList<ColumnId> &columns)
 {
     m_y = columns;
-    m_pending = false;
+    m_yPending = false;
+    m_storedY.clear();
 }
 
 void ChartColumns::setStored(const QString &x, const QString &y)
 {
     m_storedX = x;
     m_storedY = y;
-    m_pending = true;
+    m_xPending = m_yPending = true;
 }
 
 void ChartColumns::resolve(const Dataset &upstream)
 {
-    if (!m_pending || !upstream.hasColumns()) {
+    if (!isPending() || !upstream.hasColumns()) {
         return;
     }
-    m_pending = false;
-    m_x = columnOfReference(m_storedX, upstream);
-    m_y.clear();
-    const QStringList references = splitReferences(m_storedY);
-    for (const QString &reference : references) {
-        const ColumnId id = columnOfReference(reference, upstream);
-        if (!id.isNull()) {
-            m_y.append(id);
+    if (m_xPending) {
+        m_x = columnOfReference(m_storedX, upstream);
+    }
+    if (m_yPending) {
+        m_y.clear();
+        const QStringList references = splitReferences(m_storedY);
+        for (const QString &reference : references) {
+            const ColumnId id = columnOfReference(reference, upstream);
+            if (!id.isNull()) {
+                m_y.append(id);
+            }
         }
     }
+    m_xPending = m_yPending = false;
     remember(upstream);
 }
 
 QString ChartColumns::storedX(const Dataset *upstream) const
 {
-    if (m_pending || !upstream || !upstream->hasColumns()) {
+    if (m_xPending || !upstream || !upstream->hasColumns()) {
         return m_storedX;
     }
     return referenceOf(m_x, *upstream);
@@ -77,7 +83,7 @@ QString ChartColumns::storedX(const Dataset *upstream) const
 
 QString ChartColumns::storedY(const Dataset *upstream) const
 {
-    if (m_pending || !upstream || !upstream->hasColumns()) {
+    if (m_yPending || !upstream || !upstream->hasColumns()) {
         return m_storedY;
     }
     QStringList references;

@@ -16,12 +16,13 @@ class ChartColumns
 public:
     ColumnId x() const { return m_x; }
     const QList<ColumnId> &y() const { return m_y; }
+    // A new choice wins over what a document said of that axis, and leaves the other axis alone.
     void setX(ColumnId column);
     void setY(const QList<ColumnId> &columns);
 
     /// References as documents hold them, such as "3*0" and, for Y, several of them.
     void setStored(const QString &x, const QString &y);
-    bool isPending() const { return m_pending; }
+    bool isPending() const { return m_xPending || m_yPending; }
     /// Turns pending references into columns of `upstream`; numbers beyond its columns are dropped.
     void resolve(const Dataset &upstream);
     /// The stored form against `upstream`. Without a table there it is the one last known.
@@ -44,6 +45,7 @@ private:
     QHash<ColumnId, QString> m_lastNames;
     QString m_storedX;
     QString m_storedY;
-    bool m_pending = false;
+    bool m_xPending = false;
+    bool m_yPending = false;
     bool m_canReconnect = false;
 };

@@ -133,7 +133,7 @@ void ChartNode::process(bool, bool releaseInputs)
     }
     m_writtenFiles.clear();
     const Dataset *upstream = upstreamDataset();
-    if (!upstream) {
+    if (!upstream || upstreamNodes(false).size() != 1) {
         m_warnings = QStringList(QStringLiteral("No transforms or inputs connected"));
         m_infos.clear();
         setState(NodeState::Processed, false);

@@ -1,5 +1,7 @@
 #include "document/pathrelocation.h"
 
+#include "platform/paths.h"
+
 #include <QDir>
 #include <QFileInfo>
 
@@ -47,7 +49,7 @@ PathRelocation::PathRelocation(const QString &savedDocPath, const QString &opene
         return;
     }
     const QString saved = QDir::cleanPath(cleaned(savedDocPath));
-    const QString opened = QDir::cleanPath(QFileInfo(openedDocPath).absoluteFilePath());
+    const QString opened = platform::resolvedPath(openedDocPath);
     if (saved != opened) {
         m_oldFolder = saved.left(qMax(0, saved.lastIndexOf(QLatin1Char('/'))));
         m_newFolder = QFileInfo(opened).path();
@@ -70,9 +72,9 @@ QString PathRelocation::relocated(const QString &path) const
     if (m_newFolder.isEmpty() || path.isEmpty() || isNetworkPath(path)) {
         return QString();
     }
-    const QString clean = QDir::cleanPath(path);
-    const QString relative = isAbsolute(clean) ? relativeTo(m_oldFolder, clean) : clean;
-    return relative.isEmpty() ? QString() : QDir::cleanPath(m_newFolder + QLatin1Char('/') + relative);
+    // What stands beside the document may lead through links, so ".." in it is left to the end.
+    const QString relative = isAbsolute(path) ? relativeTo(m_oldFolder, QDir::cleanPath(path)) : path;
+    return relative.isEmpty() ? QString() : platform::resolvedPath(m_newFolder + QLatin1Char('/') + relative);
 }
 
 QString PathRelocation::existing(const QString &path)

@@ -43,14 +43,12 @@ QString Node::roundedSizeText() const
 
 QString Node::statusMessage() const
 {
-    switch (state()) {
-    case NodeState::Failed:
-        return resultText();
-    case NodeState::Processed:
-        return isEmpty() && !m_isPreview ? QStringLiteral("No data") : resultText();
-    default:
+    if (state() != NodeState::Failed && state() != NodeState::Processed) {
         return QString();
     }
+    // An empty table says why it is empty, where the node knows.
+    const QString result = resultText();
+    return result.isEmpty() && isEmpty() && !m_isPreview ? QStringLiteral("No data") : result;
 }
 
 QString Node::logLine(bool detail) const

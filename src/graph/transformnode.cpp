@@ -251,7 +251,7 @@ void TransformNode::runTransform()
     m_processingMs = timer.elapsed();
     m_lastProcessed = QDateTime::currentDateTime();
     setState(failed ? NodeState::Failed : NodeState::Processed, false);
-    warnOfMissingInputs(inputs.size());
+    warnOfWrongInputs(inputs.size());
     emit processingEnd(this);
     m_dataset.releaseValuePools();
     RunControl::countRows(m_dataset.rowCount());
@@ -259,17 +259,22 @@ void TransformNode::runTransform()
     update();
 }
 
-void TransformNode::warnOfMissingInputs(int count)
+void TransformNode::warnOfWrongInputs(int count)
 {
     const int least = minInputs();
-    if (count >= least) {
+    const int most = maxInputs();
+    if (count >= least && count <= most) {
         return;
     }
-    m_warnings.append(least != maxInputs()
-                          ? QStringLiteral("At least %1 upstream connections expected").arg(least)
-                          : QStringLiteral("%1 upstream %2 expected")
-                                .arg(QString::number(least),
-                                    least == 1 ? QStringLiteral("connection") : QStringLiteral("connections")));
+    if (least == most) {
+        m_warnings.append(QStringLiteral("%1 upstream %2 expected")
+                              .arg(QString::number(least),
+                                  least == 1 ? QStringLiteral("connection") : QStringLiteral("connections")));
+    } else if (count < least) {
+        m_warnings.append(QStringLiteral("At least %1 upstream connections expected").arg(least));
+    } else {
+        m_warnings.append(QStringLiteral("At most %1 upstream connections expected").arg(most));
+    }
 }
 
 // Look

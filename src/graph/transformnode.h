@@ -57,7 +57,8 @@ private:
     void allowReconnect() override;
     void reconnectColumns();
     void runTransform();
-    void warnOfMissingInputs(int count);
+    /// Too few or too many.
+    void warnOfWrongInputs(int count);
     void paintChanges(QPainter *painter) const;
 
     std::unique_ptr<Transform> m_transform;

@@ -135,6 +135,7 @@ void InputNode::readAnew()
     warnOfDuplicateHeaderNames();
     emit processingEnd(this);
     m_dataset.releaseValuePools();
+    RunControl::countRows(m_dataset.rowCount());
     prepareDownstream();
     update();
 }

@@ -84,6 +84,9 @@ QString InputNode::resultText() const
     if (m_state == NodeState::Failed) {
         return QStringLiteral("Error reading");
     }
+    if (m_medium == Medium::File && m_path.isEmpty()) {
+        return QString(); // there was nothing to read
+    }
     if (m_medium != Medium::Folder) {
         return QStringLiteral("Read");
     }

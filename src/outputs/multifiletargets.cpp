@@ -4,6 +4,7 @@
 #include "data/rowkeyindex.h"
 #include "graph/ionode.h"
 #include "outputs/outputpaths.h"
+#include "platform/paths.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -94,7 +95,7 @@ private:
         if (file.fileName().isEmpty()) {
             return {NoName};
         }
-        const QString path = QDir::cleanPath(target.file);
+        const QString path = platform::resolvedPath(target.file);
         if (OutputPaths::isBlocked(path)) {
             if (!m_blocked.contains(path)) {
                 m_blocked.insert(path);

@@ -73,28 +73,55 @@ bool hasTable(const Dataset *upstream)
 
 } // namespace
 
+void OutputColumns::setMultiFileColumn(ColumnId column)
+{
+    m_multiFileColumn = column;
+    m_filePending = false;
+    m_storedMultiFileColumn.clear();
+}
+
+void OutputColumns::setExcelFormats(const Choices &formats)
+{
+    m_excelFormats = formats;
+    m_formatsPending = false;
+    m_storedExcelFormats.clear();
+}
+
+void OutputColumns::setJsonTypes(const Choices &types)
+{
+    m_jsonTypes = types;
+    m_typesPending = false;
+    m_storedJsonTypes.clear();
+}
+
 void OutputColumns::setStored(const QString &multiFileColumn, const QString &excelFormats, const QString &jsonTypes)
 {
     m_storedMultiFileColumn = multiFileColumn;
     m_storedExcelFormats = excelFormats;
     m_storedJsonTypes = jsonTypes;
-    m_pending = true;
+    m_filePending = m_formatsPending = m_typesPending = true;
 }
 
 void OutputColumns::resolve(const Dataset &upstream)
 {
-    if (!m_pending || !upstream.hasColumns()) {
+    if (!upstream.hasColumns()) {
         return;
     }
-    m_pending = false;
-    m_multiFileColumn = columnOfText(m_storedMultiFileColumn, upstream);
-    m_excelFormats = choicesOfText(m_storedExcelFormats, upstream);
-    m_jsonTypes = choicesOfText(m_storedJsonTypes, upstream);
+    if (m_filePending) {
+        m_multiFileColumn = columnOfText(m_storedMultiFileColumn, upstream);
+    }
+    if (m_formatsPending) {
+        m_excelFormats = choicesOfText(m_storedExcelFormats, upstream);
+    }
+    if (m_typesPending) {
+        m_jsonTypes = choicesOfText(m_storedJsonTypes, upstream);
+    }
+    m_filePending = m_formatsPending = m_typesPending = false;
 }
 
 QString OutputColumns::storedMultiFileColumn(const Dataset *upstream) const
 {
-    if (m_pending || !hasTable(upstream)) {
+    if (m_filePending || !hasTable(upstream)) {
         return m_storedMultiFileColumn;
     }
     return QString::number(toNumber(upstream->columnIndexOfId(m_multiFileColumn)).toInt());
@@ -102,12 +129,12 @@ QString OutputColumns::storedMultiFileColumn(const Dataset *upstream) const
 
 QString OutputColumns::storedExcelFormats(const Dataset *upstream) const
 {
-    return m_pending || !hasTable(upstream) ? m_storedExcelFormats : textOfChoices(m_excelFormats, *upstream);
+    return m_formatsPending || !hasTable(upstream) ? m_storedExcelFormats : textOfChoices(m_excelFormats, *upstream);
 }
 
 QString OutputColumns::storedJsonTypes(const Dataset *upstream) const
 {
-    return m_pending || !hasTable(upstream) ? m_storedJsonTypes : textOfChoices(m_jsonTypes, *upstream);
+    return m_typesPending || !hasTable(upstream) ? m_storedJsonTypes : textOfChoices(m_jsonTypes, *upstream);
 }
 
 void OutputColumns::reconnect(const Dataset &upstream, QStringList &warnings, QStringList &infos)
@@ -151,7 +178,7 @@ OutputColumns::Choices OutputColumns::reconnected(const Choices &choices, const 
 /// the time when the table upstream is gone.
 void OutputColumns::learnNames(const Dataset &upstream)
 {
-    if (m_pending || !upstream.hasColumns()) {
+    if (isPending() || !upstream.hasColumns()) {
         return;
     }
     QHash<ColumnId, QString> names;
@@ -180,10 +207,10 @@ void OutputColumns::remap(const QHash<ColumnId, ColumnId> &map)
 
 QVariantList OutputColumns::values() const
 {
-    QVariantList values{m_pending, m_multiFileColumn.nodeId(), m_multiFileColumn.serial()};
+    QVariantList values{isPending(), m_multiFileColumn.nodeId(), m_multiFileColumn.serial()};
     values.append(QVariant(valuesOf(m_excelFormats)));
     values.append(QVariant(valuesOf(m_jsonTypes)));
-    if (m_pending) {
+    if (isPending()) {
         values << m_storedMultiFileColumn << m_storedExcelFormats << m_storedJsonTypes;
     }
     return values;

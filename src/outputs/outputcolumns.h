@@ -20,15 +20,16 @@ public:
     using Choices = QHash<ColumnId, int>;
 
     ColumnId multiFileColumn() const { return m_multiFileColumn; }
-    void setMultiFileColumn(ColumnId column) { m_multiFileColumn = column; }
+    // A new choice wins over what a document said of it, and leaves the others alone.
+    void setMultiFileColumn(ColumnId column);
     const Choices &excelFormats() const { return m_excelFormats; }
-    void setExcelFormats(const Choices &formats) { m_excelFormats = formats; }
+    void setExcelFormats(const Choices &formats);
     const Choices &jsonTypes() const { return m_jsonTypes; }
-    void setJsonTypes(const Choices &types) { m_jsonTypes = types; }
+    void setJsonTypes(const Choices &types);
 
     /// The texts of a document: the number of the Files column, and a number for each column in lists.
     void setStored(const QString &multiFileColumn, const QString &excelFormats, const QString &jsonTypes);
-    bool isPending() const { return m_pending; }
+    bool isPending() const { return m_filePending || m_formatsPending || m_typesPending; }
     /// Turns pending texts into columns of `upstream`; numbers beyond its columns are dropped. A table without columns
     /// leaves them pending.
     void resolve(const Dataset &upstream);
@@ -60,7 +61,9 @@ private:
     QString m_storedMultiFileColumn;
     QString m_storedExcelFormats;
     QString m_storedJsonTypes;
-    bool m_pending = false;
+    bool m_filePending = false;
+    bool m_formatsPending = false;
+    bool m_typesPending = false;
     bool m_reconnectPending = false;
     QHash<ColumnId, QString> m_columnNameHints;
 };

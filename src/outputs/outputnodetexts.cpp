@@ -62,6 +62,9 @@ QString OutputNode::resultText() const
     if (m_options.writeMode == WriteMode::Disabled) {
         return WriteMode::label(WriteMode::Disabled);
     }
+    if (connections(Direction::Incoming).size() != 1) {
+        return QString(); // there was nothing to write
+    }
     const bool hasTarget = !isMultiFile() || !m_columns.multiFileColumn().isNull();
     return hasTarget ? QStringLiteral("Written") : QStringLiteral("Not written");
 }

@@ -69,9 +69,24 @@ QString SettingsDefaults::dateFormats(const QLocale &locale)
     return formats.split(QLatin1Char('\n')).contains(own) ? formats : own + QLatin1Char('\n') + formats;
 }
 
+// Numbers and dates follow the variables for them. The system locale of Qt goes by the language of texts, which many
+// people set to another one.
+SettingsDefaults::SessionLocale SettingsDefaults::sessionLocale()
+{
+#ifdef Q_OS_UNIX
+    for (const char *variable : {"LC_ALL", "LC_NUMERIC", "LANG"}) {
+        const QString name = qEnvironmentVariable(variable).section(QLatin1Char('.'), 0, 0);
+        if (!name.isEmpty()) {
+            return {QLocale(name), QString::fromLatin1(variable)};
+        }
+    }
+#endif
+    return {QLocale(QLocale::system().name()), QString()};
+}
+
 QLocale SettingsDefaults::systemLocale()
 {
-    return QLocale(QLocale::system().name());
+    return sessionLocale().locale;
 }
 
 QString SettingsDefaults::documentsFolder()

@@ -88,3 +88,20 @@ TEST(ChartColumns, FollowsRenamesAndFindsLostColumnsByNameOnce)
     columns.remap({{ColumnId(9, 2), ColumnId(20, 2)}});
     EXPECT_EQ(columns.x(), ColumnId(20, 2));
 }
+
+TEST(ChartColumns, ANewChoiceWinsOverWhatADocumentSaidOfThatAxisOnly)
+{
+    const Dataset upstream = table({"day|qty|price", "1|2|3"}, 5);
+    ChartColumns columns;
+    columns.setStored(QStringLiteral("2*0"), yReferences);
+    columns.setY({ColumnId(5, 2)});
+    columns.resolve(upstream);
+    EXPECT_EQ(columns.y(), QList<ColumnId>{ColumnId(5, 2)});
+    EXPECT_EQ(columns.x(), ColumnId(5, 2)) << "still that of the document";
+
+    columns.setStored(QStringLiteral("2*0"), yReferences);
+    columns.setX(ColumnId());
+    columns.resolve(upstream);
+    EXPECT_TRUE(columns.x().isNull());
+    EXPECT_EQ(columns.y().size(), 2);
+}

@@ -1,5 +1,6 @@
 #include "charts/chartnode.h"
 #include "graph/graphscene.h"
+#include "inputs/inputnode.h"
 #include "support/printers.h"
 
 #include <gtest/gtest.h>
@@ -11,6 +12,22 @@ TEST(ChartNode, ARunWithoutInputIsDoneAndSaysSo)
     EXPECT_EQ(chart.state(), NodeState::Processed);
     EXPECT_EQ(chart.warnings(), QStringList(QStringLiteral("No transforms or inputs connected")));
     EXPECT_TRUE(chart.writtenFiles().isEmpty());
+}
+
+TEST(ChartNode, TwoConnectionsAreAsGoodAsNone)
+{
+    GraphScene scene;
+    auto *chart = new ChartNode;
+    scene.insertNode(chart, {});
+    for (int i = 0; i < 2; ++i) {
+        auto *source = new InputNode;
+        scene.insertNode(source, {});
+        scene.insertConnection(source, chart);
+        source->setState(NodeState::Processed, false);
+    }
+    chart->process(true, false);
+    EXPECT_EQ(chart->state(), NodeState::Processed);
+    EXPECT_EQ(chart->warnings(), QStringList(QStringLiteral("No transforms or inputs connected")));
 }
 
 TEST(ChartNode, ACloneHasEverythingButData)

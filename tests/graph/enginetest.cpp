@@ -267,6 +267,16 @@ TEST_F(EngineTest, TooFewInputsAreToldAndDontStopTheRun)
     }
 }
 
+TEST_F(EngineTest, TooManyInputsAreTold)
+{
+    Node *a = input("a", 0, 0);
+    Node *b = input("b", 0, 1);
+    Node *c = input("c", 0, 2);
+    const TransformNode *join = probe("t", 1, 0, {a, b, c}, "Join");
+    run();
+    EXPECT_EQ(join->warnings(), QStringList{"2 upstream connections expected"});
+}
+
 // What a run tells
 
 TEST_F(EngineTest, TheLogCountsItemsWarningsAndStates)

@@ -146,3 +146,31 @@ TEST(OutputColumns, FollowIdsThatChange)
                                                            "3"))
         << "ids that aren't mapped stay";
 }
+
+TEST(OutputColumns, NewChoicesWinOverWhatADocumentSaid)
+{
+    const Dataset upstream = table("a|b", 1);
+    const ColumnId second = upstream.columnId(ColumnIndex(1));
+    OutputColumns columns;
+    columns.setStored("1",
+        "5\x1F"
+        "0",
+        "2\x1F"
+        "2");
+    columns.setJsonTypes({{second, 3}});
+    columns.resolve(upstream);
+    EXPECT_EQ(columns.jsonTypes(), (OutputColumns::Choices{{second, 3}}));
+    EXPECT_EQ(columns.multiFileColumn(), upstream.columnId(ColumnIndex(0)))
+        << "the others still come from the document";
+    EXPECT_EQ(columns.excelFormats().size(), 1);
+
+    columns.setStored("1",
+        "5\x1F"
+        "0",
+        "");
+    columns.setMultiFileColumn(second);
+    columns.setExcelFormats({});
+    columns.resolve(upstream);
+    EXPECT_EQ(columns.multiFileColumn(), second);
+    EXPECT_TRUE(columns.excelFormats().isEmpty());
+}

@@ -1,4 +1,5 @@
 #include "platform/console.h"
+#include "platform/display.h"
 #include "platform/instances.h"
 #include "platform/memory.h"
 
@@ -59,3 +60,18 @@ TEST(Console, WritesUtf8WhateverTheLocale)
 }
 
 } // namespace
+
+TEST(Display, IsOneThatAnswers)
+{
+    const QByteArray before = qgetenv("DISPLAY");
+    const QByteArray waylandBefore = qgetenv("WAYLAND_DISPLAY");
+    qunsetenv("WAYLAND_DISPLAY");
+    for (const char *none : {"", ":987654", "nonsense", "unix:987654.0"}) {
+        qputenv("DISPLAY", none);
+        EXPECT_FALSE(platform::hasDisplay()) << none;
+    }
+    qputenv("DISPLAY", "other-host:0");
+    EXPECT_TRUE(platform::hasDisplay()) << "only opening it tells";
+    qputenv("DISPLAY", before);
+    qputenv("WAYLAND_DISPLAY", waylandBefore);
+}

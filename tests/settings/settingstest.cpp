@@ -376,3 +376,40 @@ TEST(Settings, FontsFollowTheProgramUntilChosen)
 }
 
 } // namespace
+
+TEST(SessionLocale, IsThatOfNumbersNotOfWords)
+{
+    struct Environment
+    {
+        const char *sentence;
+        const char *all;
+        const char *numeric;
+        const char *lang;
+        const char *language;
+        const char *locale;
+        const char *variable;
+    };
+    const Environment cases[] = {
+        {"formats of another country", "", "de_DE.UTF-8", "en_US.UTF-8", "", "de_DE", "LC_NUMERIC"},
+        {"words of another language", "", "", "en_US.UTF-8", "fr", "en_US", "LANG"},
+        {"one for all", "sv_SE.UTF-8", "de_DE.UTF-8", "en_US.UTF-8", "", "sv_SE", "LC_ALL"},
+        {"none", "", "", "C.UTF-8", "", "C", "LANG"},
+    };
+    const QList<QByteArray> names{"LC_ALL", "LC_NUMERIC", "LANG", "LANGUAGE"};
+    QList<QByteArray> before;
+    for (const QByteArray &name : names) {
+        before.append(qgetenv(name.constData()));
+    }
+    for (const Environment &each : cases) {
+        SCOPED_TRACE(each.sentence);
+        qputenv("LC_ALL", each.all);
+        qputenv("LC_NUMERIC", each.numeric);
+        qputenv("LANG", each.lang);
+        qputenv("LANGUAGE", each.language);
+        EXPECT_EQ(SettingsDefaults::sessionLocale().locale.name().toStdString(), each.locale);
+        EXPECT_EQ(SettingsDefaults::sessionLocale().variable.toStdString(), each.variable);
+    }
+    for (int i = 0; i < names.size(); ++i) {
+        qputenv(names.at(i).constData(), before.at(i));
+    }
+}
