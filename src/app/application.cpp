@@ -2,6 +2,7 @@
 
 #include "app/exceptionreport.h"
 #include "app/mainwindow.h"
+#include "app/runlog.h"
 #include "charts/chartnode.h"
 #include "data/dataset.h"
 #include "graph/colors.h"
@@ -215,7 +216,7 @@ void Application::outOfMemoryHandler()
     if (!reporting && application) {
         reporting = true;
         application->releaseMemoryReserve();
-        qWarning("Out of memory");
+        RunLog::reportOutOfMemory();
         if (application->m_outOfMemoryDialog) {
             application->m_outOfMemoryDialog->exec();
         }

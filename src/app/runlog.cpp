@@ -17,6 +17,7 @@ QMessageLogger logger()
 }
 
 bool librariesAreQuiet = false;
+QFile *openLog = nullptr; // of the run that goes on
 
 void writeMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
@@ -44,7 +45,16 @@ bool RunLog::open(const QString &path, bool overwrite)
         return false;
     }
     m_file = std::move(file);
+    openLog = m_file.get();
     return true;
+}
+
+void RunLog::close()
+{
+    if (openLog == m_file.get()) {
+        openLog = nullptr;
+    }
+    m_file.reset();
 }
 
 QString RunLog::nativePath() const
@@ -76,6 +86,15 @@ int RunLog::fatal(const QString &text)
     error(QStringLiteral("Aborted processing"));
     platform::flushConsole();
     return fatalExitCode;
+}
+
+void RunLog::reportOutOfMemory()
+{
+    platform::writeConsoleLine(QStringLiteral("Out of memory"));
+    if (openLog) {
+        openLog->write("Out of memory\n");
+        openLog->flush();
+    }
 }
 
 void RunLog::writeToFile(const QString &text)

@@ -9,6 +9,10 @@
 class RunLog
 {
 public:
+    RunLog() = default;
+    ~RunLog() { close(); }
+    Q_DISABLE_COPY(RunLog)
+
     /// Exit code after a command line or document that can't be used.
     static constexpr int fatalExitCode = -1;
 
@@ -18,7 +22,7 @@ public:
 
     /// Opens `path`, made absolute; false after reporting that it can't be opened.
     bool open(const QString &path, bool overwrite);
-    void close() { m_file.reset(); }
+    void close();
     bool isOpen() const { return m_file != nullptr; }
     /// Of the log file, with the system's separators.
     QString nativePath() const;
@@ -28,6 +32,8 @@ public:
     void error(const QString &text);
     /// Reports that the program gives up; returns the exit code.
     int fatal(const QString &text);
+    /// Says so on the console and in the log that is open, with next to no memory.
+    static void reportOutOfMemory();
     /// Not for the log file.
     void infoToConsole(const QString &text);
 

@@ -96,7 +96,7 @@ Cell Dataset::poolValue(int column, const char *bytes, int size)
 
 Cell Dataset::poolValue(int column, const QString &text)
 {
-    QVarLengthArray<char, 768> bytes(TextCoding::maxEncodedSize(text.size()));
+    QVarLengthArray<char, 768> bytes(TextCoding::encodedCapacity(text.constData(), text.size()));
     return poolValue(column, bytes.constData(), TextCoding::encode(bytes.data(), text.constData(), text.size()));
 }
 

@@ -15,7 +15,7 @@ TextArena::~TextArena() = default;
 
 Cell TextArena::store(const QString &text)
 {
-    QVarLengthArray<char, 768> bytes(TextCoding::maxEncodedSize(text.size()));
+    QVarLengthArray<char, 768> bytes(TextCoding::encodedCapacity(text.constData(), text.size()));
     return store(bytes.constData(), TextCoding::encode(bytes.data(), text.constData(), text.size()));
 }
 

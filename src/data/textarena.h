@@ -49,7 +49,7 @@ private:
     std::vector<QExplicitlySharedDataPointer<TextArena>> m_others;
     char *m_next = nullptr;
     char *m_end = nullptr;
-    int m_blockSize = 1024;
+    int m_blockSize = 256;
 };
 
 using TextArenaPointer = QExplicitlySharedDataPointer<TextArena>;

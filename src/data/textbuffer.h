@@ -10,6 +10,6 @@ using TextBuffer = QVarLengthArray<char, 256>;
 /// Replaces what `buffer` holds by the stored form of `text`.
 inline void setText(TextBuffer &buffer, const QString &text)
 {
-    buffer.resize(TextCoding::maxEncodedSize(text.size()));
+    buffer.resize(TextCoding::encodedCapacity(text.constData(), text.size()));
     buffer.resize(TextCoding::encode(buffer.data(), text.constData(), text.size()));
 }

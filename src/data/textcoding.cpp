@@ -1,6 +1,8 @@
 #include "data/textcoding.h"
 
+#include <climits>
 #include <cstring>
+#include <stdexcept>
 
 namespace TextCoding {
 
@@ -106,6 +108,24 @@ QString decode(const char *bytes, int size)
     return text;
 }
 
+int encodedCapacity(const QChar *text, int size)
+{
+    if (maxEncodedSize(size) <= INT_MAX) {
+        return static_cast<int>(maxEncodedSize(size));
+    }
+    qint64 bytes = 0;
+    for (int i = 0; i < size; ++i) {
+        const uint c = text[i].unicode();
+        const bool isPair = text[i].isHighSurrogate() && i + 1 < size && text[i + 1].isLowSurrogate();
+        bytes += c < 0x80 ? 1 : c < 0x800 ? 2 : isPair ? 4 : 3;
+        i += isPair ? 1 : 0;
+    }
+    if (bytes > INT_MAX) {
+        throw std::length_error("text too long for a cell");
+    }
+    return static_cast<int>(bytes);
+}
+
 int encode(char *out, const QChar *text, int size)
 {
     auto *o = reinterpret_cast<uchar *>(out);
@@ -135,7 +155,11 @@ int encode(char *out, const QChar *text, int size)
 void appendEncoded(QByteArray &out, const QChar *text, int size)
 {
     const int before = out.size();
-    out.resize(before + maxEncodedSize(size));
+    const int capacity = encodedCapacity(text, size);
+    if (capacity > INT_MAX - before) {
+        throw std::length_error("text too long for a buffer");
+    }
+    out.resize(before + capacity);
     out.resize(before + encode(out.data() + before, text, size));
 }
 

@@ -12,11 +12,14 @@ QString decode(const char *bytes, int size);
 /// Appends the stored form of `text` to `out`.
 void appendEncoded(QByteArray &out, const QChar *text, int size);
 /// Most bytes that `size` UTF-16 units can take.
-constexpr int maxEncodedSize(int size)
+constexpr qint64 maxEncodedSize(qint64 size)
 {
     return size * 3;
 }
-/// Writes the stored form to `out`, which has room for maxEncodedSize(size); returns the bytes written.
+/// Bytes to keep free for the stored form of `text`: the most that it can take or, for a very long text, what it does
+/// take. Throws std::length_error for a text that no cell can hold.
+int encodedCapacity(const QChar *text, int size);
+/// Writes the stored form to `out`, which has room for encodedCapacity(text, size); returns the bytes written.
 int encode(char *out, const QChar *text, int size);
 /// True when no byte is above 127.
 bool isAscii(const char *bytes, int size);

@@ -17,10 +17,10 @@ public:
             m_slot = nullptr;
             return Cell();
         }
-        if (!m_cells) {
-            m_cells = std::make_unique<Cell[]>(slotCount);
+        if (m_entered >= m_slotCount && m_slotCount < slotCount) {
+            grow();
         }
-        m_slot = &m_cells[hash(bytes, size) & (slotCount - 1)];
+        m_slot = &m_cells[hash(bytes, size) & (m_slotCount - 1)];
         if (++m_lookups == trialLookups) {
             m_givenUp = m_hits < trialLookups / 4;
             m_lookups = 0;
@@ -38,13 +38,22 @@ public:
     {
         if (m_slot) {
             *m_slot = cell;
+            ++m_entered;
         }
     }
 
 private:
     static constexpr uint slotCount = 2048;
+    static constexpr uint leastSlots = 16;
     static constexpr int trialLookups = 4096;
     static constexpr int largestSize = 200;
+
+    /// Short columns, of which a table can have many, get few slots. What was remembered is forgotten.
+    void grow()
+    {
+        m_slotCount = m_slotCount == 0 ? leastSlots : slotCount;
+        m_cells = std::make_unique<Cell[]>(m_slotCount);
+    }
 
     static uint hash(const char *bytes, int size)
     {
@@ -60,6 +69,8 @@ private:
 
     std::unique_ptr<Cell[]> m_cells;
     Cell *m_slot = nullptr;
+    uint m_slotCount = 0;
+    uint m_entered = 0;
     int m_lookups = 0;
     int m_hits = 0;
     bool m_givenUp = false;

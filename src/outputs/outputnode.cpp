@@ -155,6 +155,7 @@ void OutputNode::process(bool, bool releaseInputs)
     }
     update();
     if (releaseInputs) {
+        m_dataset.clear(); // what was written is needed no more, and the item has been reported
         releaseUpstreamDatasets();
     }
 }

@@ -60,5 +60,5 @@ protected:
     virtual QString outcome(qint64 changed, qint64 unchanged) const;
 
 private:
-    Dataset compute(const OptionValues &values, const Inputs &inputs) final;
+    Dataset compute(const OptionValues &values, const Inputs &inputs) override;
 };

@@ -1,11 +1,14 @@
 #include "transforms/cellworker.h"
 
-static constexpr int slotBits = 11;
+#include "transforms/memobits.h"
+
+static constexpr int mostSlotBits = 11;
 
 CellWorker::CellWorker(const CellRule &rule, const CellColumn &column)
     : m_rule(rule)
     , m_edit(column)
-    , m_known(rule.row ? 0 : 1 << slotBits)
+    , m_slotBits(memoBits(column.size(), mostSlotBits))
+    , m_known(rule.row ? 0 : size_t(1) << m_slotBits)
 {
 }
 
@@ -21,9 +24,10 @@ void CellWorker::process(int first, int end)
 void CellWorker::processByText(int first, int end)
 {
     const Cell *cells = m_edit.source();
+    const int shift = 64 - m_slotBits;
     for (int row = first; row < end; ++row) {
         const quint64 bits = cells[row].bits();
-        Known &known = m_known[bits * 0x9E3779B97F4A7C15ULL >> (64 - slotBits)];
+        Known &known = m_known[bits * 0x9E3779B97F4A7C15ULL >> shift];
         if (known.bits != bits) {
             known.bits = bits;
             known.result = resultOf(cells[row]);

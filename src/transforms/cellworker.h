@@ -33,6 +33,7 @@ private:
 
     const CellRule &m_rule;
     ColumnEdit m_edit;
+    int m_slotBits;
     std::vector<Known> m_known;
     TextBuffer m_buffer;
     int m_changed = 0;

@@ -31,7 +31,7 @@ Cell ColumnEdit::store(const char *bytes, int size)
 
 Cell ColumnEdit::store(const QString &text)
 {
-    TextBuffer bytes(TextCoding::maxEncodedSize(text.size()));
+    TextBuffer bytes(TextCoding::encodedCapacity(text.constData(), text.size()));
     return store(bytes.constData(), TextCoding::encode(bytes.data(), text.constData(), text.size()));
 }
 

@@ -1,21 +1,25 @@
 #include "transforms/conversionworker.h"
 
-static constexpr int slotBits = 12;
+#include "transforms/memobits.h"
+
+static constexpr int mostSlotBits = 12;
 
 ConversionWorker::ConversionWorker(const Rule &rule, const std::optional<QString> &unreadText, const CellColumn &column)
     : m_rule(rule)
     , m_unreadText(unreadText)
     , m_edit(column)
-    , m_known(1 << slotBits)
+    , m_slotBits(memoBits(column.size(), mostSlotBits))
+    , m_known(size_t(1) << m_slotBits)
 {
 }
 
 void ConversionWorker::process(int first, int end)
 {
     const Cell *cells = m_edit.source();
+    const int shift = 64 - m_slotBits;
     for (int row = first; row < end; ++row) {
         const quint64 bits = cells[row].bits();
-        Known &known = m_known[bits * 0x9E3779B97F4A7C15ULL >> (64 - slotBits)];
+        Known &known = m_known[bits * 0x9E3779B97F4A7C15ULL >> shift];
         if (known.bits != bits) {
             learn(cells[row], known);
         }

@@ -40,6 +40,7 @@ private:
     const Rule &m_rule;
     std::optional<QString> m_unreadText;
     ColumnEdit m_edit;
+    int m_slotBits;
     std::vector<Known> m_known;
     TextBuffer m_buffer;
     std::vector<int> m_unreadRows;

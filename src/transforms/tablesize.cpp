@@ -1,17 +1,29 @@
 #include "transforms/tablesize.h"
 
+#include "data/cell.h"
+#include "settings/settings.h"
 #include "transforms/messages.h"
 
 #include <climits>
 
 /// At eight bytes a cell.
-static constexpr qint64 mostCells = 1LL << 31;
+static qint64 mostCells()
+{
+    constexpr double bytesPerGiB = 1024.0 * 1024.0 * 1024.0;
+    return static_cast<qint64>(Settings::current().maxMemoryUsage() * bytesPerGiB / sizeof(Cell));
+}
 /// What a column takes besides its cells, in cells.
 static constexpr qint64 columnOverhead = 64;
 
 bool TableSize::isPossible(qint64 rows, qint64 columns)
 {
-    return rows < INT_MAX && columns < INT_MAX && columns * (rows + columnOverhead) <= mostCells;
+    constexpr qint64 mostRows = INT_MAX / static_cast<int>(sizeof(Cell)); // of one column
+    return rows <= mostRows && columns < INT_MAX && columns * (rows + columnOverhead) <= mostCells();
+}
+
+bool TableSize::isPossibleText(qint64 texts, qint64 bytes)
+{
+    return texts == 0 || (bytes < INT_MAX && bytes <= mostCells() * static_cast<qint64>(sizeof(Cell)) / texts);
 }
 
 QString TableSize::resultText()

@@ -1,6 +1,7 @@
 #include "transforms/messages.h"
 #include "transforms/option.h"
 #include "transforms/optionvalues.h"
+#include "transforms/tablesize.h"
 #include "transforms/transform.h"
 
 /// Adds copies of columns at the right end.
@@ -36,6 +37,7 @@ private:
         }
         if (added > mostColumns) {
             setResultText(QStringLiteral("Too many columns"));
+            addWarning(TableSize::warning(input.rowCount(), input.columnCount() + added));
             return result;
         }
         for (int i = 0; i < columns.size(); ++i) {

@@ -1,6 +1,8 @@
 #include "transforms/celltransform.h"
+#include "transforms/messages.h"
 #include "transforms/option.h"
 #include "transforms/optionvalues.h"
+#include "transforms/tablesize.h"
 
 /// Pads the selected cells to a minimum length; longer cells stay as they are.
 class TransformPad final : public CellTransform
@@ -25,6 +27,23 @@ private:
             Option::selection("Left_Right", "Pad", {"Left", "Right"}).tip("Which end to add padding."),
             Option::character("Pad_With", "Pad with", '0').tip("The character to use for padding."),
         };
+    }
+
+    /// Padding many cells to a great length takes more memory than there is; it is refused, not tried.
+    Dataset compute(const OptionValues &values, const Inputs &inputs) override
+    {
+        constexpr qint64 lengthOfUsualTexts = 1000000;
+        const qint64 length = values.integer("Length");
+        const qint64 cells = static_cast<qint64>(values.columns("Columns").size()) * inputs.first()->rowCount();
+        const qint64 bytesPerCell = TextCoding::maxEncodedSize(length);
+        if (length > lengthOfUsualTexts && !TableSize::isPossibleText(cells, bytesPerCell)) {
+            addWarning(QStringLiteral("'%1' is too long (%2 characters in %3 %4)")
+                           .arg(QStringLiteral("Minimum length"), Messages::count(length), Messages::count(cells),
+                               Messages::word(cells, "value", "values")));
+            setResultText(Messages::noChanges());
+            return *inputs.first();
+        }
+        return CellTransform::compute(values, inputs);
     }
 
     CellRule rule(const OptionValues &values, const Dataset &) const override

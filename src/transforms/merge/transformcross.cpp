@@ -1,6 +1,7 @@
 #include "transforms/inputorder.h"
 #include "transforms/messages.h"
 #include "transforms/option.h"
+#include "transforms/tablesize.h"
 #include "transforms/transform.h"
 
 #include <climits>
@@ -29,11 +30,12 @@ protected:
     Dataset compute(const OptionValues &, const Inputs &inputs) override
     {
         qint64 rowCount = 1;
-        int columnCount = 0;
+        qint64 columnCount = 0;
         for (const Dataset *input : inputs) {
             columnCount += input->columnCount();
             rowCount *= input->rowCount();
-            if (rowCount * qMax(1, columnCount) > mostCells) {
+            if (!TableSize::isPossible(rowCount, qMax<qint64>(1, columnCount))) {
+                addWarning(TableSize::warning(rowCount, columnCount));
                 setResultText(QStringLiteral("Too many rows"));
                 return Dataset();
             }
@@ -45,9 +47,6 @@ protected:
     }
 
 private:
-    /// What fits into memory at eight bytes a cell.
-    static constexpr qint64 mostCells = 1LL << 31;
-
     Dataset crossed(const Inputs &inputs, int rowCount)
     {
         Dataset result;

@@ -5,6 +5,7 @@
 #include "transforms/messages.h"
 #include "transforms/option.h"
 #include "transforms/optionvalues.h"
+#include "transforms/tablesize.h"
 #include "transforms/transform.h"
 #include "transforms/twoinputs.h"
 
@@ -118,7 +119,10 @@ private:
         const KeyIndex index(keyColumn(bottom.column(bottomKey), caseSensitive));
 
         Pairs pairs = pairRows(topKeys, index);
-        if (pairs.tooMany) {
+        const qint64 pairCount = pairs.top.size();
+        const int width = top.columnCount() + bottom.columnCount();
+        if (pairs.tooMany || !TableSize::isPossible(pairCount, width)) {
+            addWarning(TableSize::warning(pairCount, width));
             setResultText(QStringLiteral("Too many rows"));
             return Dataset();
         }

@@ -3,6 +3,7 @@
 #include "transforms/messages.h"
 #include "transforms/option.h"
 #include "transforms/optionvalues.h"
+#include "transforms/tablesize.h"
 #include "transforms/transform.h"
 
 #include <algorithm>
@@ -60,7 +61,9 @@ protected:
         for (const Dataset *input : inputs) {
             rowCount += input->rowCount();
         }
-        if (rowCount > INT_MAX / static_cast<int>(sizeof(Cell))) {
+        const int width = alignment.columns().size();
+        if (!TableSize::isPossible(rowCount, width)) {
+            addWarning(TableSize::warning(rowCount, width));
             setResultText(QStringLiteral("Too many rows"));
             return Dataset();
         }

@@ -4,6 +4,7 @@
 #include "transforms/messages.h"
 #include "transforms/option.h"
 #include "transforms/optionvalues.h"
+#include "transforms/tablesize.h"
 #include "transforms/transform.h"
 
 #include <QSet>
@@ -106,7 +107,9 @@ private:
             setResultText(Messages::noChanges());
             return input;
         }
-        if (static_cast<qint64>(points.size() + 1) * input.rowCount() > INT_MAX / static_cast<int>(sizeof(Cell))) {
+        const qint64 rowCount = static_cast<qint64>(points.size() + 1) * input.rowCount();
+        if (!TableSize::isPossible(rowCount, 1)) {
+            addWarning(TableSize::warning(rowCount, input.columnCount()));
             setResultText(QStringLiteral("Too many rows"));
             return Dataset();
         }
