@@ -58,7 +58,5 @@ protected:
     /// Key of the option that names the columns.
     virtual QString columnsKey() const { return QStringLiteral("Columns"); }
     virtual QString outcome(qint64 changed, qint64 unchanged) const;
-
-private:
     Dataset compute(const OptionValues &values, const Inputs &inputs) override;
 };

@@ -102,6 +102,18 @@ TEST(TransformSplit, IntoColumnsAndVectors)
     }
 }
 
+TEST(TransformSplit, RefusesWhatMemoryCannotHold)
+{
+    for (const char *into : {"Columns", "Rows", "Count vectors"}) {
+        SCOPED_TRACE(into);
+        const TransformRun run = runTransform("Split",
+            {{"Columns", 1}, {"Delimiter", ","}, {"Into", into}, {"Min_New_Cols", 900000000}}, {column({"a,b", "c"})});
+        EXPECT_EQ(rows(run.result), (QStringList{"a,b", "c"}));
+        EXPECT_EQ(run.warnings().size(), 2) << "the limits, and the refusal";
+        EXPECT_TRUE(run.infos().isEmpty()) << "nothing was added";
+    }
+}
+
 TEST(TransformSplit, IntoRows)
 {
     const TransformRun run = runTransform(

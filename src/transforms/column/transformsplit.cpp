@@ -5,6 +5,7 @@
 #include "transforms/newcolumn.h"
 #include "transforms/option.h"
 #include "transforms/optionvalues.h"
+#include "transforms/tablesize.h"
 #include "transforms/transform.h"
 
 #include <algorithm>
@@ -65,6 +66,7 @@ private:
     template<class Take>
     void forEachRow(Task &task, Take take);
     void reportLimits(const SplitLimits &limits);
+    bool refusesColumns(const Dataset &input, qint64 added);
 };
 
 OptionTable TransformSplit::options() const
@@ -180,6 +182,18 @@ void TransformSplit::forEachRow(Task &task, Take take)
     reportLimits(task.limits);
 }
 
+/// True, with a warning, when the table would become too large.
+bool TransformSplit::refusesColumns(const Dataset &input, qint64 added)
+{
+    const qint64 columnCount = input.columnCount() + added;
+    if (TableSize::isPossible(input.rowCount(), columnCount)) {
+        return false;
+    }
+    addWarning(TableSize::warning(input.rowCount(), columnCount));
+    setResultText(QStringLiteral("Too many columns"));
+    return true;
+}
+
 void TransformSplit::reportLimits(const SplitLimits &limits)
 {
     const auto report = [this](int rows, const char *how, const char *label, int value, const char *done) {
@@ -196,6 +210,9 @@ void TransformSplit::reportLimits(const SplitLimits &limits)
 Dataset TransformSplit::splitIntoColumns(Task &task)
 {
     const int rowCount = task.input.rowCount();
+    if (refusesColumns(task.input, task.limits.least())) {
+        return task.input;
+    }
     std::vector<NewColumn> columns;
     forEachRow(task, [&](int row, const char *bytes, const std::vector<ValueSplitter::Span> &spans) {
         while (columns.size() < spans.size()) {
@@ -223,6 +240,12 @@ Dataset TransformSplit::splitIntoColumns(Task &task)
 
 Dataset TransformSplit::splitIntoRows(Task &task)
 {
+    const qint64 leastRows = static_cast<qint64>(task.input.rowCount()) * qMax(1, task.limits.least());
+    if (!TableSize::isPossible(leastRows, task.input.columnCount())) {
+        addWarning(TableSize::warning(leastRows, task.input.columnCount()));
+        setResultText(QStringLiteral("Too many rows"));
+        return task.input;
+    }
     QVector<int> rows;
     NewColumn parts(task.input.rowCount());
     forEachRow(task, [&](int row, const char *bytes, const std::vector<ValueSplitter::Span> &spans) {
@@ -276,13 +299,12 @@ QStringList TransformSplit::limitedParts(Task &task, QStringList parts)
 Dataset TransformSplit::splitIntoVectors(Task &task)
 {
     const PartCounts counts = countParts(task);
-    const QStringList parts = limitedParts(task, counts.distinct());
     const int rowCount = task.input.rowCount();
-    const int added = qMax(parts.size(), task.limits.least());
-    if (static_cast<qint64>(added) * rowCount > INT_MAX) {
-        setResultText(QStringLiteral("Too many columns"));
+    const int added = qBound(task.limits.least(), counts.distinct().size(), task.limits.most());
+    if (refusesColumns(task.input, added)) {
         return task.input;
     }
+    const QStringList parts = limitedParts(task, counts.distinct());
     std::vector<CellColumn> columns = counts.columns(parts, task.into != CountVectors, [&](int row) {
         if (row % progressStep == 0) {
             emit processed(0.5 + 0.5 * row / rowCount);

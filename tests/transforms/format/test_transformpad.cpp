@@ -1,5 +1,6 @@
 #include "support/grid.h"
 #include "support/runon.h"
+#include "support/scopedsettings.h"
 
 #include <gtest/gtest.h>
 
@@ -38,4 +39,13 @@ TEST(TransformPad, AsksForALength)
 {
     EXPECT_EQ(runTransform("Pad", {{"Length", 0}}, {column("7")}).warnings(),
         QStringList("1 option not set ('Minimum length')"));
+}
+
+TEST(TransformPad, RefusesLengthsThatMemoryCannotHold)
+{
+    const ScopedSettings settings;
+    const TransformRun run = runTransform("Pad", {{"Columns", 1}, {"Length", 720000000}}, {column({"a", "b"})});
+    EXPECT_EQ(rows(run.result), (QStringList{"a", "b"}));
+    EXPECT_EQ(run.warnings(), QStringList{"'Minimum length' is too long (720,000,000 characters in 2 values)"});
+    EXPECT_EQ(run.resultText(), "No changes");
 }
