@@ -65,6 +65,14 @@ void CommandLineReport::onNodeProcessed(Node *node)
     m_lines.insert(node, node->logLine(tells(Verbosity::Extra)));
 }
 
+void CommandLineReport::countRepairs(int warnings, const QList<Node *> &inCircles)
+{
+    m_warnings += warnings;
+    for (const Node *node : inCircles) {
+        m_inCircles.insert(node);
+    }
+}
+
 QString CommandLineReport::lineOf(const Node &node) const
 {
     const auto line = m_lines.constFind(&node);
@@ -111,12 +119,13 @@ int CommandLineReport::writeNodes(const Nodes &nodes)
 
 bool CommandLineReport::writeNode(const Node &node)
 {
-    const bool isProcessed = node.state() == NodeState::Processed;
+    const bool isProcessed = node.state() == NodeState::Processed && !m_inCircles.contains(&node);
     m_errors += isProcessed ? 0 : 1;
     if (tells(Verbosity::Normal)) {
         isProcessed ? m_log.info(lineOf(node)) : m_log.error(lineOf(node));
     }
-    if (!isClipboardInput(node)) {
+    // Text from the clipboard is what the document brings along, but why it can't be read is told.
+    if (!isProcessed || !isClipboardInput(node)) {
         m_warnings += node.warningCount();
         writeMessages(node);
     }

@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QMap>
 #include <QObject>
+#include <QSet>
 #include <QStringList>
 
 class GraphScene;
@@ -20,6 +21,9 @@ public:
     /// `verbosity` is a value of Verbosity.
     CommandLineReport(const GraphScene &scene, int verbosity, RunLog &log, QObject *parent = nullptr);
 
+    /// Counts `warnings` that were told when the document was opened. Items in circles can't have been meant to run as
+    /// they do now and count as errors, like those that a run doesn't reach.
+    void countRepairs(int warnings, const QList<Node *> &inCircles);
     /// Tells of every item, then sums up; returns how many items failed or weren't reached.
     int write(qint64 elapsedMs);
 
@@ -43,6 +47,7 @@ private:
     const int m_verbosity;
     RunLog &m_log;
     QHash<const Node *, QString> m_lines;
+    QSet<const Node *> m_inCircles;
     int m_errors = 0;
     int m_warnings = 0;
     QMap<QString, int> m_outputWrites; ///< by path

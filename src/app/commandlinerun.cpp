@@ -6,7 +6,6 @@
 #include "app/programinfo.h"
 #include "app/rowsmilestone.h"
 #include "app/runlog.h"
-#include "document/documentfile.h"
 #include "graph/runcontrol.h"
 #include "outputs/outputnode.h"
 #include "panes/dialogs/insufficientmemorydialog.h"
@@ -63,26 +62,30 @@ void CommandLineRun::writeHeading()
 
 QString CommandLineRun::open()
 {
-    LoadedDocument loaded;
     QString error;
     m_scene.setDocumentPath(m_commandLine.document);
-    if (!loadDocument(m_commandLine.document, m_scene, {}, loaded, error)) {
+    if (!loadDocument(m_commandLine.document, m_scene, {}, m_loaded, error)) {
         return QStringLiteral("Unable to open '%1': %2").arg(QDir::toNativeSeparators(m_commandLine.document), error);
     }
-    if (!loaded.locale.isEmpty() && QLocale(loaded.locale) != QLocale()) {
-        QLocale::setDefault(QLocale(loaded.locale));
+    if (!m_loaded.locale.isEmpty() && QLocale(m_loaded.locale) != QLocale()) {
+        QLocale::setDefault(QLocale(m_loaded.locale));
     }
-    tellWhatWasLost(loaded);
+    tellWhatWasLost();
     return QString();
 }
 
-void CommandLineRun::tellWhatWasLost(const LoadedDocument &loaded)
+void CommandLineRun::tellWhatWasLost()
 {
     // No box can say it here, and a flow that lacks a step must not look as if it were whole.
-    if (!loaded.notAdded.isEmpty() && tells(Verbosity::Summary)) {
-        m_log.error(loaded.notAdded);
+    if (tells(Verbosity::Summary)) {
+        if (!m_loaded.notAdded.isEmpty()) {
+            m_log.error(m_loaded.notAdded);
+        }
+        for (const QString &line : qAsConst(m_loaded.repairs)) {
+            m_log.error(QStringLiteral("Warning: ") + line);
+        }
     }
-    if (loaded.laterVersion && tells(Verbosity::Extra)) {
+    if (m_loaded.laterVersion && tells(Verbosity::Extra)) {
         m_log.error(QStringLiteral("This document was created with a later version of the software."));
     }
 }
@@ -95,6 +98,7 @@ int CommandLineRun::process()
     }
     askNothing();
     CommandLineReport report(m_scene, m_commandLine.verbosity, m_log);
+    report.countRepairs(m_loaded.repairs.size(), m_loaded.nodesInCircles);
     QCoreApplication::processEvents();
     QElapsedTimer timer;
     timer.start();

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "app/commandline.h"
+#include "document/documentfile.h"
 #include "graph/graphscene.h"
 
 class RunLog;
-struct LoadedDocument;
 
 /// One document, run without a window: opened, given other files, run, reported.
 class CommandLineRun
@@ -19,7 +19,7 @@ private:
     void writeHeading();
     /// Empty, or why the document can't be used.
     QString open();
-    void tellWhatWasLost(const LoadedDocument &loaded);
+    void tellWhatWasLost();
     void askNothing();
     int process();
     /// False when the run had to end; then `exitCode` says how.
@@ -29,4 +29,5 @@ private:
     const CommandLine &m_commandLine;
     RunLog &m_log;
     GraphScene m_scene;
+    LoadedDocument m_loaded;
 };

@@ -169,6 +169,11 @@ bool DocumentCommands::openDocument(const QString &givenPath)
     if (!loaded.notAdded.isEmpty()) {
         QMessageBox::warning(&m_window, productName(), loaded.notAdded);
     }
+    if (!loaded.repairs.isEmpty()) {
+        QMessageBox::warning(&m_window, productName(),
+            QStringLiteral("This document had faults and was opened with these changes:\n%1")
+                .arg(loaded.repairs.join(QLatin1Char('\n'))));
+    }
     bool changed = loaded.relocated;
     changed |= OpeningQuestions::replaceMissingInputs(m_session.scene(), path, &m_window);
     bool autoRun = loaded.autoRunOn;

@@ -17,6 +17,7 @@
 
 #include <QDomDocument>
 #include <QFileInfo>
+#include <QSet>
 #include <algorithm>
 
 namespace {
@@ -39,6 +40,7 @@ public:
         : m_records(records)
         , m_scene(scene)
         , m_relocation(records.meta.docPath, docPath)
+        , m_repairs(records.repairs)
     {
     }
 
@@ -75,6 +77,7 @@ private:
     void addOutputs();
     void addCharts();
     void addNotes();
+    bool isPossible(const ConnectionRecord &connection);
     void connectNodes();
     void createParameters();
     DocumentContents contents() const;
@@ -83,6 +86,9 @@ private:
     GraphScene &m_scene;
     PathRelocation m_relocation;
     MissingTransforms m_missing;
+    DocumentRepairs m_repairs;
+    QSet<int> m_missingIds; ///< of transforms that the program doesn't have
+    QList<Node *> m_nodesInCircles;
     QHash<int, Node *> m_nodes;
 };
 
@@ -139,6 +145,7 @@ void DocumentBuilder::addTransforms()
             add(new TransformNode(transform, record.id), record);
         } else {
             m_missing.add(record.name);
+            m_missingIds.insert(record.id);
         }
     }
 }
@@ -190,19 +197,47 @@ void DocumentBuilder::addNotes()
     }
 }
 
+/// Tells of a connection that isn't.
+bool DocumentBuilder::isPossible(const ConnectionRecord &connection)
+{
+    const Node *from = m_nodes.value(connection.startId);
+    const Node *to = m_nodes.value(connection.endId);
+    const auto refuse = [&](DocumentRepairs::Kind kind) {
+        m_repairs.addConnection(kind, connection.startId, connection.endId);
+        return false;
+    };
+    if (!from || !to) {
+        // What becomes of a transform that isn't added is told already.
+        const bool isTold = m_missingIds.contains(connection.startId) || m_missingIds.contains(connection.endId);
+        return isTold ? false : refuse(DocumentRepairs::ConnectionWithoutItem);
+    }
+    if (to->maxInputs() == 0) {
+        return refuse(DocumentRepairs::ConnectionIntoInput);
+    }
+    return from->maxOutputs() > 0 || refuse(DocumentRepairs::ConnectionOutOfEnd);
+}
+
 void DocumentBuilder::connectNodes()
 {
     QVector<ConnectionRecord> possible;
     for (const ConnectionRecord &connection : m_records.connections) {
-        const Node *from = m_nodes.value(connection.startId);
-        const Node *to = m_nodes.value(connection.endId);
-        if (from && to && from != to && from->maxOutputs() > 0 && to->maxInputs() > 0) {
+        if (isPossible(connection)) {
             possible.append(connection);
         }
     }
-    const QVector<ConnectionRecord> kept = withoutRepeatsAndCycles(possible);
-    for (const ConnectionRecord &connection : kept) {
+    const FilteredConnections filtered = filterConnections(possible);
+    for (const ConnectionRecord &connection : filtered.kept) {
         m_scene.insertConnection(m_nodes.value(connection.startId), m_nodes.value(connection.endId));
+    }
+    for (const ConnectionRecord &connection : filtered.repeated) {
+        m_repairs.addConnection(DocumentRepairs::ConnectionRepeated, connection.startId, connection.endId);
+    }
+    for (const ConnectionRecord &connection : filtered.closingCircles) {
+        m_repairs.addConnection(DocumentRepairs::ConnectionClosingCircle, connection.startId, connection.endId);
+    }
+    for (int id : filtered.idsInCircles) {
+        m_repairs.add(DocumentRepairs::ItemInCircle, m_nodes.value(id)->labelWithId());
+        m_nodesInCircles.append(m_nodes.value(id));
     }
 }
 
@@ -240,6 +275,8 @@ DocumentContents DocumentBuilder::contents() const
     contents.laterVersion = meta.version > currentDocumentVersion;
     contents.relocated = m_relocation.hasRelocated();
     contents.notAdded = m_missing.message();
+    contents.repairs = m_repairs.lines();
+    contents.nodesInCircles = m_nodesInCircles;
     contents.nodes = m_nodes.values();
     std::sort(
         contents.nodes.begin(), contents.nodes.end(), [](const Node *a, const Node *b) { return a->id() < b->id(); });

@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QList>
+#include <QStringList>
 
 class GraphScene;
 class Node;
@@ -23,12 +24,17 @@ struct DocumentContents
     bool relocated = false;
     /// Transforms that this program doesn't have, in words for the user; empty when there are none.
     QString notAdded;
+    /// What else had to be left out or changed, one line each for the user.
+    QStringList repairs;
+    /// Items on circles of connections. They stand in the scene, parted from what led back to them.
+    QList<Node *> nodesInCircles;
     QList<Node *> nodes; ///< all that were made, by ascending id
     QHash<int, Node *> nodesById;
 };
 
 /// Fills `scene` with what `document` holds; `docPath` is where the document lies, for finding files that moved with
-/// it. Ids are kept, and a connection with a lost end or that would close a cycle is dropped. It can't fail.
+/// it. Ids are kept, and a connection with a lost end or that would close a circle is dropped and told of. It can't
+/// fail.
 DocumentContents readDocument(const QDomDocument &document, GraphScene &scene, const QString &docPath);
 
 /// The same for records that are parsed already.

@@ -93,7 +93,8 @@ NoteRecord parseNote(const AttributeReader &reader, int)
 
 /// The records of all elements `tag` in `group` that have a valid id.
 template<class Record, class Parse>
-QVector<Record> parseGroup(const QDomElement &root, const char *group, const char *tag, Parse parse)
+QVector<Record> parseGroup(
+    const QDomElement &root, const char *group, const char *tag, DocumentRepairs &repairs, Parse parse)
 {
     QVector<Record> records;
     const QString name = QString::fromLatin1(tag);
@@ -105,6 +106,8 @@ QVector<Record> parseGroup(const QDomElement &root, const char *group, const cha
         if (id >= 0) {
             records.append(parse(reader, element));
             records.last().id = id;
+        } else {
+            repairs.add(DocumentRepairs::IdOutsideRange, QStringLiteral("%1 '%2'").arg(name, reader.stored("id")));
         }
     }
     return records;
@@ -137,11 +140,14 @@ public:
         }
     }
     template<class Records>
-    void apply(Records &records)
+    void apply(Records &records, DocumentRepairs &repairs)
     {
         for (NodeRecord &record : records) {
             if (m_taken.contains(record.id)) {
+                const QString before = QString::number(record.id);
                 record.id = m_next++;
+                repairs.add(DocumentRepairs::IdRepeated,
+                    QStringLiteral("%1 is now %2").arg(before, QString::number(record.id)));
             }
             m_taken.insert(record.id);
         }
@@ -160,11 +166,11 @@ void repairIds(DocumentRecords &records)
     repair.note(records.outputs);
     repair.note(records.charts);
     repair.note(records.notes);
-    repair.apply(records.inputs);
-    repair.apply(records.transforms);
-    repair.apply(records.outputs);
-    repair.apply(records.charts);
-    repair.apply(records.notes);
+    repair.apply(records.inputs, records.repairs);
+    repair.apply(records.transforms, records.repairs);
+    repair.apply(records.outputs, records.repairs);
+    repair.apply(records.charts, records.repairs);
+    repair.apply(records.notes, records.repairs);
 }
 
 } // namespace
@@ -174,17 +180,17 @@ DocumentRecords parseDocument(const QDomElement &root)
     DocumentRecords records;
     records.meta = parseMeta(root.firstChildElement(QStringLiteral("meta")));
     const int version = records.meta.version;
-    records.inputs = parseGroup<InputRecord>(root, "inputs", "input",
+    records.inputs = parseGroup<InputRecord>(root, "inputs", "input", records.repairs,
         [version](const AttributeReader &reader, const QDomElement &) { return parseInput(reader, version); });
-    records.transforms = parseGroup<TransformRecord>(
-        root, "transforms", "transform", [version](const AttributeReader &reader, const QDomElement &element) {
+    records.transforms = parseGroup<TransformRecord>(root, "transforms", "transform", records.repairs,
+        [version](const AttributeReader &reader, const QDomElement &element) {
             return parseTransform(reader, element, version);
         });
-    records.outputs = parseGroup<OutputRecord>(root, "outputs", "output",
+    records.outputs = parseGroup<OutputRecord>(root, "outputs", "output", records.repairs,
         [version](const AttributeReader &reader, const QDomElement &) { return parseOutput(reader, version); });
-    records.charts = parseGroup<ChartRecord>(root, "charts", "chart",
+    records.charts = parseGroup<ChartRecord>(root, "charts", "chart", records.repairs,
         [version](const AttributeReader &reader, const QDomElement &) { return parseChart(reader, version); });
-    records.notes = parseGroup<NoteRecord>(root, "notes", "note",
+    records.notes = parseGroup<NoteRecord>(root, "notes", "note", records.repairs,
         [version](const AttributeReader &reader, const QDomElement &) { return parseNote(reader, version); });
     records.connections = parseConnections(root);
     repairIds(records);

@@ -2,6 +2,7 @@
 
 #include "charts/chartoptions.h"
 #include "document/batchsettings.h"
+#include "document/documentrepairs.h"
 #include "document/parameterrepairs.h"
 #include "inputs/inputoptions.h"
 #include "outputs/outputoptions.h"
@@ -94,4 +95,5 @@ struct DocumentRecords
     QVector<ChartRecord> charts;
     QVector<NoteRecord> notes;
     QVector<ConnectionRecord> connections;
+    DocumentRepairs repairs; ///< what parsing left out or changed
 };

@@ -268,6 +268,48 @@ TEST_F(CommandLineRunTest, UnknownTransformsAreTold)
         << result.said.toStdString();
 }
 
+TEST_F(CommandLineRunTest, RepairsOfTheDocumentAreTold)
+{
+    TestDocument document = plain();
+    document.connections += connectionXml(1, 2);
+    writeFile(path("repeated.transform"), document.xml());
+    document.transforms = "<transform id=\"5\" name=\"Pad\"/>";
+    document.connections = connectionXml(1, 5) + connectionXml(5, 5) + connectionXml(5, 2);
+    writeFile(path("circle.transform"), document.xml());
+    const char *const repeated = "Warning: 1 repeated connection was removed: 1 to 2";
+    const struct
+    {
+        const char *what;
+        QStringList arguments;
+        int exitCode;
+        const char *said;
+    } cases[] = {
+        {"nothing is lost: a warning in a summary", {"repeated.transform", "-cli", "-verbosity", "1"}, 0, repeated},
+        {"which is counted", {"repeated.transform", "-cli", "-verbosity", "2"}, 0, "0 error(s), 1 warning(s)"},
+        {"not in a silent run", {"repeated.transform", "-cli"}, 0, ""},
+        {"items of a circle are errors", {"circle.transform", "-cli", "-verbosity", "1"}, 1, "Results: 1 error(s)"},
+        {"in a silent run too", {"circle.transform", "-cli"}, 1, ""},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.what);
+        const RunResult result = run(c.arguments);
+        EXPECT_EQ(result.exitCode, c.exitCode);
+        EXPECT_TRUE(*c.said ? result.said.contains(QString::fromLatin1(c.said)) : result.said.isEmpty())
+            << result.said.toStdString();
+    }
+}
+
+TEST_F(CommandLineRunTest, FailingClipboardInputsSayWhy)
+{
+    TestDocument document;
+    document.inputs = "<input id=\"1\" medium=\"1\" file_type=\"4\" text=\"%7B%22a%22%3A\" alias=\"c\"/>";
+    writeFile(path("clipboard.transform"), document.xml());
+    const RunResult result = run({"clipboard.transform", "-cli", "-verbosity", "3"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.said.contains(QStringLiteral("Error\033[0m\n    Warning: "))) << result.said.toStdString();
+    EXPECT_TRUE(result.said.contains(QStringLiteral("1 error(s), 1 warning(s)"))) << result.said.toStdString();
+}
+
 TEST_F(CommandLineRunTest, DocumentsLocaleHolds)
 {
     TestDocument document = plain();

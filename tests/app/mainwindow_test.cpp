@@ -211,7 +211,12 @@ TEST_F(MainWindowTest, QuestionsOfOpening)
     }
     TestDocument unset;
     unset.inputs = inputXml(1, QStringLiteral("in"), QString());
+    TestDocument repeated = plain();
+    repeated.connections += connectionXml(1, 2);
     const MessageCase cases[] = {
+        {"faults that were repaired", repeated, {"OK"},
+            "This document had faults and was opened with these changes:\n1 repeated connection was removed: 1 to 2",
+            false},
         {"transforms that aren't known any more, or not yet", unknown, {"OK"},
             "The following deprecated transforms were not added:\n'Trim' (1 occurrence) - use the newer 'Whitespace' "
             "transform.\n\n"

@@ -8,17 +8,22 @@ namespace {
 
 using Ends = std::vector<std::pair<int, int>>;
 
-Ends filtered(const Ends &ends)
+FilteredConnections filtered(const Ends &ends)
 {
     QVector<ConnectionRecord> records;
     for (const auto &[start, end] : ends) {
         records.append({start, end});
     }
-    Ends kept;
-    for (const ConnectionRecord &record : withoutRepeatsAndCycles(records)) {
-        kept.emplace_back(record.startId, record.endId);
+    return filterConnections(records);
+}
+
+Ends endsOf(const QVector<ConnectionRecord> &records)
+{
+    Ends ends;
+    for (const ConnectionRecord &record : records) {
+        ends.emplace_back(record.startId, record.endId);
     }
-    return kept;
+    return ends;
 }
 
 } // namespace
@@ -30,18 +35,31 @@ TEST(ConnectionFilter, DropsWhatLeadsBack)
         const char *what;
         Ends ends;
         Ends kept;
+        Ends repeated;
+        Ends closing;
+        QVector<int> inCircles;
     } cases[] = {
-        {"a diamond is no cycle", {{1, 2}, {1, 3}, {2, 4}, {3, 4}}, {{1, 2}, {1, 3}, {2, 4}, {3, 4}}},
-        {"of a cycle behind an input, the way back goes", {{4, 2}, {1, 2}, {2, 3}, {3, 4}}, {{1, 2}, {2, 3}, {3, 4}}},
-        {"of a cycle without an input, one connection goes", {{2, 1}, {1, 2}}, {{1, 2}}},
-        {"two cycles through one node", {{1, 2}, {2, 1}, {1, 3}, {3, 1}}, {{1, 2}, {1, 3}}},
-        {"a connection of a node to itself", {{1, 1}, {1, 2}}, {{1, 2}}},
-        {"a repeated connection", {{1, 2}, {1, 2}, {2, 3}}, {{1, 2}, {2, 3}}},
-        {"the order of the rest stays", {{3, 4}, {1, 2}, {2, 3}}, {{3, 4}, {1, 2}, {2, 3}}},
+        {"a diamond is no circle", {{1, 2}, {1, 3}, {2, 4}, {3, 4}}, {{1, 2}, {1, 3}, {2, 4}, {3, 4}}, {}, {}, {}},
+        {"of a circle behind an input, the way back goes", {{4, 2}, {1, 2}, {2, 3}, {3, 4}}, {{1, 2}, {2, 3}, {3, 4}},
+            {}, {{4, 2}}, {2, 3, 4}},
+        {"of a circle without an input, one connection goes", {{2, 1}, {1, 2}}, {{1, 2}}, {}, {{2, 1}}, {1, 2}},
+        {"two circles through one node", {{1, 2}, {2, 1}, {1, 3}, {3, 1}}, {{1, 2}, {1, 3}}, {}, {{2, 1}, {3, 1}},
+            {1, 2, 3}},
+        {"a circle that goes partly over a node that was left already", {{1, 2}, {2, 3}, {3, 1}, {2, 4}, {4, 3}},
+            {{1, 2}, {2, 3}, {2, 4}, {4, 3}}, {}, {{3, 1}}, {1, 2, 3, 4}},
+        {"what lies between two circles isn't in one", {{1, 2}, {2, 1}, {2, 3}, {3, 4}, {4, 5}, {5, 4}},
+            {{1, 2}, {2, 3}, {3, 4}, {4, 5}}, {}, {{2, 1}, {5, 4}}, {1, 2, 4, 5}},
+        {"a connection of a node to itself", {{1, 1}, {1, 2}}, {{1, 2}}, {}, {{1, 1}}, {1}},
+        {"a repeated connection", {{1, 2}, {1, 2}, {2, 3}, {1, 2}}, {{1, 2}, {2, 3}}, {{1, 2}, {1, 2}}, {}, {}},
+        {"the order of the rest stays", {{3, 4}, {1, 2}, {2, 3}}, {{3, 4}, {1, 2}, {2, 3}}, {}, {}, {}},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.what);
-        EXPECT_EQ(filtered(c.ends), c.kept);
+        const FilteredConnections result = filtered(c.ends);
+        EXPECT_EQ(endsOf(result.kept), c.kept);
+        EXPECT_EQ(endsOf(result.repeated), c.repeated);
+        EXPECT_EQ(endsOf(result.closingCircles), c.closing);
+        EXPECT_EQ(result.idsInCircles, c.inCircles);
     }
 }
 
@@ -52,7 +70,9 @@ TEST(ConnectionFilter, TakesAVeryLongRing)
     for (int i = 0; i < size; ++i) {
         ring.emplace_back(i, (i + 1) % size);
     }
-    EXPECT_EQ(filtered(ring).size(), ring.size() - 1);
+    const FilteredConnections result = filtered(ring);
+    EXPECT_EQ(result.kept.size(), size - 1);
+    EXPECT_EQ(result.idsInCircles.size(), size);
 }
 
 TEST(MissingTransforms, CountsDeprecatedAndUnknownOnesApart)

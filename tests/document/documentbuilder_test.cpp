@@ -47,6 +47,7 @@ TEST(DocumentBuilder, MakesEachItemWithItsOptions)
     EXPECT_EQ(connectionsIn(scene), (Ends{{0, 2}, {2, 3}, {7, 5}}));
     EXPECT_FALSE(contents.laterVersion || contents.relocated);
     EXPECT_EQ(contents.notAdded, QString());
+    EXPECT_EQ(contents.repairs, QStringList()) << "nothing is wrong with this document";
 
     const auto *input = qobject_cast<InputNode *>(contents.nodesById.value(0));
     ASSERT_TRUE(input);
@@ -120,13 +121,14 @@ TEST(DocumentBuilder, UnknownTransformsDisappearWithTheirConnections)
         scene);
     EXPECT_EQ(contents.nodes.size(), 2);
     EXPECT_EQ(connectionsIn(scene), (Ends{{1, 4}}));
+    EXPECT_EQ(contents.repairs, QStringList()) << "the text below says it all";
     EXPECT_EQ(contents.notAdded,
         QStringLiteral("The following deprecated transforms were not added:\n"
                        "'Trim' (1 occurrence) - use the newer 'Whitespace' transform.\n\n"
                        "The following unknown transforms were not added:\n'Teleport' (1 occurrence)"));
 }
 
-TEST(DocumentBuilder, ConnectionsThatCannotBeAreDropped)
+TEST(DocumentBuilder, ConnectionsThatCannotBeAreDroppedAndToldOf)
 {
     const QByteArray items = "<inputs><input id=\"1\"/></inputs><transforms><transform id=\"2\" name=\"Pad\"/>"
                              "<transform id=\"3\" name=\"Pad\"/></transforms><outputs><output id=\"4\"/></outputs>"
@@ -136,20 +138,49 @@ TEST(DocumentBuilder, ConnectionsThatCannotBeAreDropped)
         const char *what;
         QByteArray connections;
         Ends kept;
+        QStringList repairs;
     } cases[] = {
-        {"ends that there aren't", connection(1, 9) + connection(-1, 2) + connection(1, -1) + "<connection/>", {}},
-        {"to itself", connection(2, 2), {}},
-        {"into an input or a note", connection(2, 1) + connection(1, 6), {}},
-        {"out of an output, a chart or a note", connection(4, 2) + connection(5, 2) + connection(6, 2), {}},
-        {"in a circle", connection(1, 2) + connection(2, 3) + connection(3, 2), {{1, 2}, {2, 3}}},
-        {"more than an item takes: the run says so", connection(1, 4) + connection(2, 4), {{1, 4}, {2, 4}}},
+        {"ends that there aren't", connection(1, 9) + connection(-1, 2) + connection(1, -1) + "<connection/>", {},
+            {"4 connections were removed, as there are no such items: 1 to 9, -1 to 2, 1 to -1, -1 to -1"}},
+        {"to itself", connection(2, 2), {},
+            {"1 connection was removed, as it closed a circle: 2 to 2", "1 item was part of a circle: Pad (2)"}},
+        {"into an input or a note", connection(2, 1) + connection(1, 6), {},
+            {"2 connections were removed, as they lead into items that take none: 2 to 1, 1 to 6"}},
+        {"out of an output, a chart or a note", connection(4, 2) + connection(5, 2) + connection(6, 2), {},
+            {"3 connections were removed, as they lead out of items that give none: 4 to 2, 5 to 2, 6 to 2"}},
+        {"in a circle", connection(1, 2) + connection(2, 3) + connection(3, 2), {{1, 2}, {2, 3}},
+            {"1 connection was removed, as it closed a circle: 3 to 2",
+                "2 items were part of circles: Pad (2), Pad (3)"}},
+        {"repeated, more often than is listed",
+            connection(1, 2) + connection(1, 2) + connection(1, 2) + connection(1, 2) + connection(1, 2)
+                + connection(1, 2) + connection(1, 2) + connection(1, 2),
+            {{1, 2}}, {"7 repeated connections were removed: 1 to 2, 1 to 2, 1 to 2, 1 to 2, 1 to 2, + 2 others"}},
+        {"more than an item takes: the run says so", connection(1, 4) + connection(2, 4), {{1, 4}, {2, 4}}, {}},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.what);
         GraphScene scene;
-        readText(documentText(items + "<connections>" + c.connections + "</connections>"), scene);
+        const DocumentContents contents = readText(
+            documentText(items + "<connections>" + c.connections + "</connections>"), scene);
         EXPECT_EQ(connectionsIn(scene), c.kept);
+        EXPECT_EQ(contents.repairs, c.repairs);
     }
+}
+
+TEST(DocumentBuilder, ItemsWithIdsThatCannotBeAreToldOf)
+{
+    GraphScene scene;
+    const DocumentContents contents = readText(
+        documentText("<inputs><input id=\"-3\"/><input id=\"1\"/><input id=\"1000000001\"/></inputs>"
+                     "<outputs><output id=\"1\"/><output/></outputs><notes><note id=\""
+                     + QByteArray(1000, 'x') + "\"/></notes>"),
+        scene);
+    EXPECT_EQ(contents.nodes.size(), 2);
+    EXPECT_EQ(contents.repairs,
+        (QStringList{"4 items were left out, as their ids aren't numbers from 0 to 1000000000: input '-3', "
+                     "input '1000000001', output '', note '"
+                         + QString(34, 'x') + "...",
+            "1 item was given a new id, as another item has the same: 1 is now 2"}));
 }
 
 TEST(DocumentBuilder, TypesThatTheDocumentLeavesOpenFollowTheNameOrTheText)
