@@ -52,7 +52,9 @@ void IONode::warnOfDuplicateHeaderNames()
     }
     QMap<QString, int> counts;
     for (const QString &name : m_dataset.header()) {
-        ++counts[name];
+        if (!name.isEmpty()) { // several columns without a name have none in common
+            ++counts[name];
+        }
     }
     QStringList lines;
     for (auto it = counts.constBegin(); it != counts.constEnd(); ++it) {

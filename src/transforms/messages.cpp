@@ -38,6 +38,11 @@ QString Messages::colsRemoved(qint64 number)
     return number == 0 ? noChanges() : QStringLiteral("%1 %2 removed").arg(count(number), cols(number));
 }
 
+QString Messages::invalidExpression(const QString &pattern, const QString &error)
+{
+    return QStringLiteral("Not a valid regular expression: '%1' (%2)").arg(pattern, error);
+}
+
 QStringList Messages::Examples::lines(const char *one, const char *many) const
 {
     QStringList result = m_texts;

@@ -35,6 +35,9 @@ QString colsAdded(qint64 number);
 /// "2 cols removed", or "No changes" for none.
 QString colsRemoved(qint64 number);
 
+/// What is wrong with a regular expression.
+QString invalidExpression(const QString &pattern, const QString &error);
+
 /// Gathers the first five of many examples, for a list that ends with "+ 7 others".
 class Examples
 {

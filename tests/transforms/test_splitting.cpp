@@ -49,7 +49,7 @@ TEST(TransformSplit, IntoColumnsAndVectors)
             {"Value1", "Value2", "Value3"}, {"a|b|c"}, "3 cols added", {}, {}},
         {"an expression that doesn't compile cuts nothing",
             {{"Delimiter_Type", "Regex delimiter"}, {"Delimiter", "(["}}, {"a(["}, {"Value1"}, {"a(["}, "1 col added",
-            {}, {}},
+            {}, {"Not a valid regular expression: '([' (missing terminating ] for character class)"}},
         {"alphabetic order", {{"Delimiter", " "}, {"Order", "Alphabetic"}}, {"c a b"}, {"Value1", "Value2", "Value3"},
             {"a|b|c"}, "3 cols added", {}, {}},
         {"reverse order of what is left after truncation",

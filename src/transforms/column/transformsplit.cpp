@@ -120,6 +120,10 @@ Dataset TransformSplit::compute(const OptionValues &values, const Inputs &inputs
         addWarning(QStringLiteral("Badly formed '%1' string: %2")
                        .arg(QStringLiteral("Lengths"), task.splitter.faults().join(QStringLiteral(", "))));
     }
+    const TextRegex *invalid = task.into == OneHot ? nullptr : task.splitter.invalidExpression();
+    if (invalid) {
+        addWarning(Messages::invalidExpression(values.text("Delimiter"), invalid->errorString()));
+    }
     if (!task.source.isValid() || cutsByFaultyLengths) {
         setResultText(Messages::noChanges());
         return task.input;

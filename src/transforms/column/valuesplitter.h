@@ -20,6 +20,8 @@ public:
 
     /// What is wrong with a list of lengths; nothing is cut by a bad one.
     const QStringList &faults() const { return m_faults; }
+    /// Null unless the regular expression can't be used, which cuts nothing.
+    const TextRegex *invalidExpression() const { return m_expression.isValid() ? nullptr : &m_expression; }
     QStringList split(const QString &text) const;
     /// Where the parts of a text in storage form begin and end, for a delimiter of text.
     struct Span

@@ -1,6 +1,7 @@
 #include "transforms/format/replacechain.h"
 
 #include "data/dataset.h"
+#include "transforms/messages.h"
 
 #include <algorithm>
 
@@ -140,7 +141,7 @@ void ReplaceChain::replaceByExpression(Step &step, const QString &pattern, const
         step.expression = std::make_unique<RegexReplacer>(pattern, m_caseSensitive);
         step.pattern = pattern;
         if (!step.expression->isValid() && step.invalidText.isEmpty()) {
-            step.invalidText = QStringLiteral("'%1' (%2)").arg(pattern, step.expression->errorString());
+            step.invalidText = Messages::invalidExpression(pattern, step.expression->errorString());
         }
     }
     if (step.expression->isValid()) {
@@ -153,7 +154,7 @@ QStringList ReplaceChain::warnings() const
     QStringList texts;
     for (const Step &step : m_steps) {
         if (!step.invalidText.isEmpty()) {
-            texts.append(QStringLiteral("Not a valid regular expression: ") + step.invalidText);
+            texts.append(step.invalidText);
         }
     }
     return texts;

@@ -72,6 +72,9 @@ private:
         const bool regex = values.choice("Delimiter_Type") == RegexDelimiter;
         const QString delimiter = values.text("Delimiter");
         const TextRegex expression(regex ? delimiter : QString());
+        if (!expression.isValid()) {
+            addWarning(Messages::invalidExpression(delimiter, expression.errorString()));
+        }
         const QString joiner = values.text(regex ? "Output_Delimiter" : "Delimiter");
         const int operation = values.choice("Operation");
         const bool givesList = ListOperations::givesList(operation);
