@@ -10,7 +10,7 @@ void StartUp::applySettings(bool withoutWindow)
     Settings &settings = Settings::current();
     const QLocale locale = settings.locale();
     // A scheduled run has another environment than the person whose settings these are, often none at all.
-    if (!withoutWindow && locale.language() != QLocale::C && !settings.isStored(QStringLiteral("locale"))) {
+    if (!withoutWindow && !settings.isStored(QStringLiteral("locale"))) {
         settings.setLocale(locale);
     }
     if (!settings.totalRowsProcessedStartDate().isValid()) {

@@ -3,7 +3,7 @@
 /// What is settled from the settings before anything is opened.
 namespace StartUp {
 
-/// Locale and date of first use, each stored on a first start.
+/// Locale and date of first use, each stored on a first start; a run without a window stores no locale.
 void applySettings(bool withoutWindow);
 
 } // namespace StartUp

@@ -60,6 +60,13 @@ const QString &outputsKey()
     return key;
 }
 
+/// A run without a locale, as from cron, left "C" in the stores of earlier versions. Nobody chose it, and kept it would
+/// decide how the user's numbers and dates are read.
+bool isLocaleThatNobodyChose(const QString &key, const QVariant &value)
+{
+    return key == QLatin1String("locale") && SettingValue<QLocale>::fromStore(value).language() == QLocale::C;
+}
+
 } // namespace
 
 Settings::Settings()
@@ -164,6 +171,9 @@ QVariant Settings::stored(const QString &key) const
         return *cached;
     }
     QVariant value = m_store->value(key);
+    if (value.isValid() && isLocaleThatNobodyChose(key, value)) {
+        return {};
+    }
     if (value.isValid()) {
         m_cache.insert(key, value);
     }
@@ -172,6 +182,11 @@ QVariant Settings::stored(const QString &key) const
 
 void Settings::store(const QString &key, const QVariant &value)
 {
+    if (isLocaleThatNobodyChose(key, value)) {
+        m_cache.remove(key);
+        m_store->remove(key);
+        return;
+    }
     m_cache.insert(key, value);
     m_store->setValue(key, value);
 }

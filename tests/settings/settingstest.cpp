@@ -102,6 +102,31 @@ TEST(Settings, ValuesOutliveTheObject)
     EXPECT_FALSE(settings.hasTransformDefault(QStringLiteral("Chop"), QStringLiteral("Length")));
 }
 
+TEST(Settings, LocaleOfRunsWithoutOneIsNoChoice)
+{
+    QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("s.ini"));
+    const QString key = QStringLiteral("locale");
+    const QByteArray before = qgetenv("LC_ALL");
+    qputenv("LC_ALL", "de_DE.UTF-8");
+    for (const char *left : {"C", "POSIX", ""}) {
+        SCOPED_TRACE(left);
+        QSettings(file, QSettings::IniFormat).setValue(key, QString::fromLatin1(left));
+        Settings settings(file);
+        EXPECT_FALSE(settings.isStored(key));
+        EXPECT_EQ(settings.locale().name(), QStringLiteral("de_DE"));
+        EXPECT_EQ(settings.dateFormats().first(), QStringLiteral("dd.MM.yy"));
+        settings.setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
+        EXPECT_TRUE(settings.isStored(key));
+        EXPECT_EQ(settings.dateFormats().first(), QStringLiteral("M/d/yyyy"));
+        settings.setLocale(QLocale::c());
+        EXPECT_FALSE(settings.isStored(key));
+        EXPECT_TRUE(settings.sync());
+        EXPECT_FALSE(QSettings(file, QSettings::IniFormat).contains(key));
+    }
+    qputenv("LC_ALL", before);
+}
+
 TEST(Settings, ReadsTheStoreOnceForAKey)
 {
     QTemporaryDir folder;
