@@ -1,5 +1,6 @@
 #include "support/grid.h"
 #include "support/runon.h"
+#include "support/scopedsettings.h"
 #include "transforms/documentcontext.h"
 
 #include <QDate>
@@ -102,6 +103,16 @@ TEST(TransformStamp, NamesTheDocument)
     const Dataset stamped = runOn("Stamp", {{"Format", "'at' $(f)"}}, column("x"));
     DocumentContext::setPath(QString());
     EXPECT_EQ(stamped.value(RowIndex(0), ColumnIndex(0)), "at /home/ann/flow.transform");
+}
+
+TEST(TransformTranspose, RefusesWhatMemoryCannotHold)
+{
+    ScopedSettings settings;
+    settings->setMaxMemoryUsage(1000.0 / (1024 * 1024 * 1024));
+    const TransformRun run = runTransform("Transpose", {}, {grid({"a|b", "1|2", "3|4"})});
+    EXPECT_FALSE(run.result.hasColumns());
+    EXPECT_EQ(run.warnings(), QStringList{"Too many cells (3 cols x 2 rows)"});
+    EXPECT_EQ(run.resultText(), "Too many cells");
 }
 
 TEST(TransformTranspose, TwiceGivesTheTableBack)

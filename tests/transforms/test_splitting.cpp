@@ -232,6 +232,9 @@ TEST(TransformConcatRows, IsAsWideAsAskedForAndComparesCells)
     EXPECT_EQ(one.result.header(), (QStringList{"a", "b", "a", "b", "a", "b"}));
     EXPECT_EQ(one.resultText(), "1 rows concatenated into 1");
 
+    const TransformRun none = runTransform("Concat_Rows", {{"Rows", 3}}, {grid({"a|b"})});
+    EXPECT_EQ(none.result.header(), one.result.header()) << "the width doesn't depend on the rows";
+
     const TransformRun tooWide = runTransform("Concat_Rows", {{"Rows", 999999999}}, {grid({"a|b|c", "1|2|3"})});
     EXPECT_EQ(tooWide.result.columnCount(), 0);
     EXPECT_EQ(tooWide.warnings().size(), 1);

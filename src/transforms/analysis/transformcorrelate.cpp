@@ -5,6 +5,7 @@
 #include "transforms/newcolumn.h"
 #include "transforms/option.h"
 #include "transforms/optionvalues.h"
+#include "transforms/tablesize.h"
 #include "transforms/transform.h"
 
 #include <QSet>
@@ -36,6 +37,12 @@ private:
             addWarning(QStringLiteral("No data"));
             return Dataset();
         }
+        const qint64 cellCount = static_cast<qint64>(columns.size()) * columns.size();
+        if (!TableSize::isPossibleText(cellCount, bytesPerCoefficient)) {
+            addWarning(TableSize::warning(columns.size(), columns.size() + 1));
+            setResultText(TableSize::resultText());
+            return Dataset();
+        }
         QStringList names;
         for (const ColumnIndex column : columns) {
             names.append(input.columnName(column));
@@ -52,6 +59,9 @@ private:
         setResultText(QStringLiteral("Correlation table created"));
         return result;
     }
+
+    /// What a cell of the result takes while the table is made.
+    static constexpr qint64 bytesPerCoefficient = 72;
 
     static CellColumn columnOf(const QStringList &texts)
     {

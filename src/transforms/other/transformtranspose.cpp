@@ -2,6 +2,7 @@
 #include "transforms/newcolumn.h"
 #include "transforms/option.h"
 #include "transforms/optionvalues.h"
+#include "transforms/tablesize.h"
 #include "transforms/transform.h"
 
 /// Turns rows into columns and columns into rows.
@@ -25,6 +26,11 @@ private:
         Dataset copy = *inputs.first();
         if (copy.hasHeader() && copy.hasColumns()) {
             copy.setHasHeader(false);
+        }
+        if (!TableSize::isPossible(copy.columnCount(), copy.rowCount())) {
+            addWarning(TableSize::warning(copy.columnCount(), copy.rowCount()));
+            setResultText(TableSize::resultText());
+            return Dataset();
         }
         Dataset result = turned(copy);
         if (values.flag("Header")) {

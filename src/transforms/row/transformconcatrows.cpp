@@ -65,13 +65,14 @@ private:
         const Dataset &input = *inputs.first();
         const int mode = values.choice("Mode");
         RowStacker stacker(input);
-        if (input.isEmpty() || (mode == ByKey && !values.column("Key_Column").isValid())) {
+        if ((input.isEmpty() && mode != Fixed) || (mode == ByKey && !values.column("Key_Column").isValid())) {
             setResultText(Messages::noChanges());
             return input;
         }
         if (mode == Fixed) {
-            const qint64 width = static_cast<qint64>(values.integer("Rows")) * input.columnCount();
-            const qint64 height = (input.rowCount() - 1) / values.integer("Rows") + 1;
+            const qint64 joined = values.integer("Rows");
+            const qint64 width = joined * input.columnCount();
+            const qint64 height = (input.rowCount() + joined - 1) / joined;
             if (width > INT_MAX || !TableSize::isPossible(height, width)) {
                 addWarning(TableSize::warning(height, width));
                 setResultText(TableSize::resultText());

@@ -1,5 +1,6 @@
 #include "support/grid.h"
 #include "support/runon.h"
+#include "support/scopedsettings.h"
 
 #include <gtest/gtest.h>
 
@@ -65,6 +66,16 @@ TEST(TransformCorrelate, NeedsColumnsAndRows)
     EXPECT_FALSE(none.result.hasColumns());
     EXPECT_EQ(none.warnings(), QStringList{"No data"});
     EXPECT_EQ(none.resultText(), "No changes");
+}
+
+TEST(TransformCorrelate, RefusesWhatMemoryCannotHold)
+{
+    ScopedSettings settings;
+    settings->setMaxMemoryUsage(200.0 / (1024 * 1024 * 1024));
+    const TransformRun run = runTransform("Correlate", all, {grid({"a|b", "1|2"})});
+    EXPECT_FALSE(run.result.hasColumns());
+    EXPECT_EQ(run.warnings(), QStringList{"Too many cells (3 cols x 2 rows)"});
+    EXPECT_EQ(run.resultText(), "Too many cells");
 }
 
 TEST(TransformCorrelate, CutsTheListOfOtherTexts)
