@@ -4,6 +4,7 @@
 #include "graph/graphscene.h"
 #include "inputs/inputnode.h"
 #include "outputs/outputnode.h"
+#include "platform/paths.h"
 
 #include <QFileInfo>
 
@@ -76,7 +77,7 @@ private:
             return QStringLiteral("File '%1' does not exist").arg(m_value);
         }
         m_isKnown = true;
-        input.setPath(file.absoluteFilePath(), source.sheet);
+        input.setPath(platform::resolvedPath(source.file), source.sheet);
         return QString();
     }
 
@@ -88,7 +89,7 @@ private:
         }
         m_isKnown = true;
         InputOptions options = input.options();
-        options.folder.folder = folder.absoluteFilePath();
+        options.folder.folder = platform::resolvedPath(m_value);
         input.setOptions(options);
         input.clearDataset();
         input.setState(NodeState::NeedsProcessing, true);

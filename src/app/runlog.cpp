@@ -1,6 +1,7 @@
 #include "app/runlog.h"
 
 #include "platform/console.h"
+#include "platform/paths.h"
 
 #include <QDebug>
 #include <QDir>
@@ -38,7 +39,7 @@ void RunLog::installMessageHandler(bool quiet)
 
 bool RunLog::open(const QString &path, bool overwrite)
 {
-    auto file = std::make_unique<QFile>(QFileInfo(path).absoluteFilePath());
+    auto file = std::make_unique<QFile>(platform::resolvedPath(path));
     const QIODevice::OpenMode mode = overwrite ? QIODevice::Truncate : QIODevice::Append;
     if (!file->open(QIODevice::WriteOnly | QIODevice::Text | mode)) {
         error(QStringLiteral("Could not open log file at '%1'").arg(path));

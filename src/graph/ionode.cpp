@@ -1,6 +1,8 @@
 #include "graph/ionode.h"
 
 #include "data/values.h"
+#include "platform/paths.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QMap>
@@ -18,7 +20,7 @@ void IONode::setPath(const QString &path, const QString &sheet)
 
 QString IONode::absoluteNativePath(const QString &path)
 {
-    return path.isEmpty() ? QString() : QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
+    return path.isEmpty() ? QString() : QDir::toNativeSeparators(platform::resolvedPath(path));
 }
 
 QString IONode::fileSheetText(const QString &path, const QString &sheet)

@@ -1,5 +1,7 @@
 #include "inputs/filewatch.h"
 
+#include "platform/paths.h"
+
 #include <QFileInfo>
 
 FileWatch::Stamp FileWatch::stamp(const QString &path)
@@ -10,7 +12,7 @@ FileWatch::Stamp FileWatch::stamp(const QString &path)
 
 FileWatch::FileWatch(const QString &path, QObject *parent)
     : QObject(parent)
-    , m_path(QFileInfo(path).absoluteFilePath())
+    , m_path(platform::resolvedPath(path))
     , m_stamp(stamp(m_path))
 {
     connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &FileWatch::onFileChanged);

@@ -1,6 +1,7 @@
 #include "inputs/listinputfiles.h"
 
 #include "graph/ionode.h"
+#include "platform/paths.h"
 #include "settings/settings.h"
 
 #include <QDir>
@@ -54,7 +55,7 @@ private:
         } else if (Settings::isExtensionBlocked(file.suffix(), m_blockedExtensions)) {
             warn("File '%1' extension blocked in 'Preferences>Input Extensions'", file.filePath());
         } else {
-            m_paths.append(file.absoluteFilePath());
+            m_paths.append(platform::resolvedPath(file.filePath()));
         }
     }
 

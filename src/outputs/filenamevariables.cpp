@@ -2,6 +2,7 @@
 
 #include "graph/graphscene.h"
 #include "graph/ionode.h"
+#include "platform/paths.h"
 #include "platform/username.h"
 #include "settings/version.h"
 
@@ -50,7 +51,7 @@ void replaceSource(QString &path, QString &sheet, const FileNameVariables::Sourc
 {
     const QFileInfo file(source.path);
     const QString stem = file.completeBaseName();
-    const QString folder = file.absolutePath();
+    const QString folder = source.path.isEmpty() ? QString() : QFileInfo(platform::resolvedPath(source.path)).path();
     const auto variable = [&source](const char *part) {
         return QLatin1Char('{') + source.alias + QLatin1String(part) + QLatin1Char('}');
     };

@@ -210,6 +210,31 @@ TEST_F(CommandLineRunTest, EveryItemWithTheAliasIsChanged)
     EXPECT_EQ(readFile(path("second.csv")), "a\n7\n");
 }
 
+TEST_F(CommandLineRunTest, FoldersBehindLinksAreLeftAsTheSystemDoes)
+{
+    ASSERT_TRUE(QDir(root()).mkpath(QStringLiteral("far/deep")));
+    ASSERT_TRUE(QFile::link(path("far/deep"), path("link")));
+    writeFile(path("in.csv"), "a\nnear\n");
+    writeFile(path("far/in.csv"), "a\nfar\n");
+    TestDocument document = plain();
+    document.inputs += "<input id=\"3\" medium=\"2\" header=\"1\" multi_file_match=\"in.csv\" alias=\"folder\" "
+                       "multi_file_folder=\""
+                       + encoded(path("link/..")) + "\"/>";
+    document.outputs += outputXml(4, QStringLiteral("all"), path("all.csv"));
+    document.connections += connectionXml(3, 4);
+    writeFile(path("links.transform"), document.xml());
+    const QStringList arguments{"links.transform", "-cli", "-file", "in=link/../in.csv", "-log", "link/../run.log"};
+    EXPECT_EQ(run(arguments).exitCode, 0);
+    EXPECT_EQ(readFile(path("out.csv")), "a\nfar\n");
+    EXPECT_EQ(readFile(path("all.csv")), "a\nfar\n");
+    EXPECT_TRUE(QFile::exists(path("far/run.log")));
+    writeFile(path("all.csv"), "");
+    EXPECT_EQ(run({"flow.transform", "-cli", "-file", "out=link/../{in.lastfolder}.csv"}).exitCode, 0);
+    EXPECT_TRUE(QFile::exists(path("far/") + QDir(root()).dirName() + QStringLiteral(".csv")));
+    EXPECT_EQ(run({"links.transform", "-cli", "-folder", "folder=link/.."}).exitCode, 0);
+    EXPECT_EQ(readFile(path("all.csv")), "a\nfar\n");
+}
+
 TEST_F(CommandLineRunTest, OneFileWrittenTwiceIsTold)
 {
     TestDocument document = plain();
