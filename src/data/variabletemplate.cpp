@@ -1,6 +1,7 @@
 #include "data/variabletemplate.h"
 
 #include "data/dataset.h"
+#include "data/longtext.h"
 
 #include <algorithm>
 #include <cstring>
@@ -109,10 +110,10 @@ bool VariableTemplate::writeDirectly(const Dataset &dataset, RowIndex row, TextB
         if (canBeginVariable(value.bytes(), value.size())) {
             return false; // a value may hold a variable that is still to be replaced
         }
-        out.append(piece.literal.constData(), piece.literal.size());
-        out.append(value.bytes(), value.size());
+        LongText::append(out, piece.literal.constData(), piece.literal.size());
+        LongText::append(out, value.bytes(), value.size());
     }
-    out.append(m_tail.constData(), m_tail.size());
+    LongText::append(out, m_tail.constData(), m_tail.size());
     return true;
 }
 
@@ -121,7 +122,7 @@ QString VariableTemplate::replaceInTurn(const Dataset &dataset, RowIndex row) co
     QString result = m_text;
     for (const Variable &variable : m_variables) {
         if (result.contains(variable.token)) {
-            result.replace(variable.token, dataset.value(row, variable.column));
+            LongText::replace(result, variable.token, dataset.value(row, variable.column), Qt::CaseSensitive);
         }
     }
     return result;

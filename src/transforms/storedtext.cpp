@@ -1,5 +1,7 @@
 #include "transforms/storedtext.h"
 
+#include "data/longtext.h"
+
 // Half a surrogate pair is stored as three bytes, ED A0..AF xx for the first and ED B0..BF xx for the second; the whole
 // character has four.
 static constexpr int halfSize = 3;
@@ -18,7 +20,7 @@ void appendStored(TextBuffer &out, const char *bytes, int size)
 {
     const char *const tail = out.constData() + out.size() - halfSize;
     if (out.size() < halfSize || size < halfSize || !isHalf(tail, 0xA0) || !isHalf(bytes, 0xB0)) {
-        out.append(bytes, size);
+        LongText::append(out, bytes, size);
         return;
     }
     const uint code = 0x10000 + (tenBits(tail) << 10 | tenBits(bytes));
@@ -26,5 +28,5 @@ void appendStored(TextBuffer &out, const char *bytes, int size)
     const char character[] = {static_cast<char>(0xF0 | code >> 18), static_cast<char>(0x80 | (code >> 12 & 0x3F)),
         static_cast<char>(0x80 | (code >> 6 & 0x3F)), static_cast<char>(0x80 | (code & 0x3F))};
     out.append(character, sizeof character);
-    out.append(bytes + halfSize, size - halfSize);
+    LongText::append(out, bytes + halfSize, size - halfSize);
 }

@@ -8,6 +8,9 @@
 #include "transforms/option.h"
 #include "transforms/optionvalues.h"
 
+#include <new>
+#include <stdexcept>
+
 static const CatalogueRow &rowOf(const char *typeName)
 {
     static const CatalogueRow unknown{-1, "", "", Transform::All, 1, 1, false, false, false, nullptr};
@@ -298,6 +301,13 @@ Transform *Transform::clone() const
 
 // The operation
 
+// What is too much for one item is no reason to lose what the others do.
+static void refuseResult(QStringList &warnings, QString &resultText)
+{
+    warnings.append(QStringLiteral("The result is larger than a table or a cell can hold"));
+    resultText = QStringLiteral("Too much text");
+}
+
 Dataset Transform::run(const QList<DataSource *> &inputs, bool *hasIssues)
 {
     m_hasIssues = false;
@@ -313,7 +323,14 @@ Dataset Transform::run(const QList<DataSource *> &inputs, bool *hasIssues)
         return Dataset();
     }
     const RegexWork regexWork;
-    Dataset result = compute(OptionValues(m_parameters), tables);
+    Dataset result;
+    try {
+        result = compute(OptionValues(m_parameters), tables);
+    } catch (const std::bad_alloc &) {
+        refuseResult(m_warnings, m_resultText);
+    } catch (const std::length_error &) {
+        refuseResult(m_warnings, m_resultText);
+    }
     m_warnings += regexWork.warnings();
     if (hasIssues && m_hasIssues) {
         *hasIssues = true;

@@ -1,6 +1,7 @@
 #include "transforms/format/replacechain.h"
 
 #include "data/dataset.h"
+#include "data/longtext.h"
 #include "transforms/messages.h"
 
 #include <algorithm>
@@ -112,7 +113,7 @@ void ReplaceChain::applyStep(
     case ReplaceMode::Text:
         // A variable may have left nothing to look for, and that occurs nowhere rather than between all characters.
         if (!find.isEmpty()) {
-            text.replace(find, with, sensitivity);
+            LongText::replace(text, find, with, sensitivity);
         }
         break;
     case ReplaceMode::ExactText:

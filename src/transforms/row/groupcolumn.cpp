@@ -11,12 +11,9 @@
 #include "transforms/storedtext.h"
 
 #include <cmath>
-#include <new>
 #include <optional>
 
 namespace {
-
-constexpr int largestText = 1 << 30;
 
 /// The cells of the rows that `choose` picks from each group; -1 for an empty cell.
 template<class Choose>
@@ -145,9 +142,6 @@ CellColumn concatenated(const CellColumn &cells, const RowGroups &groups, const 
             const Cell &cell = cells.at(row);
             if ((concatenation.ignoreEmpty && cell.isEmpty()) || !isWanted(row)) {
                 continue;
-            }
-            if (static_cast<qint64>(text.size()) + delimiter.size() + cell.size() > largestText) {
-                throw std::bad_alloc();
             }
             if (!first) {
                 appendStored(text, delimiter.constData(), delimiter.size());

@@ -12,7 +12,7 @@ struct Concatenation
 };
 
 /// A column with one cell for each of `groups`, which is made from the group's cells in `column` of `dataset`. No group
-/// is empty, and rows within a group ascend. Throws std::bad_alloc when a joined text would pass one GiB.
+/// is empty, and rows within a group ascend. Throws std::length_error when no cell could hold a joined text.
 CellColumn groupColumn(const Dataset &dataset, ColumnIndex column, const RowGroups &groups, UniqueMode mode,
     const Concatenation &concatenation);
 

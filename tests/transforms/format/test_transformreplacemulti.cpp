@@ -177,3 +177,11 @@ TEST(RegexReplacer, LeavesTextsThatAreNotWellFormed)
     EXPECT_FALSE(replacer.replace(text, "b"));
     EXPECT_EQ(text, before);
 }
+
+TEST(TransformReplaceMulti, TextsTooLongForACellEndTheItemAlone)
+{
+    const TransformRun run = replace({{Text, "x", QString(1100, 'y')}}, column({QString(1 << 20, 'x')}));
+    EXPECT_FALSE(run.result.hasColumns());
+    EXPECT_EQ(run.warnings(), QStringList{"The result is larger than a table or a cell can hold"});
+    EXPECT_EQ(run.resultText(), "Too much text");
+}
