@@ -1,5 +1,6 @@
 #include "support/grid.h"
 #include "support/runon.h"
+#include "support/scopedsettings.h"
 
 #include <gtest/gtest.h>
 
@@ -102,4 +103,27 @@ TEST(TransformJoin, FollowsTheInputsOnTheCanvas)
     bool issues = false;
     const Dataset swapped = run.transform->run({&bottom, &top}, &issues);
     EXPECT_EQ(rows(swapped), QStringList{"x|p|1"});
+}
+
+TEST(TransformJoin, StopsWhereMemoryEnds)
+{
+    ScopedSettings settings;
+    settings->setMaxMemoryUsage(1.0 / 64);
+    QStringList lines{"k"};
+    for (int i = 0; i < 2048; ++i) {
+        lines.append("1");
+    }
+    const OptionSettings byKey{{"Column_1", 1}, {"Column_2", 1}};
+    const TransformRun pairs = runTransform("Join", byKey, {grid(lines), grid(lines)});
+    EXPECT_FALSE(pairs.result.hasColumns());
+    EXPECT_EQ(pairs.warnings(), QStringList{"Too many cells (2 cols x 1,048,576 rows)"}) << "of 4,194,304 rows";
+    EXPECT_EQ(pairs.resultText(), "Too many rows");
+
+    Dataset wide;
+    wide.setColumnCount(2000);
+    wide.appendRow({"x"});
+    const OptionSettings byRow{
+        {"By", "Row number"}, {"Include_Non_Matching_1", true}, {"Include_Non_Matching_2", true}};
+    const TransformRun rows = runTransform("Join", byRow, {wide, grid(lines)});
+    EXPECT_EQ(rows.warnings(), QStringList{"Too many cells (2,001 cols x 2,048 rows)"});
 }

@@ -102,7 +102,6 @@ private:
         bool tooMany = false;
     };
     static constexpr int keysAtOnce = 512;
-    static constexpr int mostPairs = 400000000;
     /// A key that many rows share makes pairs faster than rows go by; memory is looked at in between.
     static constexpr int pairsPerReport = 1 << 20;
 
@@ -118,13 +117,10 @@ private:
         const CellColumn topKeys = keyColumn(top.column(topKey), caseSensitive);
         const KeyIndex index(keyColumn(bottom.column(bottomKey), caseSensitive));
 
-        Pairs pairs = pairRows(topKeys, index);
-        const qint64 pairCount = pairs.top.size();
         const int width = top.columnCount() + bottom.columnCount();
-        if (pairs.tooMany || !TableSize::isPossible(pairCount, width)) {
-            addWarning(TableSize::warning(pairCount, width));
-            setResultText(QStringLiteral("Too many rows"));
-            return Dataset();
+        Pairs pairs = pairRows(topKeys, index, width);
+        if (pairs.tooMany) {
+            return tooManyRows(pairs.top.size(), width);
         }
         if (values.flag(QStringLiteral("Include_Non_Matching_1"))) {
             appendUnmatched(pairs.topMatched, pairs.top, pairs.bottom);
@@ -132,6 +128,9 @@ private:
         const int firstBottomOnly = pairs.top.size();
         if (values.flag(QStringLiteral("Include_Non_Matching_2"))) {
             appendUnmatched(pairs.bottomMatched, pairs.bottom, pairs.top);
+        }
+        if (!TableSize::isPossible(pairs.top.size(), width)) {
+            return tooManyRows(pairs.top.size(), width);
         }
 
         Dataset result = sideBySide(top, bottom, pairs, bottomKey);
@@ -145,7 +144,15 @@ private:
         return result;
     }
 
-    Pairs pairRows(const CellColumn &topKeys, const KeyIndex &index)
+    Dataset tooManyRows(qint64 rows, qint64 columns)
+    {
+        addWarning(TableSize::warning(rows, columns));
+        setResultText(QStringLiteral("Too many rows"));
+        return Dataset();
+    }
+
+    /// Stops, with `tooMany`, where the table of `width` columns would be too large.
+    Pairs pairRows(const CellColumn &topKeys, const KeyIndex &index, int width)
     {
         Pairs pairs;
         const int topCount = topKeys.size();
@@ -174,11 +181,12 @@ private:
                 }
                 if (pairs.top.size() % pairsPerReport == 0) {
                     emit processed(static_cast<qreal>(row) / topCount);
+                    // A pair takes as much as one more cell of its row.
+                    pairs.tooMany = !TableSize::isPossible(pairs.top.size(), width + 1);
+                    if (pairs.tooMany) {
+                        return pairs;
+                    }
                 }
-            }
-            if (pairs.top.size() > mostPairs) {
-                pairs.tooMany = true;
-                break;
             }
         }
         pairs.joined = pairs.top.size();
@@ -237,6 +245,10 @@ private:
                              : allTop            ? top.rowCount()
                              : allBottom         ? bottom.rowCount()
                                                  : least;
+        const int width = top.columnCount() + bottom.columnCount();
+        if (!TableSize::isPossible(rowCount, width)) {
+            return tooManyRows(rowCount, width);
+        }
         Pairs pairs;
         for (int row = 0; row < rowCount; ++row) {
             reportRow(row, rowCount);
