@@ -11,6 +11,7 @@
 #include "inputs/inputnode.h"
 #include "outputs/outputdefaults.h"
 #include "outputs/outputnode.h"
+#include "panes/dialogs/prompts.h"
 #include "panes/dialogs/textlabeldialog.h"
 #include "platform/desktop.h"
 #include "settings/product.h"
@@ -20,7 +21,6 @@
 
 #include <QDebug>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QStyleFactory>
 #include <QTextCodec>
 #include <algorithm>
@@ -49,6 +49,7 @@ static constexpr int optimizeForSpeed = 1;
 
 Application::Application(int &argc, char **argv, Mode mode)
     : QApplication(argc, argv)
+    , m_prompts(std::make_unique<Prompts>(nullptr))
     , m_memoryReserve(std::malloc(reserveSize))
     , m_applicationDir(applicationDirPath())
 {
@@ -167,6 +168,11 @@ const QStringList &Application::codecNames()
     return m_codecNames;
 }
 
+void Application::setPrompts(std::unique_ptr<Prompts> prompts)
+{
+    m_prompts = std::move(prompts);
+}
+
 bool Application::reopenSettingsAsIni()
 {
     return m_settings->reopenAsIni(m_applicationDir.filePath(QString::fromLatin1(Product::iniFileName)));
@@ -202,7 +208,7 @@ void Application::closeAfter(const ExceptionReport &report)
         m_mainWindow->releaseDatasets();
     }
     qWarning().noquote() << report.logLine;
-    QMessageBox::critical(nullptr, productName(), report.message, QMessageBox::Ok);
+    m_prompts->critical(report.message);
     if (m_mainWindow) {
         m_mainWindow->saveRecoveryNow();
     }

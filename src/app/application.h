@@ -8,6 +8,7 @@
 
 class Colors;
 class MainWindow;
+class Prompts;
 class Settings;
 class TextLabelDialog;
 class Transform;
@@ -55,6 +56,8 @@ public:
 
     /// The window that is told when the program has to close; null when it goes.
     void setMainWindow(MainWindow *window) { m_mainWindow = window; }
+    /// How a person is told why the program has to close.
+    void setPrompts(std::unique_ptr<Prompts> prompts);
     /// Lets queued events in; long work calls it now and then.
     static void keepAlive();
     bool notify(QObject *receiver, QEvent *event) override;
@@ -73,6 +76,7 @@ private:
     void closeAfter(const ExceptionReport &report);
 
     std::unique_ptr<Settings> m_settings;
+    std::unique_ptr<Prompts> m_prompts;
     QFont m_defaultFont;
     QList<Transform *> m_transforms;
     QStringList m_codecNames;

@@ -2,6 +2,7 @@
 
 #include "graph/graphscene.h"
 #include "outputs/filenamevariables.h"
+#include "panes/dialogs/prompts.h"
 #include "settings/settings.h"
 
 #include <QCheckBox>
@@ -10,14 +11,12 @@
 #include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QDir>
-#include <QFileDialog>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
@@ -47,8 +46,9 @@ QHBoxLayout *row(std::initializer_list<QWidget *> widgets)
 } // namespace
 
 CommandLineDialog::CommandLineDialog(
-    const GraphScene &scene, const QString &documentPath, bool isModified, QWidget *parent)
-    : QDialog(parent)
+    const GraphScene &scene, const QString &documentPath, bool isModified, Prompts &prompts)
+    : QDialog(prompts.window())
+    , m_prompts(prompts)
     , m_items(commandLineItems(scene))
     , m_documentPath(documentPath)
     , m_isModified(isModified)
@@ -221,8 +221,7 @@ void CommandLineDialog::onLoopAliasChanged()
 
 void CommandLineDialog::onBrowseFolder()
 {
-    const QString folder = QFileDialog::getExistingDirectory(
-        this, QStringLiteral("Select folder"), m_loopFolder->text());
+    const QString folder = m_prompts.openFolder({QStringLiteral("Select folder"), m_loopFolder->text(), QString()});
     if (!folder.isEmpty()) {
         m_loopFolder->setText(QDir::toNativeSeparators(folder));
     }
@@ -230,8 +229,8 @@ void CommandLineDialog::onBrowseFolder()
 
 void CommandLineDialog::onBrowseLog()
 {
-    const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Log file"), m_logPath->text(),
-        QStringLiteral("Log files (*.log);;All Files (*)"), nullptr, QFileDialog::DontConfirmOverwrite);
+    const QString path = m_prompts.saveFile(
+        {QStringLiteral("Log file"), m_logPath->text(), QStringLiteral("Log files (*.log);;All Files (*)"), false});
     if (!path.isEmpty()) {
         m_logPath->setText(QDir::toNativeSeparators(path));
     }
@@ -239,15 +238,14 @@ void CommandLineDialog::onBrowseLog()
 
 void CommandLineDialog::onHelpRequested()
 {
-    QMessageBox::information(this, windowTitle(),
-        QStringLiteral(
-            "The command runs the saved document without a window.\n\n"
-            "-file \"alias=path\" and -folder \"alias=path\" put another file or folder in the place of that of the "
-            "item with this alias. Leave one out to use the document's own.\n\n"
-            "-verbosity sets how much is reported, from 0 to 4. -log writes the report to a file as well, behind what "
-            "is there, or anew with -overwrite.\n\n"
-            "The exit code is 0 when all went well, 1 when an item failed, and 255 when the command or the document "
-            "can't be used."));
+    m_prompts.information(QStringLiteral(
+        "The command runs the saved document without a window.\n\n"
+        "-file \"alias=path\" and -folder \"alias=path\" put another file or folder in the place of that of the "
+        "item with this alias. Leave one out to use the document's own.\n\n"
+        "-verbosity sets how much is reported, from 0 to 4. -log writes the report to a file as well, behind what "
+        "is there, or anew with -overwrite.\n\n"
+        "The exit code is 0 when all went well, 1 when an item failed, and 255 when the command or the document "
+        "can't be used."));
 }
 
 void CommandLineDialog::onCopy()

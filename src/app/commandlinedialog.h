@@ -5,6 +5,7 @@
 #include <QDialog>
 
 class GraphScene;
+class Prompts;
 class QCheckBox;
 class QComboBox;
 class QGroupBox;
@@ -20,7 +21,7 @@ class CommandLineDialog : public QDialog
     Q_OBJECT
 
 public:
-    CommandLineDialog(const GraphScene &scene, const QString &documentPath, bool isModified, QWidget *parent = nullptr);
+    CommandLineDialog(const GraphScene &scene, const QString &documentPath, bool isModified, Prompts &prompts);
 
     void done(int result) override;
 
@@ -39,6 +40,7 @@ private:
     void buildText();
     CommandLineTextOptions options() const;
 
+    Prompts &m_prompts;
     const QList<CommandLineItem> m_items;
     const QString m_documentPath;
     const bool m_isModified;

@@ -8,40 +8,28 @@
 #include "app/recoveryfile.h"
 #include "graph/graphscene.h"
 #include "graph/waitcursor.h"
+#include "panes/dialogs/prompts.h"
 #include "settings/product.h"
 #include "settings/settings.h"
 
 #include <QDebug>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QLocale>
-#include <QMessageBox>
-#include <QPushButton>
 
 namespace {
 
 const char *const fileFilter = "Quillmere (*.transform)";
 
-QString productName()
-{
-    return QString::fromLatin1(Product::name);
-}
-
-QFileDialog::Options dialogOptions()
-{
-    return Settings::current().useNativeFileDialogs() ? QFileDialog::Options() : QFileDialog::DontUseNativeDialog;
-}
-
 } // namespace
 
 DocumentCommands::DocumentCommands(Application &application, DocumentSession &session, RecentDocuments &recent,
-    QWidget &window, const QStringList &overrides)
-    : QObject(&window)
+    Prompts &prompts, const QStringList &overrides, QObject *parent)
+    : QObject(parent)
     , m_application(application)
     , m_session(session)
     , m_recent(recent)
-    , m_window(window)
+    , m_prompts(prompts)
     , m_overrides(overrides)
 {
 }
@@ -51,17 +39,12 @@ bool DocumentCommands::isBusy() const
     return m_session.scene().isProcessing();
 }
 
-void DocumentCommands::critical(const QString &text)
-{
-    QMessageBox::critical(&m_window, productName(), text);
-}
-
 bool DocumentCommands::maybeSave()
 {
     if (!m_session.isModified()) {
         return true;
     }
-    const auto answer = QMessageBox::question(&m_window, productName(), QStringLiteral("Save changes?"),
+    const auto answer = m_prompts.ask(QMessageBox::Question, QStringLiteral("Save changes?"),
         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Cancel);
     if (answer == QMessageBox::Save) {
         return save();
@@ -93,8 +76,7 @@ void DocumentCommands::onOpen()
     if (isBusy() || !maybeSave()) {
         return;
     }
-    const QString path = QFileDialog::getOpenFileName(
-        &m_window, QString(), m_application.lastDocDir(), QString::fromLatin1(fileFilter), nullptr, dialogOptions());
+    const QString path = m_prompts.openFile({QString(), m_application.lastDocDir(), QString::fromLatin1(fileFilter)});
     QCoreApplication::processEvents();
     if (!path.isEmpty() && openDocument(path)) {
         RecoveryFile::remove();
@@ -107,7 +89,7 @@ void DocumentCommands::onOpenPath(const QString &path)
         return;
     }
     if (!QFileInfo::exists(path)) {
-        critical(QStringLiteral("'%1' not found.").arg(QDir::toNativeSeparators(path)));
+        m_prompts.critical(QStringLiteral("'%1' not found.").arg(QDir::toNativeSeparators(path)));
         emit recentChanged();
         return;
     }
@@ -127,7 +109,7 @@ bool DocumentCommands::takeFile(const QString &path)
     if (RecoveryFile::isRecoveryFile(path) || m_session.hold(path)) {
         return true;
     }
-    const auto answer = QMessageBox::warning(&m_window, productName(),
+    const auto answer = m_prompts.ask(QMessageBox::Warning,
         QStringLiteral(
             "Cannot open '%1' to write.\nYou may have insufficient access, it may be read-only or it may be open "
             "in another application.\nOpen it read-only and select 'File'>Save as...' to save it to a different "
@@ -162,22 +144,21 @@ bool DocumentCommands::openDocument(const QString &givenPath)
     }
     if (!isLoaded) {
         holdAgain();
-        critical(QStringLiteral("Unable to open '%1': %2").arg(QDir::toNativeSeparators(path), error));
+        m_prompts.critical(QStringLiteral("Unable to open '%1': %2").arg(QDir::toNativeSeparators(path), error));
         return false;
     }
     setDocumentLocale(loaded.locale);
     if (!loaded.notAdded.isEmpty()) {
-        QMessageBox::warning(&m_window, productName(), loaded.notAdded);
+        m_prompts.warning(loaded.notAdded);
     }
     if (!loaded.repairs.isEmpty()) {
-        QMessageBox::warning(&m_window, productName(),
-            QStringLiteral("This document had faults and was opened with these changes:\n%1")
-                .arg(loaded.repairs.join(QLatin1Char('\n'))));
+        m_prompts.warning(QStringLiteral("This document had faults and was opened with these changes:\n%1")
+                              .arg(loaded.repairs.join(QLatin1Char('\n'))));
     }
     bool changed = loaded.relocated;
-    changed |= OpeningQuestions::replaceMissingInputs(m_session.scene(), path, &m_window);
+    changed |= OpeningQuestions::replaceMissingInputs(m_session.scene(), path, m_prompts);
     bool autoRun = loaded.autoRunOn;
-    changed |= OpeningQuestions::guardOutputs(m_session.scene(), path, autoRun, &m_window);
+    changed |= OpeningQuestions::guardOutputs(m_session.scene(), path, autoRun, m_prompts);
     setCurrentPath(path);
     m_session.scene().clearSelection();
     const OverrideResult overridden = applyOverrides(m_overrides, m_session.scene());
@@ -202,7 +183,7 @@ void DocumentCommands::setDocumentLocale(const QString &name)
     QLocale::setDefault(locale);
     emit localeChanged();
     if (Settings::current().warnOnLocaleChange()) {
-        QMessageBox::information(&m_window, productName(),
+        m_prompts.information(
             QStringLiteral("The locale has changed to %1.\nYou can turn off this warning in 'Preferences'.")
                 .arg(QStringLiteral("%1/%2").arg(
                     QLocale::languageToString(locale.language()), QLocale::countryToString(locale.country()))));
@@ -214,7 +195,7 @@ void DocumentCommands::tellOfLoss(const LoadedDocument &loaded)
     if (!loaded.laterVersion) {
         return;
     }
-    const auto answer = QMessageBox::warning(&m_window, productName(),
+    const auto answer = m_prompts.ask(QMessageBox::Warning,
         QStringLiteral(
             "This document was created with a later version of the software.\nSome information may not be readable "
             "and information may be lost if you overwrite the existing document.\nIt is recommended that you click "
@@ -262,8 +243,7 @@ bool DocumentCommands::saveAs()
     const QString proposal = m_session.path().isEmpty()
                                  ? QDir(m_application.lastDocDir()).filePath(QStringLiteral("MyTransform") + suffix)
                                  : current.dir().filePath(current.completeBaseName() + suffix);
-    QString path = QFileDialog::getSaveFileName(
-        &m_window, QStringLiteral("Save"), proposal, QString::fromLatin1(fileFilter), nullptr, dialogOptions());
+    QString path = m_prompts.saveFile({QStringLiteral("Save"), proposal, QString::fromLatin1(fileFilter)});
     if (path.isEmpty()) {
         return false;
     }
@@ -277,15 +257,16 @@ bool DocumentCommands::saveAs()
     }
     const QFileInfo target(path);
     if (!target.absoluteDir().exists()) {
-        critical(QStringLiteral("Folder '%1' does not exist.").arg(QDir::toNativeSeparators(target.absolutePath())));
+        m_prompts.critical(
+            QStringLiteral("Folder '%1' does not exist.").arg(QDir::toNativeSeparators(target.absolutePath())));
         return false;
     }
     m_session.releaseHold();
     if (!m_session.hold(path)) {
-        critical(QStringLiteral(
+        m_prompts.critical(QStringLiteral(
             "Cannot open '%1' to write.\nYou may have insufficient access, it may be read-only or it may be "
             "open in another application.")
-                     .arg(QDir::toNativeSeparators(path)));
+                               .arg(QDir::toNativeSeparators(path)));
         return false;
     }
     return saveToPath(path);
@@ -293,8 +274,9 @@ bool DocumentCommands::saveAs()
 
 bool DocumentCommands::confirmReplacing(const QString &path)
 {
-    return QMessageBox::question(&m_window, productName(),
-               QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(QDir::toNativeSeparators(path)))
+    return m_prompts.ask(QMessageBox::Question,
+               QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(QDir::toNativeSeparators(path)),
+               QMessageBox::Yes | QMessageBox::No)
            == QMessageBox::Yes;
 }
 
@@ -309,7 +291,7 @@ bool DocumentCommands::saveToPath(const QString &path)
         isSaved = m_session.save(path, error);
     }
     if (!isSaved) {
-        critical(QStringLiteral("Unable to save '%1'. %2").arg(native, error));
+        m_prompts.critical(QStringLiteral("Unable to save '%1'. %2").arg(native, error));
         return false;
     }
     setCurrentPath(path);

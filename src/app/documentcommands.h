@@ -5,8 +5,8 @@
 
 class Application;
 class DocumentSession;
+class Prompts;
 class RecentDocuments;
-class QWidget;
 struct LoadedDocument;
 
 /// New, Open, Save and what goes with them: asks, opens and saves, and tells the user what went wrong. Each command is
@@ -16,9 +16,9 @@ class DocumentCommands : public QObject
     Q_OBJECT
 
 public:
-    /// Boxes open over `window`. `overrides` are applied to the first document opened.
-    DocumentCommands(Application &application, DocumentSession &session, RecentDocuments &recent, QWidget &window,
-        const QStringList &overrides);
+    /// `overrides` are applied to the first document opened.
+    DocumentCommands(Application &application, DocumentSession &session, RecentDocuments &recent, Prompts &prompts,
+        const QStringList &overrides, QObject *parent);
 
     /// True when the document may be closed: it is saved, or the user lets it go.
     bool maybeSave();
@@ -59,11 +59,10 @@ private:
     void setDocumentLocale(const QString &name);
     void tellOfLoss(const LoadedDocument &loaded);
     bool isBusy() const;
-    void critical(const QString &text);
 
     Application &m_application;
     DocumentSession &m_session;
     RecentDocuments &m_recent;
-    QWidget &m_window;
+    Prompts &m_prompts;
     QStringList m_overrides;
 };

@@ -14,18 +14,17 @@
 #include "graph/waitcursor.h"
 #include "outputs/outputnode.h"
 #include "panes/dialogs/insufficientmemorydialog.h"
+#include "panes/dialogs/prompts.h"
 #include "panes/dialogs/texteditdlg.h"
 #include "panes/graphpane.h"
 #include "panes/logpane.h"
 #include "panes/statusbar.h"
 #include "platform/desktop.h"
-#include "settings/product.h"
 #include "settings/settings.h"
 
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QScreen>
 #include <QSplitter>
 #include <QStyle>
@@ -36,20 +35,18 @@ namespace {
 
 constexpr QSize firstSize(1400, 900);
 
-QString productName()
-{
-    return QString::fromLatin1(Product::name);
-}
-
 } // namespace
 
-MainWindow::MainWindow(Application &application, const CommandLine &commandLine, RunLog &log)
+MainWindow::MainWindow(Application &application, const CommandLine &commandLine, RunLog &log, Prompts *prompts)
     : m_application(application)
     , m_commandLineOptions(commandLine)
     , m_log(log)
+    , m_ownPrompts(prompts ? nullptr : new Prompts(this))
+    , m_prompts(prompts ? *prompts : *m_ownPrompts)
     , m_session(m_scene)
     , m_recentDocuments(application.applicationDir().absolutePath())
-    , m_documents(new DocumentCommands(application, m_session, m_recentDocuments, *this, commandLine.overrides))
+    , m_documents(
+          new DocumentCommands(application, m_session, m_recentDocuments, m_prompts, commandLine.overrides, this))
 {
     if (application.settings().uiFont() != QApplication::font()) {
         QApplication::setFont(application.settings().uiFont());
@@ -152,19 +149,16 @@ void MainWindow::connectScene()
     connect(&m_scene, &GraphScene::showTempMessage, m_statusBar, &StatusBar::onShowMessage);
     connect(&m_scene, &GraphScene::showLogMessage, m_logPane, &LogPane::onShowLogMessage);
     connect(&m_scene, &GraphScene::showProgress, m_statusBar, &StatusBar::onShowProgress);
-    connect(&m_scene, &GraphScene::showWarningMessage, this,
-        [this](const QString &text) { QMessageBox::warning(this, productName(), text); });
-    connect(&m_scene, &GraphScene::showCriticalMessage, this,
-        [this](const QString &text) { QMessageBox::critical(this, productName(), text); });
+    connect(&m_scene, &GraphScene::showWarningMessage, this, [this](const QString &text) { m_prompts.warning(text); });
+    connect(
+        &m_scene, &GraphScene::showCriticalMessage, this, [this](const QString &text) { m_prompts.critical(text); });
     connect(&m_application, &Application::heartBeat, m_statusBar, &StatusBar::onHeartBeat);
     GraphHooks &hooks = GraphHooks::instance();
-    hooks.ask = [this](const QString &text) {
-        return QMessageBox::question(this, productName(), text, QMessageBox::Ok | QMessageBox::Cancel)
-               == QMessageBox::Ok;
-    };
+    hooks.ask = [this](const QString &text) { return m_prompts.confirm(text); };
     OutputNode::setConfirmation([this](const QString &title, const QString &text) {
         const WaitCursorPause pause;
-        return TextEditDlg(title, text, this).exec() == QDialog::Accepted;
+        TextEditDlg dialog(title, text, this);
+        return m_prompts.exec(dialog) == QDialog::Accepted;
     });
     hooks.showTip = [this](const QString &key, const QString &title, const QString &text, int milliseconds) {
         Tips::showOnce(key, title, text, milliseconds, m_graphPane);
@@ -203,11 +197,10 @@ void MainWindow::onStarted()
         m_documents->openDocument(path);
     }
     if (settings.isIni() && !settings.isWritable()) {
-        QMessageBox::critical(this, productName(),
-            QStringLiteral(
-                "Cannot write preferences to '%1'.\nMake sure the file and folder have write permission\nor store "
-                "'Preferences' in the %2.")
-                .arg(QDir::toNativeSeparators(settings.fileName()), platform::settingsStoreName()));
+        m_prompts.critical(QStringLiteral(
+            "Cannot write preferences to '%1'.\nMake sure the file and folder have write permission\nor store "
+            "'Preferences' in the %2.")
+                               .arg(QDir::toNativeSeparators(settings.fileName()), platform::settingsStoreName()));
     }
 }
 
@@ -228,11 +221,8 @@ void MainWindow::restoreLayout()
 QString MainWindow::documentToStartWith()
 {
     if (RecoveryFile::canBeOffered()) {
-        const auto answer = QMessageBox::question(this, productName(),
-            QStringLiteral("An automatic recovery file was created %1 ago. Do you wish to open it?")
-                .arg(RecoveryFile::ageText()),
-            QMessageBox::Ok | QMessageBox::Cancel);
-        if (answer == QMessageBox::Ok) {
+        if (m_prompts.confirm(QStringLiteral("An automatic recovery file was created %1 ago. Do you wish to open it?")
+                                  .arg(RecoveryFile::ageText()))) {
             return RecoveryFile::path();
         }
     }
@@ -284,7 +274,7 @@ bool MainWindow::raiseMemoryCeiling(double used, double limit)
 {
     const WaitCursorPause pause;
     InsufficientMemoryDialog dialog(used, limit, isWindowModified(), this);
-    dialog.exec();
+    m_prompts.exec(dialog);
     if (dialog.isExitChosen()) {
         return false;
     }

@@ -7,11 +7,13 @@
 #include "graph/graphscene.h"
 
 #include <QMainWindow>
+#include <memory>
 
 class Application;
 class DocumentCommands;
 class GraphPane;
 class LogPane;
+class Prompts;
 class QSplitter;
 class RunLog;
 class StatusBar;
@@ -22,7 +24,8 @@ class MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    MainWindow(Application &application, const CommandLine &commandLine, RunLog &log);
+    /// Asks by `prompts`, or by boxes of its own if that is null.
+    MainWindow(Application &application, const CommandLine &commandLine, RunLog &log, Prompts *prompts = nullptr);
     ~MainWindow() override;
 
     /// Shows the window; the document to begin with opens from the event loop, where exceptions are taken care of.
@@ -85,6 +88,8 @@ private:
     Application &m_application;
     const CommandLine m_commandLineOptions;
     RunLog &m_log;
+    const std::unique_ptr<Prompts> m_ownPrompts;
+    Prompts &m_prompts;
     GraphScene m_scene;
     DocumentSession m_session;
     RecentDocuments m_recentDocuments;

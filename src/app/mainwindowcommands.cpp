@@ -10,6 +10,7 @@
 #include "graph/runcontrol.h"
 #include "graph/undostep.h"
 #include "inputs/clipboardtext.h"
+#include "panes/dialogs/prompts.h"
 #include "panes/graphpane.h"
 #include "panes/logpane.h"
 #include "panes/statusbar.h"
@@ -17,7 +18,6 @@
 #include "settings/settings.h"
 
 #include <QClipboard>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QMenu>
@@ -36,11 +36,6 @@ namespace {
 
 constexpr int milestoneMs = 20000;
 constexpr int tipMs = 4000;
-
-QString productName()
-{
-    return QString::fromLatin1(Product::name);
-}
 
 } // namespace
 
@@ -96,7 +91,7 @@ void MainWindow::onFileNewWindowAction()
 void MainWindow::onFileCommandLineAction()
 {
     if (!m_scene.isProcessing()) {
-        CommandLineDialog(m_scene, m_session.path(), m_session.isModified(), this).exec();
+        CommandLineDialog(m_scene, m_session.path(), m_session.isModified(), m_prompts).exec();
     }
 }
 
@@ -164,9 +159,8 @@ void MainWindow::onEditSnapToGridToggled(bool on)
 
 void MainWindow::onInputFromFileAction()
 {
-    const QStringList paths = QFileDialog::getOpenFileNames(this, QStringLiteral("Input From File"),
-        m_application.lastDataDir(), m_application.settings().inputFileFilter(), nullptr,
-        m_application.settings().useNativeFileDialogs() ? QFileDialog::Options() : QFileDialog::DontUseNativeDialog);
+    const QStringList paths = m_prompts.openFiles(
+        {QStringLiteral("Input From File"), m_application.lastDataDir(), m_application.settings().inputFileFilter()});
     if (!paths.isEmpty()) {
         m_application.setLastDataDir(QFileInfo(paths.first()).absolutePath());
         m_scene.addInputsFromPaths(paths);
@@ -189,7 +183,7 @@ void MainWindow::addClipboardInput(const QPointF &position)
     }
     const QString text = clipboardText(mimeData);
     if (text.isEmpty()) {
-        QMessageBox::information(this, productName(), QStringLiteral("Data type pasted not recognized."));
+        m_prompts.information(QStringLiteral("Data type pasted not recognized."));
         return;
     }
     m_scene.addInputFromClipboard(text, position);
@@ -210,11 +204,10 @@ void MainWindow::onUpdateZoomActions()
 
 void MainWindow::onAbout()
 {
-    QMessageBox::about(this, productName(),
-        QStringLiteral(
-            "<b>%1</b><p>Cleans, reshapes, merges, checks and converts tables.<p>%2<p>Free software under the GNU "
-            "General Public License, version 3 or later.")
-            .arg(ProgramInfo::nameAndVersion(), ProgramInfo::build()));
+    m_prompts.about(QStringLiteral(
+        "<b>%1</b><p>Cleans, reshapes, merges, checks and converts tables.<p>%2<p>Free software under the GNU "
+        "General Public License, version 3 or later.")
+                        .arg(ProgramInfo::nameAndVersion(), ProgramInfo::build()));
 }
 
 // Runs

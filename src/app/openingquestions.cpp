@@ -5,16 +5,12 @@
 #include "graph/graphscene.h"
 #include "inputs/inputnode.h"
 #include "outputs/outputnode.h"
-#include "settings/product.h"
+#include "panes/dialogs/prompts.h"
 #include "settings/settings.h"
 
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QHash>
-#include <QInputDialog>
-#include <QMessageBox>
-#include <QPushButton>
 #include <algorithm>
 
 namespace {
@@ -22,19 +18,14 @@ namespace {
 constexpr int mostMissing = 5;
 constexpr int mostWritten = 20;
 
-QString productName()
-{
-    return QString::fromLatin1(Product::name);
-}
-
 /// Asks for other sources in the place of those that inputs of one medium name and that are gone.
 class MissingSources
 {
 public:
-    MissingSources(GraphScene &scene, int medium, const QString &documentPath, QWidget *window)
+    MissingSources(GraphScene &scene, int medium, const QString &documentPath, Prompts &prompts)
         : m_medium(medium)
         , m_documentPath(documentPath)
-        , m_window(window)
+        , m_prompts(prompts)
     {
         for (IONode *node : scene.inputNodes()) {
             auto *input = qobject_cast<InputNode *>(node);
@@ -90,8 +81,7 @@ private:
                 : QStringLiteral(
                     "The following %1 input %2s cannot be found:\n\n%3\n\nDo you wish to choose new input %2s?")
                       .arg(formatInteger(m_paths.size(), true), kind, list);
-        return QMessageBox::question(m_window, productName(), text, QMessageBox::Ok | QMessageBox::Cancel)
-               == QMessageBox::Ok;
+        return m_prompts.confirm(text);
     }
 
     QString ask(const InputNode &input) const
@@ -101,13 +91,10 @@ private:
         if (pathOf(input).isEmpty() || !QFileInfo(folder).isDir()) {
             folder = QFileInfo(m_documentPath).absolutePath();
         }
-        const QFileDialog::Options options = Settings::current().useNativeFileDialogs()
-                                                 ? QFileDialog::Options()
-                                                 : QFileDialog::DontUseNativeDialog;
         if (isFolder()) {
-            return QFileDialog::getExistingDirectory(m_window, caption, folder, options | QFileDialog::ShowDirsOnly);
+            return m_prompts.openFolder({caption, folder, QString()});
         }
-        return QFileDialog::getOpenFileName(m_window, caption, folder, filterFor(input), nullptr, options);
+        return m_prompts.openFile({caption, folder, filterFor(input)});
     }
 
     /// The extensions of the input's type first.
@@ -134,12 +121,10 @@ private:
         for (const int readable : FileType::inputTypes()) {
             labels.append(FileType::label(readable));
         }
-        bool isChosen = false;
-        const QString label = QInputDialog::getItem(m_window, productName(),
-            QStringLiteral("Select a file type for '%1' (previously '%2')")
-                .arg(QDir::toNativeSeparators(path), FileType::label(oldType)),
-            labels, labels.indexOf(FileType::label(type)), false, &isChosen);
-        return isChosen ? FileType::inputTypes().at(labels.indexOf(label)) : oldType;
+        const int chosen = m_prompts.chooseItem(QStringLiteral("Select a file type for '%1' (previously '%2')")
+                                                    .arg(QDir::toNativeSeparators(path), FileType::label(oldType)),
+            labels, labels.indexOf(FileType::label(type)));
+        return chosen >= 0 ? FileType::inputTypes().at(chosen) : oldType;
     }
 
     void setPath(InputNode &input, const QString &path) const
@@ -157,7 +142,7 @@ private:
 
     const int m_medium;
     const QString m_documentPath;
-    QWidget *m_window;
+    Prompts &m_prompts;
     QList<InputNode *> m_inputs;
     QStringList m_paths;
     QHash<QString, QString> m_answers;
@@ -209,40 +194,30 @@ void disableOutputs(GraphScene &scene)
     }
 }
 
-/// A question with two buttons of its own; true for the first.
-bool ask(const QString &text, const QString &yes, const QString &no, QWidget *window)
+bool wantsAutoRunOff(const QString &document, const QString &list, Prompts &prompts)
 {
-    QMessageBox box(QMessageBox::Question, productName(), text, QMessageBox::NoButton, window);
-    const QPushButton *accept = box.addButton(yes, QMessageBox::AcceptRole);
-    box.setEscapeButton(box.addButton(no, QMessageBox::RejectRole));
-    box.exec();
-    return box.clickedButton() == accept;
-}
-
-bool wantsAutoRunOff(const QString &document, const QString &list, QWidget *window)
-{
-    return ask(
+    return prompts.choose(
         QStringLiteral("Output items in '%1' write to these file(s):\n\n%2\n\nDo you wish to disable auto run (you can "
                        "re-enable it any time)?\n\nYou can disable this check in 'Preferences'.")
             .arg(document, list),
-        QStringLiteral("Disable auto run"), QStringLiteral("Keep auto run enabled"), window);
+        QStringLiteral("Disable auto run"), QStringLiteral("Keep auto run enabled"));
 }
 
-bool wantsOutputsOff(const QString &document, const QString &list, QWidget *window)
+bool wantsOutputsOff(const QString &document, const QString &list, Prompts &prompts)
 {
-    return ask(
+    return prompts.choose(
         QStringLiteral("%1 items in '%2' write to these file(s):\n\n%3\n\nDo you wish to disable all Output items (you "
                        "can re-enable them at any time)?\n\nYou can disable this check in 'Preferences'.")
             .arg(QStringLiteral("Output/Chart"), document, list),
-        QStringLiteral("Disable output(s)"), QStringLiteral("Write to output(s)"), window);
+        QStringLiteral("Disable output(s)"), QStringLiteral("Write to output(s)"));
 }
 
 } // namespace
 
-bool OpeningQuestions::replaceMissingInputs(GraphScene &scene, const QString &documentPath, QWidget *window)
+bool OpeningQuestions::replaceMissingInputs(GraphScene &scene, const QString &documentPath, Prompts &prompts)
 {
-    const bool files = MissingSources(scene, Medium::File, documentPath, window).replace();
-    const bool folders = MissingSources(scene, Medium::Folder, documentPath, window).replace();
+    const bool files = MissingSources(scene, Medium::File, documentPath, prompts).replace();
+    const bool folders = MissingSources(scene, Medium::Folder, documentPath, prompts).replace();
     return files || folders;
 }
 
@@ -271,7 +246,7 @@ QString OpeningQuestions::writtenFilesList(const GraphScene &scene)
     return lines.join(QLatin1Char('\n'));
 }
 
-bool OpeningQuestions::guardOutputs(GraphScene &scene, const QString &documentPath, bool &autoRun, QWidget *window)
+bool OpeningQuestions::guardOutputs(GraphScene &scene, const QString &documentPath, bool &autoRun, Prompts &prompts)
 {
     if (!autoRun) {
         return false;
@@ -280,10 +255,10 @@ bool OpeningQuestions::guardOutputs(GraphScene &scene, const QString &documentPa
     const QString document = QDir::toNativeSeparators(documentPath);
     switch (Settings::current().openAutoRun()) {
     case AskToDisableAutoRun:
-        autoRun = list.isEmpty() || !wantsAutoRunOff(document, list, window);
+        autoRun = list.isEmpty() || !wantsAutoRunOff(document, list, prompts);
         return !autoRun;
     case AskToDisableOutputs:
-        if (list.isEmpty() || !wantsOutputsOff(document, list, window)) {
+        if (list.isEmpty() || !wantsOutputsOff(document, list, prompts)) {
             return false;
         }
         disableOutputs(scene);

@@ -11,6 +11,7 @@
 #include "transforms/transform.h"
 
 #include <QDoubleSpinBox>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <gtest/gtest.h>
@@ -64,10 +65,12 @@ TEST(Application, KeepAliveBeatsAndLetsEventsIn)
 template<class Throw>
 int exitCodeAfter(Throw thrower, QStringList *said)
 {
-    BoxAnswers answers({QStringLiteral("OK")});
+    Application::instance()->setPrompts(std::make_unique<ScriptedPrompts>());
+    const BoxAnswers answers({QStringLiteral("OK")});
     QMetaObject::invokeMethod(qApp, thrower, Qt::QueuedConnection);
     const int code = QApplication::exec();
     *said = answers.texts();
+    Application::instance()->setPrompts(std::make_unique<Prompts>(nullptr));
     return code;
 }
 

@@ -1,4 +1,5 @@
 #include "app/application.h"
+#include "app/boxanswers.h"
 #include "app/commandlinedialog.h"
 #include "graph/graphscene.h"
 #include "inputs/inputnode.h"
@@ -43,11 +44,12 @@ protected:
     }
 
     GraphScene m_scene;
+    ScriptedPrompts m_prompts;
 };
 
 TEST_F(CommandLineDialogTest, FollowsWhatIsChosen)
 {
-    CommandLineDialog dialog(m_scene, QStringLiteral("/d/f.transform"), false);
+    CommandLineDialog dialog(m_scene, QStringLiteral("/d/f.transform"), false, m_prompts);
     const QString program = QLatin1Char('"') + QCoreApplication::applicationFilePath() + QLatin1Char('"');
     const QString command = program
                             + QStringLiteral(
@@ -70,7 +72,7 @@ TEST_F(CommandLineDialogTest, FollowsWhatIsChosen)
 TEST_F(CommandLineDialogTest, WarnsAndCopies)
 {
     m_scene.nodes().first()->setAlias(QString());
-    CommandLineDialog dialog(m_scene, QStringLiteral("/d/f.transform"), true);
+    CommandLineDialog dialog(m_scene, QStringLiteral("/d/f.transform"), true, m_prompts);
     EXPECT_EQ(textOf(dialog, "Warnings"),
         QStringLiteral(
             "Empty input alias.\nNo input aliases that can be used.\nThis .transform file has unsaved changes."));

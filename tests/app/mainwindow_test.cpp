@@ -42,7 +42,7 @@ protected:
         RecoveryFile::remove();
         writeFile(path("in.csv"), "a\n1\n");
         writeFile(path("flow.transform"), plain().xml());
-        m_window = std::make_unique<MainWindow>(*Application::instance(), CommandLine(), m_log);
+        m_window = std::make_unique<MainWindow>(*Application::instance(), CommandLine(), m_log, &m_prompts);
         m_window->start();
         QCoreApplication::processEvents();
     }
@@ -77,6 +77,7 @@ protected:
 
     QTemporaryDir m_folder;
     RunLog m_log;
+    ScriptedPrompts m_prompts;
     std::unique_ptr<MainWindow> m_window;
 };
 
@@ -134,6 +135,40 @@ TEST_F(MainWindowTest, SavingKeepsTheFileHeld)
     }
     EXPECT_TRUE(platform::FileHold().acquire(path("flow.transform")));
     EXPECT_TRUE(m_window->scene().nodes().isEmpty());
+}
+
+TEST_F(MainWindowTest, SavingAsAsksForAName)
+{
+    ASSERT_TRUE(open("flow.transform"));
+    m_prompts.paths = QStringList{path("other"), QString(), path("flow"), path("none/x.transform")};
+    action("m_fileSaveAsAction").trigger();
+    EXPECT_TRUE(readFile(path("other.transform")).contains("<input ")) << "the suffix is added";
+    EXPECT_TRUE(m_window->windowTitle().startsWith(QStringLiteral("other.transform - ")));
+    EXPECT_EQ(m_prompts.requests.first().start, path("flow.transform"));
+    action("m_fileSaveAsAction").trigger();
+    BoxAnswers answers({QStringLiteral("No"), QStringLiteral("OK")});
+    action("m_fileSaveAsAction").trigger();
+    action("m_fileSaveAsAction").trigger();
+    EXPECT_EQ(answers.texts(),
+        (QStringList{QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(path("flow.transform")),
+            QStringLiteral("Folder '%1' does not exist.").arg(path("none"))}));
+    EXPECT_TRUE(m_window->windowTitle().startsWith(QStringLiteral("other.transform - ")));
+}
+
+TEST_F(MainWindowTest, MissingInputsAreReplaced)
+{
+    TestDocument missing = plain();
+    missing.inputs = inputXml(1, QStringLiteral("in"), path("gone.csv"))
+                     + inputXml(3, QStringLiteral("two"), path("gone.csv"));
+    writeFile(path("missing.transform"), missing.xml());
+    m_prompts.paths = QStringList{path("in.csv")};
+    const BoxAnswers answers({QStringLiteral("OK")});
+    ASSERT_TRUE(open("missing.transform"));
+    ASSERT_EQ(m_prompts.requests.size(), 1) << "the same file is asked for once";
+    EXPECT_EQ(m_prompts.requests.first().title, QStringLiteral("Input alias=in"));
+    EXPECT_EQ(m_prompts.requests.first().start, path("").chopped(1));
+    EXPECT_EQ(readFile(path("out.csv")), "a\n1\n");
+    EXPECT_TRUE(m_window->isWindowModified());
 }
 
 TEST_F(MainWindowTest, SavingFindsANewFileInThePlaceOfTheHeldOne)
