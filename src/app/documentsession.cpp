@@ -6,16 +6,31 @@
 #include <QDir>
 #include <QFileInfo>
 
-DocumentSession::DocumentSession(GraphScene &scene, QObject *parent)
+DocumentSession::DocumentSession(QObject *parent)
     : QObject(parent)
-    , m_scene(scene)
+    , m_scene(std::make_unique<GraphScene>())
 {
+}
+
+DocumentSession::~DocumentSession() = default;
+
+std::unique_ptr<GraphScene> DocumentSession::newScene() const
+{
+    return std::make_unique<GraphScene>(m_scene->document());
+}
+
+std::unique_ptr<GraphScene> DocumentSession::exchangeScene(std::unique_ptr<GraphScene> next)
+{
+    Q_ASSERT(next->document() == m_scene->document());
+    m_scene.swap(next);
+    emit sceneChanged(next.get(), m_scene.get());
+    return next;
 }
 
 void DocumentSession::setPath(const QString &path)
 {
     m_path = path.isEmpty() ? QString() : QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
-    m_scene.setDocumentPath(m_path);
+    m_scene->setDocumentPath(m_path);
     emit pathChanged(m_path);
 }
 
@@ -30,7 +45,7 @@ void DocumentSession::setModified(bool modified)
 bool DocumentSession::load(const QString &path, LoadedDocument &loaded, QString &error)
 {
     if (!loadDocument(
-            path, m_scene, [this] { clear(); }, loaded, error)) {
+            path, *m_scene, [this] { clear(); }, loaded, error)) {
         return false;
     }
     m_notes = loaded.notes;
@@ -58,9 +73,9 @@ bool DocumentSession::save(const QString &path, QString &error)
 DocumentToSave DocumentSession::content() const
 {
     DocumentToSave document;
-    document.scene = &m_scene;
+    document.scene = m_scene.get();
     document.notes = m_notes;
-    document.autoRunOn = m_scene.isAutoRunOn();
+    document.autoRunOn = m_scene->isAutoRunOn();
     document.batch = m_batch;
     return document;
 }
@@ -68,7 +83,7 @@ DocumentToSave DocumentSession::content() const
 void DocumentSession::clear()
 {
     emit aboutToClear();
-    m_scene.clearAll();
+    m_scene->clearAll();
     m_notes.clear();
     m_batch = BatchSettings();
 }

@@ -4,19 +4,26 @@
 #include "platform/filehold.h"
 
 #include <QObject>
+#include <memory>
 
 class GraphScene;
 
-/// The one open document: its scene, its path, what belongs to it beside the items, and whether it has changed since it
-/// was saved. It asks and shows nothing.
+/// The one open document: the scene that shows it now, its path, what belongs to it beside the items, and whether it
+/// has changed since it was saved. It asks and shows nothing.
 class DocumentSession : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit DocumentSession(GraphScene &scene, QObject *parent = nullptr);
+    explicit DocumentSession(QObject *parent = nullptr);
+    ~DocumentSession() override;
 
-    GraphScene &scene() const { return m_scene; }
+    /// The live scene. Undo puts others in its place, so nobody keeps a pointer to it beyond sceneChanged().
+    GraphScene &scene() const { return *m_scene; }
+    /// A new scene of the same document, without items.
+    std::unique_ptr<GraphScene> newScene() const;
+    /// Makes `next` the live scene, which must be one of newScene(), and gives the old one back.
+    std::unique_ptr<GraphScene> exchangeScene(std::unique_ptr<GraphScene> next);
     /// Absolute, with the system's separators; empty for a new document.
     const QString &path() const { return m_path; }
     void setPath(const QString &path);
@@ -40,13 +47,15 @@ public:
     void clear();
 
 signals:
+    /// Another scene is live: whoever listened to `old` listens to `current` from now on. Both exist.
+    void sceneChanged(GraphScene *old, GraphScene *current);
     void modifiedChanged(bool modified);
     void pathChanged(const QString &path);
     /// The items are about to go; whoever holds one lets go of it.
     void aboutToClear();
 
 private:
-    GraphScene &m_scene;
+    std::unique_ptr<GraphScene> m_scene;
     QString m_path;
     QString m_notes;
     BatchSettings m_batch;

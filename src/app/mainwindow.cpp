@@ -43,7 +43,6 @@ MainWindow::MainWindow(Application &application, const CommandLine &commandLine,
     , m_log(log)
     , m_ownPrompts(prompts ? nullptr : new Prompts(this))
     , m_prompts(prompts ? *prompts : *m_ownPrompts)
-    , m_session(m_scene)
     , m_recentDocuments(application.applicationDir().absolutePath())
     , m_documents(
           new DocumentCommands(application, m_session, m_recentDocuments, m_prompts, commandLine.overrides, this))
@@ -54,7 +53,8 @@ MainWindow::MainWindow(Application &application, const CommandLine &commandLine,
     m_actions.build(*this);
     buildPanes();
     connectActions();
-    connectScene();
+    onSceneChanged(nullptr, &scene());
+    installHooks();
     connectDocuments();
     application.setMainWindow(this);
     RunControl::setMemoryCeilingHook([this](double used, double limit) { return raiseMemoryCeiling(used, limit); });
@@ -78,15 +78,14 @@ MainWindow::~MainWindow()
     settings.setLastDataDir(m_application.lastDataDir());
     settings.setLastOutputDataDir(m_application.lastOutputDataDir());
     settings.setLogPaneShown(m_logPane->isVisibleTo(this));
-    m_scene.disconnect(this);
+    scene().disconnect(this);
     delete m_graphPane;
-    m_scene.clearAll();
+    scene().clearAll();
 }
 
 void MainWindow::buildPanes()
 {
-    m_scene.setBackgroundBrush(m_application.colors().color(Colors::Background));
-    m_graphPane = new GraphPane(&m_scene);
+    m_graphPane = new GraphPane;
     m_logPane = new LogPane;
     auto *centre = new QSplitter(Qt::Vertical);
     centre->addWidget(m_graphPane);
@@ -98,7 +97,7 @@ void MainWindow::buildPanes()
     setStatusBar(m_statusBar);
     m_logPane->setVisible(m_application.settings().logPaneShown());
     m_actions.viewLog->setChecked(m_application.settings().logPaneShown());
-    m_actions.editSnapToGrid->setChecked(m_scene.snapToGrid());
+    m_actions.editSnapToGrid->setChecked(scene().snapToGrid());
     m_actions.showManualRuns(!isAutoRunOn());
 }
 
@@ -134,24 +133,35 @@ void MainWindow::connectActions()
     connect(m_actions.toolBar, &QToolBar::visibilityChanged, m_actions.viewToolBar, &QAction::setChecked);
 }
 
-void MainWindow::connectScene()
+void MainWindow::onSceneChanged(GraphScene *old, GraphScene *current)
 {
-    connect(&m_scene, &GraphScene::nodesAdded, this, &MainWindow::onNodesChanged);
-    connect(&m_scene, &GraphScene::nodesDeleted, this, &MainWindow::onNodesChanged);
-    connect(&m_scene, &GraphScene::nodesPosChanged, this, &MainWindow::onDocumentChanged);
-    connect(&m_scene, &GraphScene::nodeParametersChanged, this, &MainWindow::onDocumentChanged);
-    connect(&m_scene, &GraphScene::nodeDataChanged, this, &MainWindow::onNodeDataChanged);
-    connect(&m_scene, &GraphScene::completedTransforms, this, &MainWindow::onCompletedTransforms);
-    connect(&m_scene, &GraphScene::allowUserInteraction, this, &MainWindow::onAllowUserInteraction);
-    connect(&m_scene, &QGraphicsScene::selectionChanged, this, &MainWindow::onGraphSelectionChanged);
-    connect(&m_scene, &GraphScene::fileOpen, m_documents, &DocumentCommands::onOpenPath);
-    connect(&m_scene, &GraphScene::showStatusBarMessage, m_statusBar, &StatusBar::onShowMessage);
-    connect(&m_scene, &GraphScene::showTempMessage, m_statusBar, &StatusBar::onShowMessage);
-    connect(&m_scene, &GraphScene::showLogMessage, m_logPane, &LogPane::onShowLogMessage);
-    connect(&m_scene, &GraphScene::showProgress, m_statusBar, &StatusBar::onShowProgress);
-    connect(&m_scene, &GraphScene::showWarningMessage, this, [this](const QString &text) { m_prompts.warning(text); });
-    connect(
-        &m_scene, &GraphScene::showCriticalMessage, this, [this](const QString &text) { m_prompts.critical(text); });
+    if (old) {
+        for (QObject *listener : {static_cast<QObject *>(this), static_cast<QObject *>(m_documents),
+                 static_cast<QObject *>(m_statusBar), static_cast<QObject *>(m_logPane)}) {
+            old->disconnect(listener);
+        }
+    }
+    current->setBackgroundBrush(m_application.colors().color(Colors::Background));
+    m_graphPane->setGraph(current);
+    connect(current, &GraphScene::nodesAdded, this, &MainWindow::onNodesChanged);
+    connect(current, &GraphScene::nodesDeleted, this, &MainWindow::onNodesChanged);
+    connect(current, &GraphScene::nodesPosChanged, this, &MainWindow::onDocumentChanged);
+    connect(current, &GraphScene::nodeParametersChanged, this, &MainWindow::onDocumentChanged);
+    connect(current, &GraphScene::nodeDataChanged, this, &MainWindow::onNodeDataChanged);
+    connect(current, &GraphScene::completedTransforms, this, &MainWindow::onCompletedTransforms);
+    connect(current, &GraphScene::allowUserInteraction, this, &MainWindow::onAllowUserInteraction);
+    connect(current, &QGraphicsScene::selectionChanged, this, &MainWindow::onGraphSelectionChanged);
+    connect(current, &GraphScene::fileOpen, m_documents, &DocumentCommands::onOpenPath);
+    connect(current, &GraphScene::showStatusBarMessage, m_statusBar, &StatusBar::onShowMessage);
+    connect(current, &GraphScene::showTempMessage, m_statusBar, &StatusBar::onShowMessage);
+    connect(current, &GraphScene::showLogMessage, m_logPane, &LogPane::onShowLogMessage);
+    connect(current, &GraphScene::showProgress, m_statusBar, &StatusBar::onShowProgress);
+    connect(current, &GraphScene::showWarningMessage, this, [this](const QString &text) { m_prompts.warning(text); });
+    connect(current, &GraphScene::showCriticalMessage, this, [this](const QString &text) { m_prompts.critical(text); });
+}
+
+void MainWindow::installHooks()
+{
     connect(&m_application, &Application::heartBeat, m_statusBar, &StatusBar::onHeartBeat);
     GraphHooks &hooks = GraphHooks::instance();
     hooks.ask = [this](const QString &text) { return m_prompts.confirm(text); };
@@ -167,6 +177,7 @@ void MainWindow::connectScene()
 
 void MainWindow::connectDocuments()
 {
+    connect(&m_session, &DocumentSession::sceneChanged, this, &MainWindow::onSceneChanged);
     connect(&m_session, &DocumentSession::modifiedChanged, this, &QWidget::setWindowModified);
     connect(&m_session, &DocumentSession::pathChanged, this, &MainWindow::onUpdateTitle);
     connect(&m_session, &DocumentSession::aboutToClear, m_logPane, &QPlainTextEdit::clear);
@@ -259,7 +270,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
 
 void MainWindow::releaseDatasets()
 {
-    for (Node *node : m_scene.nodes()) {
+    for (Node *node : scene().nodes()) {
         node->clearDataset();
         node->setState(NodeState::NeedsProcessing, false);
     }

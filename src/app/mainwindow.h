@@ -30,8 +30,9 @@ public:
 
     /// Shows the window; the document to begin with opens from the event loop, where exceptions are taken care of.
     void start();
-    bool isAutoRunOn() const { return m_scene.isAutoRunOn(); }
-    GraphScene &scene() { return m_scene; }
+    bool isAutoRunOn() const { return m_session.scene().isAutoRunOn(); }
+    GraphScene &scene() const { return m_session.scene(); }
+    DocumentSession &session() { return m_session; }
     DocumentCommands &documents() { return *m_documents; }
 
     // For a program that has to close
@@ -76,7 +77,9 @@ private slots:
 private:
     void buildPanes();
     void connectActions();
-    void connectScene();
+    /// Wires a scene that becomes the live one, and lets go of the one that was.
+    void onSceneChanged(GraphScene *old, GraphScene *current);
+    void installHooks();
     void connectDocuments();
     void restoreLayout();
     /// Makes an input of what the clipboard holds: files, or data as text. A null position chooses a place.
@@ -90,7 +93,6 @@ private:
     RunLog &m_log;
     const std::unique_ptr<Prompts> m_ownPrompts;
     Prompts &m_prompts;
-    GraphScene m_scene;
     DocumentSession m_session;
     RecentDocuments m_recentDocuments;
     DocumentCommands *m_documents;

@@ -83,28 +83,28 @@ void MainWindow::onClearRecentDocSelected()
 void MainWindow::onFileNewWindowAction()
 {
     const QStringList arguments = QCoreApplication::arguments();
-    if (!m_scene.isProcessing() && !arguments.isEmpty()) {
+    if (!scene().isProcessing() && !arguments.isEmpty()) {
         QProcess::startDetached(QCoreApplication::applicationFilePath(), {QStringLiteral("-new_window")});
     }
 }
 
 void MainWindow::onFileCommandLineAction()
 {
-    if (!m_scene.isProcessing()) {
-        CommandLineDialog(m_scene, m_session.path(), m_session.isModified(), m_prompts).exec();
+    if (!scene().isProcessing()) {
+        CommandLineDialog(scene(), m_session.path(), m_session.isModified(), m_prompts).exec();
     }
 }
 
 void MainWindow::onDocumentOpened(bool autoRun)
 {
     const QSignalBlocker blocker(m_actions.editSnapToGrid);
-    m_actions.editSnapToGrid->setChecked(m_scene.snapToGrid());
+    m_actions.editSnapToGrid->setChecked(scene().snapToGrid());
     m_actions.viewZoomFit->setChecked(true);
     m_graphPane->onZoomToFit();
     onUpdateRunStatus();
     if (autoRun == m_actions.runAuto->isChecked()) {
         stopRequested = false;
-        m_scene.runChangesIfAuto();
+        scene().runChangesIfAuto();
         stopRequested = false;
     }
     m_actions.runAuto->setChecked(autoRun);
@@ -134,24 +134,24 @@ void MainWindow::onNodesChanged()
 
 void MainWindow::onEditDeleteAction()
 {
-    if (!m_scene.isProcessing()) {
+    if (!scene().isProcessing()) {
         const UndoStep step(QStringLiteral("delete"));
-        m_scene.deleteSelected();
+        scene().deleteSelected();
     }
 }
 
 void MainWindow::onEditSelectAllAction()
 {
-    for (Node *node : m_scene.nodes()) {
+    for (Node *node : scene().nodes()) {
         node->setSelected(true);
     }
 }
 
 void MainWindow::onEditSnapToGridToggled(bool on)
 {
-    m_scene.setSnapToGrid(on);
+    scene().setSnapToGrid(on);
     if (on) {
-        m_scene.snapAllNodes();
+        scene().snapAllNodes();
     }
     onDocumentChanged();
     m_statusBar->onShowMessage(on ? QStringLiteral("snap on") : QStringLiteral("snap off"));
@@ -163,7 +163,7 @@ void MainWindow::onInputFromFileAction()
         {QStringLiteral("Input From File"), m_application.lastDataDir(), m_application.settings().inputFileFilter()});
     if (!paths.isEmpty()) {
         m_application.setLastDataDir(QFileInfo(paths.first()).absolutePath());
-        m_scene.addInputsFromPaths(paths);
+        scene().addInputsFromPaths(paths);
     }
 }
 
@@ -186,7 +186,7 @@ void MainWindow::addClipboardInput(const QPointF &position)
         m_prompts.information(QStringLiteral("Data type pasted not recognized."));
         return;
     }
-    m_scene.addInputFromClipboard(text, position);
+    scene().addInputFromClipboard(text, position);
 }
 
 void MainWindow::onZoomFitToggled(bool on)
@@ -215,7 +215,7 @@ void MainWindow::onAbout()
 void MainWindow::run(RunMode mode)
 {
     stopRequested = false;
-    m_scene.runTransforms(mode, false);
+    scene().runTransforms(mode, false);
     stopRequested = false;
 }
 
@@ -249,10 +249,10 @@ void MainWindow::onRunStopAction()
 
 void MainWindow::onRunAutoToggled(bool on)
 {
-    m_scene.setAutoRunOn(on);
+    scene().setAutoRunOn(on);
     m_actions.showManualRuns(!on);
     m_session.setModified(true);
-    if (on && !m_scene.isProcessing() && !m_scene.nodesInState(NodeState::NeedsProcessing).isEmpty()) {
+    if (on && !scene().isProcessing() && !scene().nodesInState(NodeState::NeedsProcessing).isEmpty()) {
         run(RunMode::Changes);
     }
     onUpdateRunStatus();
@@ -264,11 +264,11 @@ void MainWindow::onUpdateRunStatus()
         return;
     }
     const bool byHand = !isAutoRunOn();
-    const bool isStale = !m_scene.nodesInState(NodeState::NeedsProcessing).isEmpty()
-                         || !m_scene.nodesInState(NodeState::Failed).isEmpty();
-    m_actions.runEverything->setEnabled(byHand && !m_scene.nodes().isEmpty());
+    const bool isStale = !scene().nodesInState(NodeState::NeedsProcessing).isEmpty()
+                         || !scene().nodesInState(NodeState::Failed).isEmpty();
+    m_actions.runEverything->setEnabled(byHand && !scene().nodes().isEmpty());
     m_actions.runChanged->setEnabled(byHand && isStale);
-    m_actions.runSelected->setEnabled(byHand && !m_scene.nodes(true).isEmpty());
+    m_actions.runSelected->setEnabled(byHand && !scene().nodes(true).isEmpty());
     if (m_actions.runChanged->isEnabled()) {
         Tips::showOnce(QStringLiteral("tip_run_unprocessed"), QStringLiteral("Run unprocessed"),
             QStringLiteral("Click here to run unprocessed changes."), tipMs,
@@ -312,8 +312,8 @@ void MainWindow::onAllowUserInteraction(bool allow)
 
 void MainWindow::onGraphSelectionChanged()
 {
-    const int items = m_scene.nodes(true).size();
-    const int connections = m_scene.connections(true).size();
+    const int items = scene().nodes(true).size();
+    const int connections = scene().connections(true).size();
     m_actions.editDelete->setEnabled(items + connections > 0 && m_allowsInteraction);
     onUpdateRunStatus();
     if (items + connections == 0) {

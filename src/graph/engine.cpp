@@ -8,6 +8,7 @@
 #include "graph/runcontrol.h"
 #include "graph/waitcursor.h"
 #include "settings/settings.h"
+#include "transforms/documentcontext.h"
 
 #include <QApplication>
 #include <QDateTime>
@@ -26,6 +27,7 @@ QString nowText()
 void Engine::run(RunMode mode, bool quiet)
 {
     const RunControl::RunScope scope;
+    DocumentContext::setPath(m_scene.documentPath());
     RunControl::keepAlive();
     log(QStringLiteral("Started: %1").arg(nowText()));
     QElapsedTimer timer;

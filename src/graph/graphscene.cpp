@@ -16,7 +16,6 @@
 #include "graph/undostep.h"
 #include "graph/waitcursor.h"
 #include "transforms/catalogue.h"
-#include "transforms/documentcontext.h"
 #include "transforms/transform.h"
 
 #include <QAction>
@@ -59,7 +58,13 @@ QElapsedTimer &lastPump()
 } // namespace
 
 GraphScene::GraphScene(QObject *parent)
+    : GraphScene(std::make_shared<DocumentState>(), parent)
+{
+}
+
+GraphScene::GraphScene(std::shared_ptr<DocumentState> document, QObject *parent)
     : QGraphicsScene(parent)
+    , m_document(std::move(document))
 {
 }
 
@@ -229,12 +234,6 @@ NoteNode *GraphScene::addNote(const QPointF &pos, int arrowType)
     return NodeAdder(*this).addNote(pos, arrowType);
 }
 
-void GraphScene::setDocumentPath(const QString &path)
-{
-    m_documentPath = path;
-    DocumentContext::setPath(path);
-}
-
 void GraphScene::insertNode(Node *node, const QPointF &pos)
 {
     node->setPos(pos);
@@ -362,7 +361,7 @@ void GraphScene::runTransforms(RunMode mode, bool quiet)
 void GraphScene::runChangesIfAuto()
 {
     // A run under way must keep the stop that the user asked of it.
-    if (!m_autoRunOn || m_processing) {
+    if (!m_document->autoRunOn || m_processing) {
         return;
     }
     stopRequested = false;
@@ -408,7 +407,7 @@ void GraphScene::onProcessingEnd(Node *node)
 
 void GraphScene::setSnapToGrid(bool on)
 {
-    m_snapToGrid = on;
+    m_document->snapToGrid = on;
     update();
 }
 
@@ -466,7 +465,7 @@ void GraphScene::updateSceneRect()
 
 void GraphScene::onPosChanged(QList<Node *> moved)
 {
-    if (m_snapToGrid) {
+    if (m_document->snapToGrid) {
         snapNodes(moved);
     }
     QList<Node *> fed;

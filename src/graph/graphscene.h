@@ -1,10 +1,12 @@
 #pragma once
 
+#include "graph/documentstate.h"
 #include "graph/graphenums.h"
 
 #include <QGraphicsScene>
 #include <QHash>
 #include <QStringList>
+#include <memory>
 
 class Colors;
 class Connection;
@@ -22,7 +24,10 @@ class GraphScene : public QGraphicsScene
     Q_OBJECT
 
 public:
+    /// A scene of a document of its own.
     explicit GraphScene(QObject *parent = nullptr);
+    /// One more scene of a document.
+    explicit GraphScene(std::shared_ptr<DocumentState> document, QObject *parent = nullptr);
     ~GraphScene() override;
 
     // What there is
@@ -80,11 +85,11 @@ public:
     void runTransforms(RunMode mode, bool quiet);
     bool isProcessing() const { return m_processing; }
     void runChangesIfAuto();
-    bool isAutoRunOn() const { return m_autoRunOn; }
-    void setAutoRunOn(bool on) { m_autoRunOn = on; }
+    bool isAutoRunOn() const { return m_document->autoRunOn; }
+    void setAutoRunOn(bool on) { m_document->autoRunOn = on; }
 
     // Places
-    bool snapToGrid() const { return m_snapToGrid; }
+    bool snapToGrid() const { return m_document->snapToGrid; }
     /// Moves nothing.
     void setSnapToGrid(bool on);
     /// Puts the nodes on free points of the grid; returns those that moved.
@@ -101,8 +106,10 @@ public:
     void layOutConnections(const QList<Node *> &nodes);
     void updateSceneRect();
 
-    const QString &documentPath() const { return m_documentPath; }
-    void setDocumentPath(const QString &path);
+    const QString &documentPath() const { return m_document->path; }
+    void setDocumentPath(const QString &path) { m_document->path = path; }
+    /// What other scenes of the same document share.
+    const std::shared_ptr<DocumentState> &document() const { return m_document; }
     /// The colours in use: an override of the preview in the preferences, else those of the program.
     const Colors &colors() const;
     void setColorsOverride(const Colors *colors);
@@ -149,14 +156,12 @@ protected:
 
 private:
     friend class Engine;
+    const std::shared_ptr<DocumentState> m_document;
     bool m_processing = false;
     ConnectionGuide *m_connectionGuide = nullptr;
     Node *m_connectFromNode = nullptr;
     int m_itemsToProcess = 0;
     int m_itemsProcessed = 0;
-    bool m_snapToGrid = true;
-    bool m_autoRunOn = true;
-    QString m_documentPath;
     const Colors *m_colorsOverride = nullptr;
     bool m_doubleClicked = false;
 };

@@ -49,7 +49,7 @@ void GraphScene::onHighlightTransformNodes(bool on, int transformType)
 void GraphScene::drawBackground(QPainter *painter, const QRectF &rect)
 {
     painter->fillRect(rect, colors().color(Colors::Background));
-    if (!m_snapToGrid) {
+    if (!m_document->snapToGrid) {
         return;
     }
     QColor dot = colors().color(Colors::Arrow);

@@ -27,14 +27,22 @@ bool isWelcome(const QMimeData *data)
 
 } // namespace
 
-GraphPane::GraphPane(GraphScene *scene, QWidget *parent)
-    : QGraphicsView(scene, parent)
-    , m_scene(scene)
+GraphPane::GraphPane(QWidget *parent)
+    : QGraphicsView(parent)
 {
     setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
     setDragMode(QGraphicsView::RubberBandDrag);
     setAcceptDrops(true);
     setAccessibleName(QStringLiteral("Center pane"));
+}
+
+void GraphPane::setGraph(GraphScene *scene)
+{
+    if (m_scene) {
+        m_scene->disconnect(this);
+    }
+    m_scene = scene;
+    setScene(scene);
     connect(scene, &GraphScene::nodesAdded, this, &GraphPane::onNodesAdded);
     connect(scene, &GraphScene::nodesDeleted, this, &GraphPane::onNodesDeleted);
 }
@@ -72,6 +80,9 @@ void GraphPane::onZoomFree()
 
 void GraphPane::fit()
 {
+    if (!m_scene) {
+        return;
+    }
     m_scene->updateSceneRect();
     QRectF rect = m_scene->sceneRect();
     const double width = qMax(rect.width(), leastFittedWidth);

@@ -16,7 +16,10 @@ public:
     static constexpr double smallestScale = 0.1;
     static constexpr double largestScale = 3.0;
 
-    explicit GraphPane(GraphScene *scene, QWidget *parent = nullptr);
+    explicit GraphPane(QWidget *parent = nullptr);
+
+    /// Shows another scene; a kept zoom stays as it is. Null only before the first.
+    void setGraph(GraphScene *scene);
 
     bool isAutoZoom() const { return m_autoZoom; }
     double scale() const { return transform().m11(); }
@@ -53,6 +56,6 @@ private:
     void zoomBy(double factor);
     void fit();
 
-    GraphScene *m_scene;
+    GraphScene *m_scene = nullptr;
     bool m_autoZoom = true;
 };

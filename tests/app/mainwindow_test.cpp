@@ -15,6 +15,7 @@
 #include "settings/settings.h"
 #include "support/printers.h"
 #include "support/waitfor.h"
+#include "transforms/documentcontext.h"
 
 #include <QClipboard>
 #include <QDir>
@@ -502,6 +503,46 @@ TEST_F(MainWindowTest, ZoomStaysWithinItsBounds)
     EXPECT_DOUBLE_EQ(pane->scale(), 0.1);
     action("m_viewZoomFitAction").setChecked(true);
     EXPECT_GT(pane->scale(), 0.1);
+}
+
+TEST_F(MainWindowTest, AnotherSceneTakesThePlaceOfTheLiveOne)
+{
+    ASSERT_TRUE(open("flow.transform"));
+    DocumentSession &session = m_window->session();
+    const GraphScene *first = &session.scene();
+    auto next = session.newScene();
+    EXPECT_EQ(next->documentPath(), path("flow.transform"));
+    next->setSnapToGrid(false);
+    next->setAutoRunOn(false);
+    std::unique_ptr<GraphScene> old = session.exchangeScene(std::move(next));
+    EXPECT_EQ(old.get(), first);
+    EXPECT_FALSE(old->snapToGrid()) << "these belong to the document, whichever scene shows it";
+    EXPECT_FALSE(m_window->isAutoRunOn());
+    EXPECT_EQ(m_window->findChild<GraphPane *>()->scene(), &session.scene());
+    EXPECT_FALSE(m_window->isWindowModified());
+    old->addNote(QPointF(0, 0), 0);
+    EXPECT_FALSE(m_window->isWindowModified()) << "nobody listens to a scene that isn't live";
+    change();
+    EXPECT_TRUE(m_window->isWindowModified());
+    action("m_fileSaveAction").trigger();
+    const QByteArray saved = readFile(path("flow.transform"));
+    EXPECT_TRUE(saved.contains("<note ") && !saved.contains("<input ")) << "the live scene is what is saved";
+    old.reset();
+    action("m_editSelectAllAction").trigger();
+    action("m_editDeleteAction").trigger();
+    EXPECT_TRUE(session.scene().nodes().isEmpty());
+}
+
+TEST_F(MainWindowTest, ASceneOfAnotherDocumentLeavesThisOneAlone)
+{
+    ASSERT_TRUE(open("flow.transform"));
+    GraphScene other;
+    other.setDocumentPath(QStringLiteral("/elsewhere.transform"));
+    other.setAutoRunOn(false);
+    other.runTransforms(RunMode::Everything, true);
+    m_window->scene().runTransforms(RunMode::Everything, true);
+    EXPECT_EQ(DocumentContext::path(), path("flow.transform"));
+    EXPECT_TRUE(m_window->isAutoRunOn());
 }
 
 TEST_F(MainWindowTest, SelectedItemsAreDeleted)
