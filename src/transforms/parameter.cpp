@@ -48,7 +48,25 @@ void Parameter::initialiseFromNode()
     case VerifyRules:
         m_value = QVariant::fromValue(VerifyRuleSet());
         break;
-    default:
+    case SingleColumn:
+    case MultipleColumns:
+    case SortColumns:
+    case ReorderColumns:
+    case Bool:
+    case Selection:
+    case Text:
+    case Int:
+    case Char:
+    case RemoveColumns:
+    case Script:
+    case RenameColumns:
+    case ReplaceTerms:
+    case Real:
+    case LongText:
+    case Label:
+    case Date:
+    case PivotColumns:
+    case Locale:
         break;
     }
 }
@@ -70,9 +88,20 @@ bool Parameter::dependsOnColumns() const
     case VerifyRules:
     case PivotColumns:
         return true;
-    default:
-        return false;
+    case Bool:
+    case Selection:
+    case Text:
+    case Int:
+    case Char:
+    case ReplaceTerms:
+    case Real:
+    case LongText:
+    case Label:
+    case Date:
+    case Locale:
+        break;
     }
+    return false;
 }
 
 static bool isUnsetSplit(const SplitRowsRecord &record, bool hasColumn)
@@ -109,9 +138,18 @@ bool Parameter::isUnset() const
         return isUnsetSplit(toSplitRows(), ColumnNumbers(m_node).indexOf(toSplitRows().startColumn).isValid());
     case ReplaceTerms:
         return toReplaceTerms().isEmpty();
-    default:
-        return false;
+    case ReorderColumns:
+    case Bool:
+    case RemoveColumns:
+    case RenameColumns:
+    case Real:
+    case VerifyRules:
+    case Label:
+    case Date:
+    case Locale:
+        break;
     }
+    return false;
 }
 
 // What the value is
@@ -261,9 +299,23 @@ QVariant Parameter::acceptable(const QVariant &value) const
         return value.userType() == QMetaType::QLocale ? value : QVariant();
     case ReplaceTerms:
         return value.canConvert<QList<ReplaceTerm>>() ? value : QVariant();
-    default:
-        return QVariant();
+    case SingleColumn:
+    case MultipleColumns:
+    case SortColumns:
+    case FilterColumns:
+    case ReorderColumns:
+    case If:
+    case RemoveColumns:
+    case Script:
+    case RenameColumns:
+    case SplitRows:
+    case UniqueColumns:
+    case VerifyRules:
+    case Label:
+    case PivotColumns:
+        break;
     }
+    return QVariant();
 }
 
 void Parameter::preselectSingleColumn()

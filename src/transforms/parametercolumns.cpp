@@ -116,9 +116,21 @@ bool Parameter::changeColumns(QVariant &value, const ColumnChange &change) const
         return changeValue<QHash<ColumnId, int>>(value, change);
     case VerifyRules:
         return changeValue<VerifyRuleSet>(value, change);
-    default:
-        return false;
+    case Bool:
+    case Selection:
+    case Text:
+    case Int:
+    case Char:
+    case Script:
+    case ReplaceTerms:
+    case Real:
+    case LongText:
+    case Label:
+    case Date:
+    case Locale:
+        break;
     }
+    return false;
 }
 
 QList<ColumnId> Parameter::referencedColumns() const
@@ -156,9 +168,25 @@ QList<ColumnId> Parameter::neededColumns() const
         return sortedIds(toUniqueColumns().keys(UniqueCode::KeepUnique));
     case VerifyRules:
         return sortedIds(toVerifyRules().columnsWithActiveRules());
-    default:
-        return {};
+    case ReorderColumns:
+    case Bool:
+    case Selection:
+    case Text:
+    case Int:
+    case Char:
+    case RemoveColumns:
+    case Script:
+    case RenameColumns:
+    case SplitRows:
+    case ReplaceTerms:
+    case Real:
+    case LongText:
+    case Label:
+    case Date:
+    case Locale:
+        break;
     }
+    return {};
 }
 
 static bool hasConditionOnAnyColumn(const QList<FilterTerm> &terms)

@@ -39,9 +39,25 @@ QString Parameter::singleText() const
         return RecordText::encoded(toLocale().bcp47Name());
     case Label:
         return QString();
-    default:
-        return RecordText::encoded(toText());
+    case MultipleColumns:
+    case SortColumns:
+    case FilterColumns:
+    case ReorderColumns:
+    case Selection:
+    case Text:
+    case If:
+    case RemoveColumns:
+    case Script:
+    case RenameColumns:
+    case SplitRows:
+    case UniqueColumns:
+    case ReplaceTerms:
+    case LongText:
+    case VerifyRules:
+    case PivotColumns:
+        break;
     }
+    return RecordText::encoded(toText());
 }
 
 QStringList Parameter::columnParts() const
@@ -57,9 +73,27 @@ QStringList Parameter::columnParts() const
         return RecordText::parts(toSortColumns(), columns);
     case SplitRows:
         return RecordText::parts(toSplitRows(), columns);
-    default:
-        return m_node ? recordParts() : QStringList();
+    case SingleColumn:
+    case FilterColumns:
+    case Bool:
+    case Selection:
+    case Text:
+    case Int:
+    case Char:
+    case If:
+    case Script:
+    case RenameColumns:
+    case UniqueColumns:
+    case ReplaceTerms:
+    case Real:
+    case LongText:
+    case VerifyRules:
+    case Label:
+    case Date:
+    case Locale:
+        break;
     }
+    return m_node ? recordParts() : QStringList();
 }
 
 QStringList Parameter::recordParts() const
@@ -76,9 +110,28 @@ QStringList Parameter::recordParts() const
         return RecordText::parts(toUniqueColumns(), columns);
     case VerifyRules:
         return toVerifyRules().toParts([&columns](ColumnId id) { return qMax(0, columns.numberOf(id)); });
-    default:
-        return {};
+    case SingleColumn:
+    case MultipleColumns:
+    case SortColumns:
+    case ReorderColumns:
+    case Bool:
+    case Selection:
+    case Text:
+    case Int:
+    case Char:
+    case RemoveColumns:
+    case Script:
+    case SplitRows:
+    case ReplaceTerms:
+    case Real:
+    case LongText:
+    case Label:
+    case Date:
+    case PivotColumns:
+    case Locale:
+        break;
     }
+    return {};
 }
 
 QString Parameter::deferredDocumentText() const
@@ -182,10 +235,25 @@ void Parameter::readSingle(const QString &text)
         m_value = QLocale(text).language() != QLocale::C || text == QLatin1String("C") ? QVariant(QLocale(text))
                                                                                        : m_value;
         break;
+    case MultipleColumns:
+    case SortColumns:
+    case FilterColumns:
+    case ReorderColumns:
+    case Text:
+    case If:
+    case RemoveColumns:
+    case Script:
+    case RenameColumns:
+    case SplitRows:
+    case UniqueColumns:
+    case ReplaceTerms:
+    case LongText:
+    case VerifyRules:
+    case PivotColumns:
+        m_value = text;
+        break;
     case Label:
         break;
-    default:
-        m_value = text;
     }
 }
 
@@ -215,7 +283,24 @@ void Parameter::readParts(const QStringList &parts)
         m_value = QVariant::fromValue(terms);
         break;
     }
-    default:
+    case SingleColumn:
+    case FilterColumns:
+    case Bool:
+    case Selection:
+    case Text:
+    case Int:
+    case Char:
+    case If:
+    case Script:
+    case RenameColumns:
+    case SplitRows:
+    case UniqueColumns:
+    case Real:
+    case LongText:
+    case VerifyRules:
+    case Label:
+    case Date:
+    case Locale:
         if (!parts.isEmpty()) {
             readRecord(parts);
         }
@@ -246,7 +331,24 @@ void Parameter::readRecord(const QStringList &parts)
             VerifyRuleSet::fromParts(parts, [&columns](int number) { return columns.idOf(number); }));
         break;
     }
-    default:
+    case SingleColumn:
+    case MultipleColumns:
+    case SortColumns:
+    case ReorderColumns:
+    case Bool:
+    case Selection:
+    case Text:
+    case Int:
+    case Char:
+    case RemoveColumns:
+    case Script:
+    case ReplaceTerms:
+    case Real:
+    case LongText:
+    case Label:
+    case Date:
+    case PivotColumns:
+    case Locale:
         break;
     }
 }
