@@ -19,6 +19,16 @@ inline OptionTable nameOptions(const QString &name)
     };
 }
 
+/// The two options that name the column, and `others` behind them.
+inline OptionTable withNameOptions(std::initializer_list<Option> others, const QString &name)
+{
+    OptionTable table = nameOptions(name);
+    for (const Option &option : others) {
+        table.append(option);
+    }
+    return table;
+}
+
 /// The user's name, or `automatic` while that is asked for.
 inline QString name(const OptionValues &values, const QString &automatic)
 {

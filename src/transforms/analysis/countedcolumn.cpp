@@ -1,14 +1,11 @@
 #include "transforms/analysis/countedcolumn.h"
 
-#include "transforms/optionvalues.h"
+#include "transforms/addedcolumn.h"
 
 QString CountedColumn::newName(const OptionValues &values, const Dataset &input, ColumnIndex column)
 {
-    if (!values.flag(QStringLiteral("Auto_New_Name"))) {
-        return values.text(QStringLiteral("New_Name"));
-    }
     const QString name = column.isValid() ? input.columnName(column) : QString();
-    return QStringLiteral("Count %1").arg(name).trimmed();
+    return AddedColumn::name(values, QStringLiteral("Count %1").arg(name).trimmed());
 }
 
 Dataset CountedColumn::table(const OptionValues &values, const Dataset &input, ColumnIndex column,

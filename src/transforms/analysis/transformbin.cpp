@@ -1,5 +1,6 @@
 #include "data/numberreader.h"
 #include "data/values.h"
+#include "transforms/addedcolumn.h"
 #include "transforms/analysis/bins.h"
 #include "transforms/analysis/countedcolumn.h"
 #include "transforms/messages.h"
@@ -30,25 +31,22 @@ private:
         const QString sizeTip = QStringLiteral("The size of each bin.");
         const QString lowerTip = QStringLiteral("Values below this are put in the lower threshold bin.");
         const QString upperTip = QStringLiteral("Values equal to or above this are put in the upper threshold bin.");
-        return {
-            Option::flag("Auto_New_Name", "automatic new column name", true)
-                .tip("Uncheck to manually set the new column name."),
-            Option::text("New_Name", "New column name", "Count")
-                .activeWhenFlag("Auto_New_Name", false)
-                .tip("The name for the new column."),
-            Option::column("Column", "Column").tip("The column in the input dataset to bin."),
-            Option::selection("Type", "Type", {"Real", "Integer"}).tip("The type of values to bin."),
-            realOption("Bin_Size_Real", "Bin size", 10.0).limits(0.01, 99999999999999.9).tip(sizeTip),
-            integerOption("Bin_Size_Int", "Bin size", 10).limits(1, 214748364).tip(sizeTip),
-            Option::flag("Use_Lower_Threshold", "set lower threshold").tip("Check to set a lower threshold bin."),
-            realThreshold("Lower_Threshold_Real", "Lower threshold", 0.0, "Use_Lower_Threshold").tip(lowerTip),
-            integerThreshold("Lower_Threshold_Int", "Lower threshold", 0, "Use_Lower_Threshold").tip(lowerTip),
-            Option::flag("Use_Upper_Threshold", "set upper threshold").tip("Check to set an upper threshold bin."),
-            realThreshold("Upper_Threshold_Real", "Upper threshold", 100.0, "Use_Upper_Threshold").tip(upperTip),
-            integerThreshold("Upper_Threshold_Int", "Upper threshold", 100, "Use_Upper_Threshold").tip(upperTip),
-            Option::text("Range_Delimiter", "Range delimiter", "-").tip("Delimiter to use in the range text."),
-            Option::flag("Drilldown", "allow drilldown").tip("Allow double click to drilldown in the data table."),
-        };
+        return AddedColumn::withNameOptions(
+            {
+                Option::column("Column", "Column").tip("The column in the input dataset to bin."),
+                Option::selection("Type", "Type", {"Real", "Integer"}).tip("The type of values to bin."),
+                realOption("Bin_Size_Real", "Bin size", 10.0).limits(0.01, 99999999999999.9).tip(sizeTip),
+                integerOption("Bin_Size_Int", "Bin size", 10).limits(1, 214748364).tip(sizeTip),
+                Option::flag("Use_Lower_Threshold", "set lower threshold").tip("Check to set a lower threshold bin."),
+                realThreshold("Lower_Threshold_Real", "Lower threshold", 0.0, "Use_Lower_Threshold").tip(lowerTip),
+                integerThreshold("Lower_Threshold_Int", "Lower threshold", 0, "Use_Lower_Threshold").tip(lowerTip),
+                Option::flag("Use_Upper_Threshold", "set upper threshold").tip("Check to set an upper threshold bin."),
+                realThreshold("Upper_Threshold_Real", "Upper threshold", 100.0, "Use_Upper_Threshold").tip(upperTip),
+                integerThreshold("Upper_Threshold_Int", "Upper threshold", 100, "Use_Upper_Threshold").tip(upperTip),
+                Option::text("Range_Delimiter", "Range delimiter", "-").tip("Delimiter to use in the range text."),
+                Option::flag("Drilldown", "allow drilldown").tip("Allow double click to drilldown in the data table."),
+            },
+            QStringLiteral("Count"));
     }
 
     static Option realOption(const QString &key, const QString &label, double value)

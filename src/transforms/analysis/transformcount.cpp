@@ -1,4 +1,5 @@
 #include "data/realwriter.h"
+#include "transforms/addedcolumn.h"
 #include "transforms/analysis/countedcolumn.h"
 #include "transforms/messages.h"
 #include "transforms/newcolumn.h"
@@ -27,23 +28,20 @@ private:
     OptionTable options() const override
     {
         const QStringList sorts{"Count", "Text"};
-        return {
-            Option::flag("Auto_New_Name", "automatic new column name", true)
-                .tip("Uncheck to manually set the new column name."),
-            Option::text("New_Name", "New column name", displayName())
-                .activeWhenFlag("Auto_New_Name", false)
-                .tip("The name for the new column."),
-            Option::column("Column", "Column").tip("The column in the input dataset to count occurrences in."),
-            Option::selection("Sort", "Sort by", sorts)
-                .tip(QStringLiteral("How to sort results.\n"
-                                    "%1=sort by the alphabetic value of the left column.\n"
-                                    "%2=sort by the numeric value of the right column.")
-                         .arg(sorts.at(ByText), sorts.at(ByCount))),
-            Option::selection("Order", "Order", {"Ascending", "Descending"}, Descending)
-                .tip("The order to sort results."),
-            Option::flag("Case_Sensitive", "case sensitive", true).tip("Converts all to lower case if unchecked."),
-            Option::flag("Drilldown", "allow drilldown").tip("Allow double click to drilldown in the data table."),
-        };
+        return AddedColumn::withNameOptions(
+            {
+                Option::column("Column", "Column").tip("The column in the input dataset to count occurrences in."),
+                Option::selection("Sort", "Sort by", sorts)
+                    .tip(QStringLiteral("How to sort results.\n"
+                                        "%1=sort by the alphabetic value of the left column.\n"
+                                        "%2=sort by the numeric value of the right column.")
+                             .arg(sorts.at(ByText), sorts.at(ByCount))),
+                Option::selection("Order", "Order", {"Ascending", "Descending"}, Descending)
+                    .tip("The order to sort results."),
+                Option::flag("Case_Sensitive", "case sensitive", true).tip("Converts all to lower case if unchecked."),
+                Option::flag("Drilldown", "allow drilldown").tip("Allow double click to drilldown in the data table."),
+            },
+            displayName());
     }
 
     Dataset compute(const OptionValues &values, const Inputs &inputs) override

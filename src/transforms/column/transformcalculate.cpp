@@ -1,4 +1,5 @@
 #include "data/values.h"
+#include "transforms/addedcolumn.h"
 #include "transforms/column/calculation.h"
 #include "transforms/newcolumn.h"
 #include "transforms/option.h"
@@ -37,21 +38,22 @@ private:
     OptionTable options() const override
     {
         const QStringList sources{QStringLiteral("Column"), QStringLiteral("Constant")};
-        return {
-            Option::flag("Auto_New_Name", "automatic new column name", true)
-                .tip("Uncheck to manually set the new column name."),
-            Option::text("New_Name", "New column name", displayName())
-                .activeWhenFlag("Auto_New_Name", false)
-                .tip("The name for the new column."),
-            Option::selection("Operation", "Operation", CalculateOperation::texts())
-                .tip("The operation to perform.\nClick the ? button for details."),
-            Option::selection("Type1", "Value 1 type", sources),
-            Option::column("Column1", "Value 1").activeWhen("Type1", {sources.at(Column)}),
-            Option::text("Constant1", "Value 1").activeWhen("Type1", {sources.at(Constant)}),
-            Option::selection("Type2", "Value 2 type", sources).activeWhen(&hasTwoValues),
-            Option::column("Column2", "Value 2").activeWhen(&hasTwoValues).activeWhen("Type2", {sources.at(Column)}),
-            Option::text("Constant2", "Value 2").activeWhen(&hasTwoValues).activeWhen("Type2", {sources.at(Constant)}),
-        };
+        return AddedColumn::withNameOptions(
+            {
+                Option::selection("Operation", "Operation", CalculateOperation::texts())
+                    .tip("The operation to perform.\nClick the ? button for details."),
+                Option::selection("Type1", "Value 1 type", sources),
+                Option::column("Column1", "Value 1").activeWhen("Type1", {sources.at(Column)}),
+                Option::text("Constant1", "Value 1").activeWhen("Type1", {sources.at(Constant)}),
+                Option::selection("Type2", "Value 2 type", sources).activeWhen(&hasTwoValues),
+                Option::column("Column2", "Value 2")
+                    .activeWhen(&hasTwoValues)
+                    .activeWhen("Type2", {sources.at(Column)}),
+                Option::text("Constant2", "Value 2")
+                    .activeWhen(&hasTwoValues)
+                    .activeWhen("Type2", {sources.at(Constant)}),
+            },
+            displayName());
     }
 
     void adjustNewParameters(const QList<DataSource *> &, bool) override { showToolTips(); }
@@ -97,7 +99,7 @@ private:
         if (task.first.isSet() && (task.second.isSet() || task.operation.values == 1)) {
             result.setColumn(result.lastColumn(), calculated(task, input.rowCount(), succeeded));
             QStringList names = result.columnNames();
-            names.last() = values.flag("Auto_New_Name") ? automaticName(task) : values.text("New_Name");
+            names.last() = AddedColumn::name(values, automaticName(task));
             result.setHeader(names);
         }
         setResultText(QStringLiteral("%1 calculations succeeded, %2 failed")

@@ -1,5 +1,6 @@
 #include "data/matchoperator.h"
 #include "data/values.h"
+#include "transforms/addedcolumn.h"
 #include "transforms/keysuggestion.h"
 #include "transforms/messages.h"
 #include "transforms/option.h"
@@ -19,22 +20,19 @@ public:
 protected:
     OptionTable options() const override
     {
-        return {
-            Option::flag(QStringLiteral("Auto_New_Name"), QStringLiteral("automatic new column name"), true)
-                .tip(QStringLiteral("Uncheck to manually set the new column name.")),
-            Option::text(QStringLiteral("New_Name"), QStringLiteral("New column name"))
-                .activeWhenFlag(QStringLiteral("Auto_New_Name"), false)
-                .tip(QStringLiteral("The name for the new column.")),
-            Option::column(QStringLiteral("Column1"), QStringLiteral("Column 1"))
-                .tip(QStringLiteral("Select the first column to compare.")),
-            Option::selection(QStringLiteral("Comparison"), QStringLiteral("Comparison"), MatchOperators::labels(),
-                static_cast<int>(MatchOperator::EqualTo))
-                .tip(QStringLiteral("The comparison operator.")),
-            Option::column(QStringLiteral("Column2"), QStringLiteral("Column 2"))
-                .tip(QStringLiteral("Select the second column to compare.")),
-            Option::flag(QStringLiteral("Case_Sensitive"), QStringLiteral("case sensitive"), true)
-                .tip(QStringLiteral("Check for case sensitive text matching.")),
-        };
+        return AddedColumn::withNameOptions(
+            {
+                Option::column(QStringLiteral("Column1"), QStringLiteral("Column 1"))
+                    .tip(QStringLiteral("Select the first column to compare.")),
+                Option::selection(QStringLiteral("Comparison"), QStringLiteral("Comparison"), MatchOperators::labels(),
+                    static_cast<int>(MatchOperator::EqualTo))
+                    .tip(QStringLiteral("The comparison operator.")),
+                Option::column(QStringLiteral("Column2"), QStringLiteral("Column 2"))
+                    .tip(QStringLiteral("Select the second column to compare.")),
+                Option::flag(QStringLiteral("Case_Sensitive"), QStringLiteral("case sensitive"), true)
+                    .tip(QStringLiteral("Check for case sensitive text matching.")),
+            },
+            QString());
     }
 
     Dataset compute(const OptionValues &values, const Inputs &inputs) override
@@ -49,11 +47,10 @@ protected:
         int held = 0;
         Dataset result = input;
         result.appendColumn(compared(values, input, first, second, held));
-        const QString name = values.flag(QStringLiteral("Auto_New_Name"))
-                                 ? QStringLiteral("%1 %2 %3")
-                                       .arg(input.columnName(first), values.choiceText(QStringLiteral("Comparison")),
-                                           input.columnName(second))
-                                 : values.text(QStringLiteral("New_Name"));
+        const QString name = AddedColumn::name(
+            values, QStringLiteral("%1 %2 %3")
+                        .arg(input.columnName(first), values.choiceText(QStringLiteral("Comparison")),
+                            input.columnName(second)));
         result.setHeaderValue(result.lastColumn(), name);
         setResultText(
             QStringLiteral("%1 true, %2 false").arg(Messages::count(held), Messages::count(input.rowCount() - held)));

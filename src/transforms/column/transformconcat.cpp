@@ -1,3 +1,4 @@
+#include "transforms/addedcolumn.h"
 #include "transforms/messages.h"
 #include "transforms/newcolumn.h"
 #include "transforms/option.h"
@@ -18,21 +19,18 @@ public:
 private:
     OptionTable options() const override
     {
-        return {
-            Option::flag("Auto_New_Name", "automatic new column name", true)
-                .tip("Uncheck to manually set the new column name."),
-            Option::text("New_Name", "New column name", displayName())
-                .activeWhenFlag("Auto_New_Name", false)
-                .tip("The name for the new column."),
-            Option::columns("Columns"),
-            Option::text("Delimiter", "Delimiter", ",")
-                .notRequired()
-                .tip("Choose the text to place between values concatenated in the new column (optional), e.g. a "
-                     "Comma."),
-            Option::flag("Keep_Empty", "keep empty values")
-                .activeWhen([](const OptionValues &values) { return !values.text("Delimiter").isEmpty(); })
-                .tip("Check to concatenate empty values. NB/ Values containing whitespace are not empty."),
-        };
+        return AddedColumn::withNameOptions(
+            {
+                Option::columns("Columns"),
+                Option::text("Delimiter", "Delimiter", ",")
+                    .notRequired()
+                    .tip("Choose the text to place between values concatenated in the new column (optional), e.g. a "
+                         "Comma."),
+                Option::flag("Keep_Empty", "keep empty values")
+                    .activeWhen([](const OptionValues &values) { return !values.text("Delimiter").isEmpty(); })
+                    .tip("Check to concatenate empty values. NB/ Values containing whitespace are not empty."),
+            },
+            displayName());
     }
 
     Dataset compute(const OptionValues &values, const Inputs &inputs) override
@@ -44,8 +42,8 @@ private:
             names.append(input.columnName(column));
         }
         Dataset result = input;
-        result.addNamedColumn(concatenated(values, input, columns),
-            values.flag("Auto_New_Name") ? names.join(QStringLiteral(" + ")) : values.text("New_Name"));
+        result.addNamedColumn(
+            concatenated(values, input, columns), AddedColumn::name(values, names.join(QStringLiteral(" + "))));
         setResultText(columns.isEmpty() ? Messages::noChanges()
                                         : QStringLiteral("Concatenated %1 %2")
                                               .arg(Messages::count(columns.size()), Messages::cols(columns.size())));

@@ -1,3 +1,4 @@
+#include "transforms/addedcolumn.h"
 #include "transforms/keyindex.h"
 #include "transforms/messages.h"
 #include "transforms/newcolumn.h"
@@ -27,23 +28,21 @@ private:
 
     OptionTable options() const override
     {
-        return {
-            Option::flag("Auto_New_Name", "automatic new column name", true)
-                .tip("Uncheck to manually set the new column name."),
-            Option::text("New_Name", "New column name", displayName())
-                .activeWhenFlag("Auto_New_Name", false)
-                .tip("The name for the new column."),
-            Option::column("Column", "Column").tip("The column in the input dataset to pseudonymize."),
-            Option::text("Prefix", "Prefix", "ID-").notRequired().tip("Prefix for the pseudonym. Can be empty."),
-            Option::integer("Start_At", "Start at", 1)
-                .limits(0, 999999999)
-                .tip("Start pseudonym numbering at this value."),
-            Option::integer("Seed", "Random seed", static_cast<int>(QDateTime::currentSecsSinceEpoch() % mostSeed))
-                .limits(0, mostSeed)
-                .tip(QStringLiteral("The seed for the pseudo-random number generator.\nSet between %1 and %2.\nUsed "
-                                    "for randomizing the order pseudonyms are assigned.")
-                         .arg(QString::number(0), QString::number(mostSeed))),
-        };
+        return AddedColumn::withNameOptions(
+            {
+                Option::column("Column", "Column").tip("The column in the input dataset to pseudonymize."),
+                Option::text("Prefix", "Prefix", "ID-").notRequired().tip("Prefix for the pseudonym. Can be empty."),
+                Option::integer("Start_At", "Start at", 1)
+                    .limits(0, 999999999)
+                    .tip("Start pseudonym numbering at this value."),
+                Option::integer("Seed", "Random seed", static_cast<int>(QDateTime::currentSecsSinceEpoch() % mostSeed))
+                    .limits(0, mostSeed)
+                    .tip(
+                        QStringLiteral("The seed for the pseudo-random number generator.\nSet between %1 and %2.\nUsed "
+                                       "for randomizing the order pseudonyms are assigned.")
+                            .arg(QString::number(0), QString::number(mostSeed))),
+            },
+            displayName());
     }
 
     Dataset compute(const OptionValues &values, const Inputs &inputs) override
@@ -60,7 +59,7 @@ private:
         } else {
             result.appendEmptyColumn();
         }
-        name = values.flag("Auto_New_Name") ? name : values.text("New_Name");
+        name = AddedColumn::name(values, name);
         if (!name.isEmpty()) {
             result.setHeaderValue(result.lastColumn(), name);
         }

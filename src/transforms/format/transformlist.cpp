@@ -1,4 +1,5 @@
 #include "data/textregex.h"
+#include "transforms/addedcolumn.h"
 #include "transforms/column/listoperations.h"
 #include "transforms/messages.h"
 #include "transforms/newcolumn.h"
@@ -22,35 +23,34 @@ public:
 private:
     OptionTable options() const override
     {
-        return {
-            Option::flag("Auto_New_Name", "automatic new column name", true)
-                .tip("Uncheck to manually set the new column name."),
-            Option::text("New_Name", "New column name")
-                .activeWhenFlag("Auto_New_Name", false)
-                .tip("The name for the new column."),
-            Option::column("Column", "Column").tip("Select the column to perform a list operation on."),
-            Option::selection("Delimiter_Type", "Using", {"Text delimiter", "Regex delimiter"})
-                .tip("Choose whether to delimit list elements using a text or regex delimiter."),
-            Option::text("Delimiter", "Delimiter")
-                .tip("Choose the list delimiter.\nThis will often be a single character of text, such as a Comma or "
-                     "Space."),
-            Option::selection("Operation", "Operation", ListOperations::names(), ListOperations::Count)
-                .tip("The list operation to perform.\nClick the ? button for details."),
-            Option::text("Output_Delimiter", "Output delimiter", ",")
-                .activeWhen("Delimiter_Type", {"Regex delimiter"})
-                .activeWhen(
-                    [](const OptionValues &values) { return ListOperations::givesList(values.choice("Operation")); })
-                .tip(
-                    "Choose the delimiter for the output list.\nThis will often be a single character of text, such as "
-                    "a Comma or Space."),
-        };
+        return AddedColumn::withNameOptions(
+            {
+                Option::column("Column", "Column").tip("Select the column to perform a list operation on."),
+                Option::selection("Delimiter_Type", "Using", {"Text delimiter", "Regex delimiter"})
+                    .tip("Choose whether to delimit list elements using a text or regex delimiter."),
+                Option::text("Delimiter", "Delimiter")
+                    .tip(
+                        "Choose the list delimiter.\nThis will often be a single character of text, such as a Comma or "
+                        "Space."),
+                Option::selection("Operation", "Operation", ListOperations::names(), ListOperations::Count)
+                    .tip("The list operation to perform.\nClick the ? button for details."),
+                Option::text("Output_Delimiter", "Output delimiter", ",")
+                    .activeWhen("Delimiter_Type", {"Regex delimiter"})
+                    .activeWhen([](const OptionValues &values) {
+                        return ListOperations::givesList(values.choice("Operation"));
+                    })
+                    .tip("Choose the delimiter for the output list.\nThis will often be a single character of text, "
+                         "such as "
+                         "a Comma or Space."),
+            },
+            QString());
     }
 
     Dataset compute(const OptionValues &values, const Inputs &inputs) override
     {
         Dataset result = *inputs.first();
         const ColumnIndex source = values.column("Column");
-        QString name = values.flag("Auto_New_Name") ? QString() : values.text("New_Name");
+        QString name = AddedColumn::name(values, QString());
         if (!source.isValid()) {
             result.appendEmptyColumn();
             setResultText(Messages::noChanges());

@@ -1,5 +1,6 @@
 #include "data/numberreader.h"
 #include "data/realwriter.h"
+#include "transforms/addedcolumn.h"
 #include "transforms/messages.h"
 #include "transforms/newcolumn.h"
 #include "transforms/option.h"
@@ -92,24 +93,22 @@ private:
     OptionTable options() const override
     {
         const QString topLabel = QStringLiteral("Top sample column");
-        return {
-            Option::flag("Auto_New_Name", "automatic new column name", true)
-                .tip("Uncheck to manually set the new column name."),
-            Option::text("New_Name", "New column name")
-                .activeWhenFlag("Auto_New_Name", false)
-                .tip("The name for the new column."),
-            Option::column("Top_Sample_Column", topLabel)
-                .tip("Select the column in the top input dataset that you want to sample in the bottom input dataset."),
-            Option::column("Bottom_Sample_Column", "Bottom sample column")
-                .ofInput(1)
-                .tip(QStringLiteral("Select a column in the bottom dataset matching '%1'.").arg(topLabel)),
-            Option::column("Bottom_Value_Column", "Bottom value column")
-                .ofInput(1)
-                .tip("Select a column in the bottom dataset containing the values you want to interpolate."),
-            Option::selection(
-                "Interpolation_Type", "Interpolation type", {QStringLiteral("Piecewise"), QStringLiteral("Linear")})
-                .tip("The type of interpolation.\nClick the ? button for more details."),
-        };
+        return AddedColumn::withNameOptions(
+            {
+                Option::column("Top_Sample_Column", topLabel)
+                    .tip("Select the column in the top input dataset that you want to sample in the bottom input "
+                         "dataset."),
+                Option::column("Bottom_Sample_Column", "Bottom sample column")
+                    .ofInput(1)
+                    .tip(QStringLiteral("Select a column in the bottom dataset matching '%1'.").arg(topLabel)),
+                Option::column("Bottom_Value_Column", "Bottom value column")
+                    .ofInput(1)
+                    .tip("Select a column in the bottom dataset containing the values you want to interpolate."),
+                Option::selection(
+                    "Interpolation_Type", "Interpolation type", {QStringLiteral("Piecewise"), QStringLiteral("Linear")})
+                    .tip("The type of interpolation.\nClick the ? button for more details."),
+            },
+            QString());
     }
 
     Dataset computeIncomplete(const Inputs &inputs) override
@@ -156,9 +155,8 @@ private:
         result.appendEmptyColumn();
         result.setColumn(result.lastColumn(),
             interpolated(curve, top, topSample, values.choice("Interpolation_Type") == Linear, range));
-        nameNewColumn(result, values.flag("Auto_New_Name")
-                                  ? QStringLiteral("%1 %2").arg(displayName(), bottom.columnName(bottomValue))
-                                  : values.text("New_Name"));
+        nameNewColumn(result,
+            AddedColumn::name(values, QStringLiteral("%1 %2").arg(displayName(), bottom.columnName(bottomValue))));
         return result;
     }
 

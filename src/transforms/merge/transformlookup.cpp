@@ -2,6 +2,7 @@
 #include "data/similarkeys.h"
 #include "data/values.h"
 #include "data/variabletemplate.h"
+#include "transforms/addedcolumn.h"
 #include "transforms/keyindex.h"
 #include "transforms/keyreports.h"
 #include "transforms/keysuggestion.h"
@@ -218,67 +219,69 @@ OptionTable TransformLookup::options() const
     const QString useNoMatchValue = QStringLiteral("Use no match value");
     const auto isFuzzy = [matchType](const OptionValues &values) { return values.choice(matchType) == 1; };
     const auto isNotFuzzy = [isFuzzy](const OptionValues &values) { return !isFuzzy(values); };
-    return {
-        Option::flag(QStringLiteral("Auto_New_Name"), QStringLiteral("automatic new column name"), true)
-            .tip(QStringLiteral("Uncheck to manually set the new column name.")),
-        Option::text(QStringLiteral("New_Name"), QStringLiteral("New column name"), displayName())
-            .activeWhenFlag(QStringLiteral("Auto_New_Name"), false)
-            .tip(QStringLiteral("The name for the new column.")),
-        Option::column(topKeyName, topKeyLabel)
-            .ofInput(0)
-            .tip(QStringLiteral("Select the column in the top input dataset that you want to lookup in the bottom "
-                                "input dataset.")),
-        Option::column(bottomKeyName, bottomKeyLabel)
-            .ofInput(1)
-            .tip(QStringLiteral("Select a column in the bottom dataset matching '%1'.").arg(topKeyLabel)),
-        Option::column(bottomValueName, QStringLiteral("Bottom value column"))
-            .ofInput(1)
-            .tip(QStringLiteral("Select a column in the bottom dataset containing the values you want to lookup.")),
-        Option::selection(matchType, QStringLiteral("Matching"), matchTypes())
-            .tip(QStringLiteral(
-                "How to match keys.\nExact matches as text.\nFuzzy matching allows matching of rows that are close, "
-                "but not identical.\nRegex matches values in the top dataset with regular expressions in the bottom "
-                "dataset.\nEqual matches dates and numeric as dates and numeric.\nExact matching is fastest. Other "
-                "matches types may be much slower.\nClick the ? button for more details.")),
-        Option::integer(QStringLiteral("Fuzziness"), QStringLiteral("Closeness"), 80)
-            .limits(40, 99)
-            .suffix(QStringLiteral("%"))
-            .activeWhen(isFuzzy)
-            .tip(QStringLiteral("How close the match has to be as a percentage to be considered a match.")),
-        Option::selection(used, usedLabel, {QStringLiteral("First"), all})
-            .activeWhen(isNotFuzzy)
-            .tip(QStringLiteral("If '%1' has duplicates, select whether to use the first lookup value or all unique "
-                                "lookup values.")
-                     .arg(bottomKeyLabel)),
-        Option::selection(fuzzyUsed, usedLabel, {firstBest, allBest, all})
-            .activeWhen(isFuzzy)
-            .tip(QStringLiteral(
-                "If '%1' has more than one fuzzy match, select whether to use:\n'%2': The best match. If there are "
-                "multiple values that are an equally good match, use the first one.\n'%3': The best matches. If there "
-                "are multiple values that are equally good, use all of them. Duplicate values are only shown "
-                "once.\n'%4': All matches. Duplicate values are only shown once.")
-                     .arg(usedLabel, firstBest, allBest, all)),
-        Option::flag(QStringLiteral("Empty_Values"), QStringLiteral("ignore empty values"))
-            .tip(QStringLiteral("Check to ignore bottom dataset rows with empty values.")),
-        Option::text(QStringLiteral("Delim"), QStringLiteral("Delimiter"), QStringLiteral(","))
-            .activeWhen(
-                [=](const OptionValues &values) { return values.choice(isFuzzy(values) ? fuzzyUsed : used) != 0; })
-            .tip(QStringLiteral("The delimiter to use between concatenated terms for '%1'='%2' or '%1'='%3'.")
-                     .arg(usedLabel, all, allBest)),
-        Option::selection(
-            QStringLiteral("If_No_Match"), noMatchLabel, {useNoMatchValue, QStringLiteral("Leave unchanged")})
-            .tip(QStringLiteral("What to do if there is of no match amongst lookup values.")),
-        Option::text(QStringLiteral("Non_Matching_Value"), QStringLiteral("No match value"))
-            .notRequired()
-            .activeWhen(QStringLiteral("If_No_Match"), {useNoMatchValue})
-            .tip(QStringLiteral(
-                "The value to set for any value in '%1' not found in '%2' when '%3' set to '%4'.\nYou can use column "
-                "variables. e.g. $(1) to reference the first column value in the top dataset.\nSee 'Column variables' "
-                "in the help.")
-                     .arg(topKeyLabel, bottomKeyLabel, noMatchLabel, useNoMatchValue)),
-        Option::flag(QStringLiteral("Case_Sensitive"), QStringLiteral("case sensitive"), true)
-            .tip(QStringLiteral("Check for case sensitive text matching.")),
-    };
+    return AddedColumn::withNameOptions(
+        {
+            Option::column(topKeyName, topKeyLabel)
+                .ofInput(0)
+                .tip(QStringLiteral("Select the column in the top input dataset that you want to lookup in the bottom "
+                                    "input dataset.")),
+            Option::column(bottomKeyName, bottomKeyLabel)
+                .ofInput(1)
+                .tip(QStringLiteral("Select a column in the bottom dataset matching '%1'.").arg(topKeyLabel)),
+            Option::column(bottomValueName, QStringLiteral("Bottom value column"))
+                .ofInput(1)
+                .tip(QStringLiteral("Select a column in the bottom dataset containing the values you want to lookup.")),
+            Option::selection(matchType, QStringLiteral("Matching"), matchTypes())
+                .tip(QStringLiteral(
+                    "How to match keys.\nExact matches as text.\nFuzzy matching allows matching of rows that are "
+                    "close, "
+                    "but not identical.\nRegex matches values in the top dataset with regular expressions in the "
+                    "bottom "
+                    "dataset.\nEqual matches dates and numeric as dates and numeric.\nExact matching is fastest. Other "
+                    "matches types may be much slower.\nClick the ? button for more details.")),
+            Option::integer(QStringLiteral("Fuzziness"), QStringLiteral("Closeness"), 80)
+                .limits(40, 99)
+                .suffix(QStringLiteral("%"))
+                .activeWhen(isFuzzy)
+                .tip(QStringLiteral("How close the match has to be as a percentage to be considered a match.")),
+            Option::selection(used, usedLabel, {QStringLiteral("First"), all})
+                .activeWhen(isNotFuzzy)
+                .tip(
+                    QStringLiteral("If '%1' has duplicates, select whether to use the first lookup value or all unique "
+                                   "lookup values.")
+                        .arg(bottomKeyLabel)),
+            Option::selection(fuzzyUsed, usedLabel, {firstBest, allBest, all})
+                .activeWhen(isFuzzy)
+                .tip(QStringLiteral(
+                    "If '%1' has more than one fuzzy match, select whether to use:\n'%2': The best match. If there are "
+                    "multiple values that are an equally good match, use the first one.\n'%3': The best matches. If "
+                    "there "
+                    "are multiple values that are equally good, use all of them. Duplicate values are only shown "
+                    "once.\n'%4': All matches. Duplicate values are only shown once.")
+                         .arg(usedLabel, firstBest, allBest, all)),
+            Option::flag(QStringLiteral("Empty_Values"), QStringLiteral("ignore empty values"))
+                .tip(QStringLiteral("Check to ignore bottom dataset rows with empty values.")),
+            Option::text(QStringLiteral("Delim"), QStringLiteral("Delimiter"), QStringLiteral(","))
+                .activeWhen(
+                    [=](const OptionValues &values) { return values.choice(isFuzzy(values) ? fuzzyUsed : used) != 0; })
+                .tip(QStringLiteral("The delimiter to use between concatenated terms for '%1'='%2' or '%1'='%3'.")
+                         .arg(usedLabel, all, allBest)),
+            Option::selection(
+                QStringLiteral("If_No_Match"), noMatchLabel, {useNoMatchValue, QStringLiteral("Leave unchanged")})
+                .tip(QStringLiteral("What to do if there is of no match amongst lookup values.")),
+            Option::text(QStringLiteral("Non_Matching_Value"), QStringLiteral("No match value"))
+                .notRequired()
+                .activeWhen(QStringLiteral("If_No_Match"), {useNoMatchValue})
+                .tip(QStringLiteral("The value to set for any value in '%1' not found in '%2' when '%3' set to "
+                                    "'%4'.\nYou can use column "
+                                    "variables. e.g. $(1) to reference the first column value in the top dataset.\nSee "
+                                    "'Column variables' "
+                                    "in the help.")
+                         .arg(topKeyLabel, bottomKeyLabel, noMatchLabel, useNoMatchValue)),
+            Option::flag(QStringLiteral("Case_Sensitive"), QStringLiteral("case sensitive"), true)
+                .tip(QStringLiteral("Check for case sensitive text matching.")),
+        },
+        displayName());
 }
 
 void TransformLookup::adjustNewParameters(const QList<DataSource *> &inputs, bool isNew)
@@ -310,8 +313,7 @@ Dataset TransformLookup::withoutValues(const OptionValues &values, const Dataset
     Dataset result = top;
     result.appendEmptyColumn();
     setResultText(resultText);
-    nameNewColumn(
-        result, values.flag(QStringLiteral("Auto_New_Name")) ? displayName() : values.text(QStringLiteral("New_Name")));
+    nameNewColumn(result, AddedColumn::name(values, displayName()));
     return result;
 }
 
@@ -338,9 +340,8 @@ Dataset TransformLookup::compute(const OptionValues &values, const Inputs &input
     reportMisses(task.misses);
     reportKeyWhitespace(infoList(), task.top, task.topKey, task.caseSensitive, topKeyLabel);
     reportKeyWhitespace(infoList(), task.bottom, task.bottomKey, task.caseSensitive, bottomKeyLabel);
-    nameNewColumn(result, values.flag(QStringLiteral("Auto_New_Name"))
-                              ? QStringLiteral("%1 %2").arg(displayName(), task.bottom.columnName(task.bottomValue))
-                              : values.text(QStringLiteral("New_Name")));
+    nameNewColumn(result, AddedColumn::name(values,
+                              QStringLiteral("%1 %2").arg(displayName(), task.bottom.columnName(task.bottomValue))));
     setResultText(QStringLiteral("%1 matched, %2 unmatched")
                       .arg(Messages::count(task.matched), Messages::count(task.misses.count())));
     return result;
