@@ -1,9 +1,9 @@
 #include "app/exceptionreport.h"
 
+#include "app/application.h"
 #include "graph/runcontrol.h"
 #include "settings/product.h"
 
-#include <cstdlib>
 #include <new>
 
 ExceptionReport ExceptionReport::ofCurrent()
@@ -17,7 +17,7 @@ ExceptionReport ExceptionReport::ofCurrent()
             QStringLiteral("%1 has exceeded the memory allocation set in 'Preferences' and will close.").arg(product),
             MemoryExceeded};
     } catch (const std::bad_alloc &) {
-        std::abort();
+        Application::outOfMemoryHandler(); // which ends the process
     } catch (const std::exception &exception) {
         return {QStringLiteral("exception: ") + QString::fromLocal8Bit(exception.what()),
             QStringLiteral("%1 has to close due to an exception. Please contact support at %2.").arg(product, support),
