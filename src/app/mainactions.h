@@ -5,8 +5,11 @@
 class QMainWindow;
 class QMenu;
 class QToolBar;
+struct ActionState;
+struct Commands;
 
-/// The actions of the main window, each made with text, icon, shortcut and tips.
+/// The actions of the main window. A row of their table gives each its name, text, key, icon, tips, what it calls and
+/// when it is enabled.
 struct MainActions
 {
     QAction *fileNew = nullptr;
@@ -37,12 +40,15 @@ struct MainActions
     QToolBar *toolBar = nullptr;
 
     /// Makes the actions and puts them into the window's menus and tool bar.
-    void build(QMainWindow &window);
+    void build(QMainWindow &window, Commands &commands);
+    /// From now on those that can be checked act when they change; before, their first states are set.
+    void connectSwitches(QMainWindow &window, Commands &commands);
+    void updateEnabled(const ActionState &state);
     /// With auto run off, the actions that run by hand come into menu and tool bar.
     void showManualRuns(bool show);
 
 private:
-    void makeActions(QMainWindow &window);
+    void makeActions(QMainWindow &window, Commands &commands);
     void fillMenus(QMainWindow &window);
     void fillToolBar(QMainWindow &window);
 };

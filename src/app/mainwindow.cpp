@@ -1,21 +1,20 @@
 #include "app/mainwindow.h"
 
 #include "app/application.h"
+#include "app/commands/actionstate.h"
+#include "app/commands/commandgroups.h"
+#include "app/commands/recentmenu.h"
 #include "app/documentcommands.h"
+#include "app/programinfo.h"
 #include "app/recoveryfile.h"
 #include "app/runlog.h"
-#include "app/tips.h"
+#include "app/startdocument.h"
+#include "app/windowhooks.h"
+#include "data/values.h"
 #include "graph/colors.h"
-#include "graph/graphhooks.h"
 #include "graph/node.h"
 #include "graph/runcontrol.h"
-#include "graph/transformnode.h"
-#include "graph/undostep.h"
-#include "graph/waitcursor.h"
-#include "outputs/outputnode.h"
-#include "panes/dialogs/insufficientmemorydialog.h"
 #include "panes/dialogs/prompts.h"
-#include "panes/dialogs/texteditdlg.h"
 #include "panes/graphpane.h"
 #include "panes/logpane.h"
 #include "panes/statusbar.h"
@@ -25,11 +24,12 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
+#include <QMenu>
 #include <QScreen>
+#include <QSignalBlocker>
 #include <QSplitter>
 #include <QStyle>
 #include <QTimer>
-#include <QToolBar>
 
 namespace {
 
@@ -50,27 +50,25 @@ MainWindow::MainWindow(Application &application, const CommandLine &commandLine,
     if (application.settings().uiFont() != QApplication::font()) {
         QApplication::setFont(application.settings().uiFont());
     }
-    m_actions.build(*this);
     buildPanes();
-    connectActions();
+    const CommandContext context{application, m_session, m_prompts, *m_graphPane, *m_logPane, *m_statusBar, *this};
+    m_groups = std::make_unique<CommandGroups>(context, m_actions, *m_documents);
+    m_hooks = std::make_unique<WindowHooks>(context, *m_documents);
+    m_actions.build(*this, m_groups->all);
+    m_recentMenu = std::make_unique<RecentMenu>(*m_actions.recentMenu, m_recentDocuments, m_session, *m_documents);
+    setFirstStates();
+    connectCommands();
     onSceneChanged(nullptr, &scene());
-    installHooks();
     connectDocuments();
     application.setMainWindow(this);
-    RunControl::setMemoryCeilingHook([this](double used, double limit) { return raiseMemoryCeiling(used, limit); });
-    UndoStep::install([this](const QString &) { m_documents->refreshRecoveryFile(); }, {});
-    onUpdateRecentDocs();
+    m_recentMenu->update();
     onUpdateTitle();
-    onUpdateRunStatus();
-    onGraphSelectionChanged();
+    updateActions();
 }
 
 MainWindow::~MainWindow()
 {
-    UndoStep::install({}, {});
-    GraphHooks::instance() = GraphHooks();
-    RunControl::setMemoryCeilingHook({});
-    OutputNode::setConfirmation({});
+    m_hooks.reset();
     m_application.setMainWindow(nullptr);
     Settings &settings = m_application.settings();
     settings.setSessions(settings.sessions() + 1);
@@ -95,49 +93,33 @@ void MainWindow::buildPanes()
     setCentralWidget(centre);
     m_statusBar = new StatusBar;
     setStatusBar(m_statusBar);
+}
+
+void MainWindow::setFirstStates()
+{
     m_logPane->setVisible(m_application.settings().logPaneShown());
     m_actions.viewLog->setChecked(m_application.settings().logPaneShown());
     m_actions.editSnapToGrid->setChecked(scene().snapToGrid());
     m_actions.showManualRuns(!isAutoRunOn());
 }
 
-void MainWindow::connectActions()
+void MainWindow::connectCommands()
 {
-    const auto on = [this](QAction *action, void (MainWindow::*slot)()) {
-        connect(action, &QAction::triggered, this, slot);
-    };
-    connect(m_actions.fileNew, &QAction::triggered, m_documents, &DocumentCommands::onNew);
-    connect(m_actions.fileOpen, &QAction::triggered, m_documents, &DocumentCommands::onOpen);
-    connect(m_actions.fileSave, &QAction::triggered, m_documents, &DocumentCommands::onSave);
-    connect(m_actions.fileSaveAs, &QAction::triggered, m_documents, &DocumentCommands::onSaveAs);
-    connect(m_actions.fileExit, &QAction::triggered, this, &QWidget::close);
-    on(m_actions.fileNewWindow, &MainWindow::onFileNewWindowAction);
-    on(m_actions.fileCommandLine, &MainWindow::onFileCommandLineAction);
-    on(m_actions.editDelete, &MainWindow::onEditDeleteAction);
-    on(m_actions.editSelectAll, &MainWindow::onEditSelectAllAction);
-    on(m_actions.inputFromFile, &MainWindow::onInputFromFileAction);
-    on(m_actions.inputFromClipboard, &MainWindow::onInputFromClipboardAction);
-    on(m_actions.runStop, &MainWindow::onRunStopAction);
-    on(m_actions.runEverything, &MainWindow::onRunEverythingAction);
-    on(m_actions.runChanged, &MainWindow::onRunChangesAction);
-    on(m_actions.runSelected, &MainWindow::onRunSelectedAction);
-    on(m_actions.helpAbout, &MainWindow::onAbout);
-    connect(m_actions.editSnapToGrid, &QAction::toggled, this, &MainWindow::onEditSnapToGridToggled);
-    connect(m_actions.runAuto, &QAction::toggled, this, &MainWindow::onRunAutoToggled);
-    connect(m_actions.viewZoomFit, &QAction::toggled, this, &MainWindow::onZoomFitToggled);
-    connect(m_actions.viewZoomIn, &QAction::triggered, m_graphPane, QOverload<>::of(&GraphPane::onZoomIn));
-    connect(m_actions.viewZoomOut, &QAction::triggered, m_graphPane, QOverload<>::of(&GraphPane::onZoomOut));
-    connect(m_graphPane, &GraphPane::zoomChanged, this, &MainWindow::onUpdateZoomActions);
-    connect(m_actions.viewLog, &QAction::toggled, m_logPane, &QWidget::setVisible);
-    connect(m_actions.viewToolBar, &QAction::toggled, m_actions.toolBar, &QWidget::setVisible);
-    connect(m_actions.toolBar, &QToolBar::visibilityChanged, m_actions.viewToolBar, &QAction::setChecked);
+    m_actions.connectSwitches(*this, m_groups->all);
+    connect(&m_groups->runs, &RunCommands::autoRunChanged, this, &MainWindow::updateActions);
+    connect(m_recentMenu.get(), &RecentMenu::updated, this, &MainWindow::updateActions);
+    connect(m_graphPane, &GraphPane::zoomChanged, this, [this] {
+        m_groups->view.onZoomChanged();
+        updateActions();
+    });
 }
 
 void MainWindow::onSceneChanged(GraphScene *old, GraphScene *current)
 {
     if (old) {
-        for (QObject *listener : {static_cast<QObject *>(this), static_cast<QObject *>(m_documents),
-                 static_cast<QObject *>(m_statusBar), static_cast<QObject *>(m_logPane)}) {
+        for (QObject *listener :
+            {static_cast<QObject *>(this), static_cast<QObject *>(m_documents), static_cast<QObject *>(m_statusBar),
+                static_cast<QObject *>(m_logPane), static_cast<QObject *>(&m_groups->runs)}) {
             old->disconnect(listener);
         }
     }
@@ -148,7 +130,7 @@ void MainWindow::onSceneChanged(GraphScene *old, GraphScene *current)
     connect(current, &GraphScene::nodesPosChanged, this, &MainWindow::onDocumentChanged);
     connect(current, &GraphScene::nodeParametersChanged, this, &MainWindow::onDocumentChanged);
     connect(current, &GraphScene::nodeDataChanged, this, &MainWindow::onNodeDataChanged);
-    connect(current, &GraphScene::completedTransforms, this, &MainWindow::onCompletedTransforms);
+    connect(current, &GraphScene::completedTransforms, &m_groups->runs, &RunCommands::onCompleted);
     connect(current, &GraphScene::allowUserInteraction, this, &MainWindow::onAllowUserInteraction);
     connect(current, &QGraphicsScene::selectionChanged, this, &MainWindow::onGraphSelectionChanged);
     connect(current, &GraphScene::fileOpen, m_documents, &DocumentCommands::onOpenPath);
@@ -160,29 +142,15 @@ void MainWindow::onSceneChanged(GraphScene *old, GraphScene *current)
     connect(current, &GraphScene::showCriticalMessage, this, [this](const QString &text) { m_prompts.critical(text); });
 }
 
-void MainWindow::installHooks()
-{
-    connect(&m_application, &Application::heartBeat, m_statusBar, &StatusBar::onHeartBeat);
-    GraphHooks &hooks = GraphHooks::instance();
-    hooks.ask = [this](const QString &text) { return m_prompts.confirm(text); };
-    OutputNode::setConfirmation([this](const QString &title, const QString &text) {
-        const WaitCursorPause pause;
-        TextEditDlg dialog(title, text, this);
-        return m_prompts.exec(dialog) == QDialog::Accepted;
-    });
-    hooks.showTip = [this](const QString &key, const QString &title, const QString &text, int milliseconds) {
-        Tips::showOnce(key, title, text, milliseconds, m_graphPane);
-    };
-}
-
 void MainWindow::connectDocuments()
 {
+    connect(&m_application, &Application::heartBeat, m_statusBar, &StatusBar::onHeartBeat);
     connect(&m_session, &DocumentSession::sceneChanged, this, &MainWindow::onSceneChanged);
     connect(&m_session, &DocumentSession::modifiedChanged, this, &QWidget::setWindowModified);
     connect(&m_session, &DocumentSession::pathChanged, this, &MainWindow::onUpdateTitle);
     connect(&m_session, &DocumentSession::aboutToClear, m_logPane, &QPlainTextEdit::clear);
     connect(m_documents, &DocumentCommands::statusMessage, m_statusBar, &StatusBar::onShowMessage);
-    connect(m_documents, &DocumentCommands::recentChanged, this, &MainWindow::onUpdateRecentDocs);
+    connect(m_documents, &DocumentCommands::recentChanged, m_recentMenu.get(), &RecentMenu::update);
     connect(m_documents, &DocumentCommands::localeChanged, m_statusBar, &StatusBar::onUpdateLocale);
     connect(m_documents, &DocumentCommands::documentOpened, this, &MainWindow::onDocumentOpened);
     connect(m_documents, &DocumentCommands::documentCleared, this, &MainWindow::onDocumentCleared);
@@ -203,7 +171,7 @@ void MainWindow::start()
 void MainWindow::onStarted()
 {
     const Settings &settings = m_application.settings();
-    const QString path = documentToStartWith();
+    const QString path = startDocument(m_application, m_commandLineOptions, m_prompts);
     if (!path.isEmpty() && QFileInfo::exists(path)) {
         m_documents->openDocument(path);
     }
@@ -227,26 +195,6 @@ void MainWindow::restoreLayout()
     } else {
         showMaximized();
     }
-}
-
-QString MainWindow::documentToStartWith()
-{
-    if (RecoveryFile::canBeOffered()) {
-        if (m_prompts.confirm(QStringLiteral("An automatic recovery file was created %1 ago. Do you wish to open it?")
-                                  .arg(RecoveryFile::ageText()))) {
-            return RecoveryFile::path();
-        }
-    }
-    if (!m_commandLineOptions.document.isEmpty()) {
-        return m_commandLineOptions.document;
-    }
-    const Settings &settings = m_application.settings();
-    constexpr int openPrevious = 1;
-    if (m_commandLineOptions.newWindow || settings.openPreviousAtStart() != openPrevious
-        || settings.previousPath().isEmpty()) {
-        return QString();
-    }
-    return m_application.applicationDir().absoluteFilePath(settings.previousPath());
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
@@ -281,20 +229,99 @@ void MainWindow::saveRecoveryNow()
     m_documents->saveRecoveryNow();
 }
 
-bool MainWindow::raiseMemoryCeiling(double used, double limit)
-{
-    const WaitCursorPause pause;
-    InsufficientMemoryDialog dialog(used, limit, isWindowModified(), this);
-    m_prompts.exec(dialog);
-    if (dialog.isExitChosen()) {
-        return false;
-    }
-    m_application.settings().setMaxMemoryUsage(dialog.newLimit());
-    m_statusBar->onUpdateMemory();
-    return true;
-}
-
 void MainWindow::onOverridesUnusable(const QString &error)
 {
     QCoreApplication::exit(m_log.fatal(error));
+}
+
+void MainWindow::onUpdateTitle()
+{
+    const QString path = m_session.path();
+    const QString document = path.isEmpty() ? QString() : QStringLiteral("%1 - ").arg(QFileInfo(path).fileName());
+    setWindowTitle(document + ProgramInfo::nameAndVersion() + QStringLiteral("[*]"));
+    setWindowModified(m_session.isModified());
+}
+
+void MainWindow::onNodeDataChanged(Node *node)
+{
+    if (node->state() == NodeState::Processed) {
+        m_statusBar->onShowMessage(QStringLiteral("%1 updated").arg(node->name()));
+    }
+}
+
+void MainWindow::onGraphSelectionChanged()
+{
+    const int items = scene().nodes(true).size();
+    const int connections = scene().connections(true).size();
+    updateActions();
+    if (items + connections == 0) {
+        return;
+    }
+    const QString itemText = QStringLiteral("%1 %2").arg(
+        formatInteger(items, true), items == 1 ? QStringLiteral("item") : QStringLiteral("items"));
+    const QString connectionText = QStringLiteral("%1 %2").arg(formatInteger(connections, true),
+        connections == 1 ? QStringLiteral("conection") : QStringLiteral("connections"));
+    m_statusBar->onShowMessage(QStringLiteral("%1 selected").arg(itemText + QStringLiteral(", ") + connectionText));
+}
+
+void MainWindow::onDocumentOpened(bool autoRun)
+{
+    {
+        const QSignalBlocker blocker(m_actions.editSnapToGrid);
+        m_actions.editSnapToGrid->setChecked(scene().snapToGrid());
+    }
+    m_groups->view.fitDocument();
+    updateActions();
+    m_groups->runs.startOpened(autoRun);
+    updateActions();
+}
+
+void MainWindow::onDocumentCleared()
+{
+    m_groups->view.fitDocument();
+    onGraphSelectionChanged();
+}
+
+void MainWindow::onDocumentChanged()
+{
+    m_session.setModified(true);
+}
+
+void MainWindow::onNodesChanged()
+{
+    onDocumentChanged();
+    updateActions();
+}
+
+void MainWindow::onAllowUserInteraction(bool allow)
+{
+    m_allowsInteraction = allow;
+    m_graphPane->setEnabled(allow);
+    m_graphPane->setInteractive(allow);
+    m_logPane->setEnabled(allow);
+    if (allow) {
+        m_recentMenu->update();
+        onGraphSelectionChanged();
+    } else {
+        updateActions();
+    }
+}
+
+void MainWindow::updateActions()
+{
+    ActionState state;
+    state.isRunning = !m_allowsInteraction;
+    state.isAutoRunOn = isAutoRunOn();
+    state.hasItems = !scene().nodes().isEmpty();
+    state.hasSelectedItems = !scene().nodes(true).isEmpty();
+    state.hasSelection = state.hasSelectedItems || !scene().connections(true).isEmpty();
+    state.isStale = !scene().nodesInState(NodeState::NeedsProcessing).isEmpty()
+                    || !scene().nodesInState(NodeState::Failed).isEmpty();
+    state.canZoomIn = m_graphPane->canZoomIn();
+    state.canZoomOut = m_graphPane->canZoomOut();
+    state.hasRecentDocuments = !m_recentMenu->isEmpty();
+    m_actions.updateEnabled(state);
+    if (m_actions.runChanged->isEnabled()) {
+        m_groups->runs.showRunTip();
+    }
 }

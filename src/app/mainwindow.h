@@ -4,7 +4,6 @@
 #include "app/documentsession.h"
 #include "app/mainactions.h"
 #include "app/recentdocuments.h"
-#include "graph/graphscene.h"
 
 #include <QMainWindow>
 #include <memory>
@@ -15,8 +14,11 @@ class GraphPane;
 class LogPane;
 class Prompts;
 class QSplitter;
+class RecentMenu;
 class RunLog;
 class StatusBar;
+class WindowHooks;
+struct CommandGroups;
 
 /// The window of the program: menus and panes round the canvas. It hands each command to whoever carries it out.
 class MainWindow : public QMainWindow
@@ -43,24 +45,9 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private slots:
+    /// What can be done has changed.
+    void updateActions();
     void onStarted();
-    void onRecentDocSelected();
-    void onClearRecentDocSelected();
-    void onUpdateRecentDocs();
-    void onFileNewWindowAction();
-    void onFileCommandLineAction();
-    void onEditDeleteAction();
-    void onEditSelectAllAction();
-    void onEditSnapToGridToggled(bool on);
-    void onInputFromFileAction();
-    void onInputFromClipboardAction();
-    void onRunStopAction();
-    void onRunEverythingAction();
-    void onRunChangesAction();
-    void onRunSelectedAction();
-    void onRunAutoToggled(bool on);
-    void onUpdateRunStatus();
-    void onCompletedTransforms();
     void onAllowUserInteraction(bool allow);
     void onGraphSelectionChanged();
     void onNodeDataChanged(Node *node);
@@ -68,25 +55,17 @@ private slots:
     void onDocumentChanged();
     void onDocumentOpened(bool autoRun);
     void onDocumentCleared();
-    void onZoomFitToggled(bool on);
-    void onUpdateZoomActions();
     void onUpdateTitle();
-    void onAbout();
     void onOverridesUnusable(const QString &error);
 
 private:
     void buildPanes();
-    void connectActions();
+    void setFirstStates();
+    void connectCommands();
     /// Wires a scene that becomes the live one, and lets go of the one that was.
     void onSceneChanged(GraphScene *old, GraphScene *current);
-    void installHooks();
     void connectDocuments();
     void restoreLayout();
-    /// Makes an input of what the clipboard holds: files, or data as text. A null position chooses a place.
-    void addClipboardInput(const QPointF &position);
-    void run(RunMode mode);
-    bool raiseMemoryCeiling(double used, double limit);
-    QString documentToStartWith();
 
     Application &m_application;
     const CommandLine m_commandLineOptions;
@@ -97,6 +76,9 @@ private:
     RecentDocuments m_recentDocuments;
     DocumentCommands *m_documents;
     MainActions m_actions;
+    std::unique_ptr<CommandGroups> m_groups;
+    std::unique_ptr<WindowHooks> m_hooks;
+    std::unique_ptr<RecentMenu> m_recentMenu;
     GraphPane *m_graphPane = nullptr;
     LogPane *m_logPane = nullptr;
     StatusBar *m_statusBar = nullptr;

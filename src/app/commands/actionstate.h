@@ -1,0 +1,15 @@
+#pragma once
+
+/// What it depends on which actions are enabled.
+struct ActionState
+{
+    bool isRunning = false;
+    bool isAutoRunOn = true;
+    bool hasItems = false;
+    bool hasSelectedItems = false;
+    bool hasSelection = false; ///< of items or connections
+    bool isStale = false;      ///< an item needs processing, or failed
+    bool canZoomIn = true;
+    bool canZoomOut = true;
+    bool hasRecentDocuments = false;
+};

@@ -1,0 +1,21 @@
+#pragma once
+
+class Application;
+class DocumentSession;
+class GraphPane;
+class LogPane;
+class Prompts;
+class QWidget;
+class StatusBar;
+
+/// What the groups of commands work on; all of it outlives them.
+struct CommandContext
+{
+    Application &application;
+    DocumentSession &session;
+    Prompts &prompts;
+    GraphPane &graphPane;
+    LogPane &logPane;
+    StatusBar &statusBar;
+    QWidget &window;
+};

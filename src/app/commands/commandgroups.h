@@ -1,0 +1,32 @@
+#pragma once
+
+#include "app/commands/commands.h"
+#include "app/commands/editcommands.h"
+#include "app/commands/filecommands.h"
+#include "app/commands/helpcommands.h"
+#include "app/commands/inputcommands.h"
+#include "app/commands/runcommands.h"
+#include "app/commands/viewcommands.h"
+
+/// The groups of commands, and what the table of actions sees of them.
+struct CommandGroups
+{
+    CommandGroups(const CommandContext &context, MainActions &actions, DocumentCommands &documents)
+        : files(context)
+        , edit(context)
+        , inputs(context)
+        , runs(context, actions)
+        , view(context, actions)
+        , help(context)
+        , all{documents, files, edit, inputs, runs, view, help}
+    {
+    }
+
+    FileCommands files;
+    EditCommands edit;
+    InputCommands inputs;
+    RunCommands runs;
+    ViewCommands view;
+    HelpCommands help;
+    Commands all;
+};

@@ -1,0 +1,33 @@
+#include "app/commands/editcommands.h"
+
+#include "app/documentsession.h"
+#include "graph/graphscene.h"
+#include "graph/node.h"
+#include "graph/undostep.h"
+#include "panes/statusbar.h"
+
+void EditCommands::deleteSelected()
+{
+    if (!m_context.session.scene().isProcessing()) {
+        const UndoStep step(QStringLiteral("delete"));
+        m_context.session.scene().deleteSelected();
+    }
+}
+
+void EditCommands::selectAll()
+{
+    for (Node *node : m_context.session.scene().nodes()) {
+        node->setSelected(true);
+    }
+}
+
+void EditCommands::setSnapToGrid(bool on)
+{
+    GraphScene &scene = m_context.session.scene();
+    scene.setSnapToGrid(on);
+    if (on) {
+        scene.snapAllNodes();
+    }
+    m_context.session.setModified(true);
+    m_context.statusBar.onShowMessage(on ? QStringLiteral("snap on") : QStringLiteral("snap off"));
+}

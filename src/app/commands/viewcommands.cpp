@@ -1,0 +1,45 @@
+#include "app/commands/viewcommands.h"
+
+#include "app/mainactions.h"
+#include "panes/graphpane.h"
+#include "panes/logpane.h"
+
+#include <QSignalBlocker>
+#include <QToolBar>
+
+void ViewCommands::setZoomFit(bool on)
+{
+    on ? m_context.graphPane.onZoomToFit() : m_context.graphPane.onZoomFree();
+}
+
+void ViewCommands::zoomIn()
+{
+    m_context.graphPane.onZoomIn();
+}
+
+void ViewCommands::zoomOut()
+{
+    m_context.graphPane.onZoomOut();
+}
+
+void ViewCommands::setToolBarShown(bool on)
+{
+    m_actions.toolBar->setVisible(on);
+}
+
+void ViewCommands::setLogShown(bool on)
+{
+    m_context.logPane.setVisible(on);
+}
+
+void ViewCommands::fitDocument()
+{
+    m_actions.viewZoomFit->setChecked(true);
+    m_context.graphPane.onZoomToFit();
+}
+
+void ViewCommands::onZoomChanged()
+{
+    const QSignalBlocker blocker(m_actions.viewZoomFit);
+    m_actions.viewZoomFit->setChecked(m_context.graphPane.isAutoZoom());
+}

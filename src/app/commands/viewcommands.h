@@ -1,0 +1,30 @@
+#pragma once
+
+#include "app/commands/commandcontext.h"
+
+struct MainActions;
+
+/// Commands of the View menu.
+class ViewCommands
+{
+public:
+    ViewCommands(const CommandContext &context, MainActions &actions)
+        : m_context(context)
+        , m_actions(actions)
+    {
+    }
+
+    void setZoomFit(bool on);
+    void zoomIn();
+    void zoomOut();
+    void setToolBarShown(bool on);
+    void setLogShown(bool on);
+    /// For a document that has come or gone.
+    void fitDocument();
+    /// The action tells whether the graph is kept fitted.
+    void onZoomChanged();
+
+private:
+    const CommandContext m_context;
+    MainActions &m_actions;
+};

@@ -1,0 +1,25 @@
+#include "app/startdocument.h"
+
+#include "app/application.h"
+#include "app/commandline.h"
+#include "app/recoveryfile.h"
+#include "panes/dialogs/prompts.h"
+#include "settings/settings.h"
+
+QString startDocument(Application &application, const CommandLine &commandLine, Prompts &prompts)
+{
+    if (RecoveryFile::canBeOffered()
+        && prompts.confirm(QStringLiteral("An automatic recovery file was created %1 ago. Do you wish to open it?")
+                               .arg(RecoveryFile::ageText()))) {
+        return RecoveryFile::path();
+    }
+    if (!commandLine.document.isEmpty()) {
+        return commandLine.document;
+    }
+    const Settings &settings = application.settings();
+    constexpr int openPrevious = 1;
+    if (commandLine.newWindow || settings.openPreviousAtStart() != openPrevious || settings.previousPath().isEmpty()) {
+        return QString();
+    }
+    return application.applicationDir().absoluteFilePath(settings.previousPath());
+}

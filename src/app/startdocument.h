@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+class Application;
+class Prompts;
+struct CommandLine;
+
+/// The path of the document that a window begins with, or nothing: the recovery file if the person wants it, else what
+/// the command line names, else the one that was open last, as the settings say.
+QString startDocument(Application &application, const CommandLine &commandLine, Prompts &prompts);
