@@ -7,7 +7,7 @@ QString platform::resolvedPath(const QString &path)
 {
     const QString absolute = QDir::isRelativePath(path) ? QDir::currentPath() + QLatin1Char('/') + path : path;
     if (!absolute.contains(QLatin1String(".."))) {
-        return QFileInfo(absolute).absoluteFilePath();
+        return QDir::cleanPath(absolute);
     }
     QString result = absolute.startsWith(QLatin1Char('/')) ? QStringLiteral("/") : QString();
     for (const QString &part : absolute.split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
