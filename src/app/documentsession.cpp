@@ -2,6 +2,7 @@
 
 #include "document/documenthandle.h"
 #include "graph/graphscene.h"
+#include "graph/node.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -78,6 +79,14 @@ DocumentToSave DocumentSession::content() const
     document.autoRunOn = m_scene->isAutoRunOn();
     document.batch = m_batch;
     return document;
+}
+
+void DocumentSession::releaseDatasets()
+{
+    for (Node *node : m_scene->nodes()) {
+        node->clearDataset();
+        node->setState(NodeState::NeedsProcessing, false);
+    }
 }
 
 void DocumentSession::clear()

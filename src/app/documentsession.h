@@ -43,6 +43,8 @@ public:
     bool save(const QString &path, QString &error);
     /// What saving writes.
     DocumentToSave content() const;
+    /// Gives the memory of all tables back; the items need to run again.
+    void releaseDatasets();
     /// Drops items, notes and batch settings.
     void clear();
 

@@ -9,33 +9,26 @@
 #include "app/recoveryfile.h"
 #include "app/runlog.h"
 #include "app/startdocument.h"
+#include "app/startup.h"
 #include "app/windowhooks.h"
-#include "data/values.h"
+#include "app/windowlayout.h"
 #include "graph/colors.h"
+#include "graph/graphscene.h"
 #include "graph/node.h"
 #include "graph/runcontrol.h"
+#include "graph/transformnode.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/graphpane.h"
 #include "panes/logpane.h"
 #include "panes/statusbar.h"
-#include "platform/desktop.h"
 #include "settings/settings.h"
 
 #include <QCloseEvent>
-#include <QDir>
 #include <QFileInfo>
 #include <QMenu>
-#include <QScreen>
 #include <QSignalBlocker>
 #include <QSplitter>
-#include <QStyle>
 #include <QTimer>
-
-namespace {
-
-constexpr QSize firstSize(1400, 900);
-
-} // namespace
 
 MainWindow::MainWindow(Application &application, const CommandLine &commandLine, RunLog &log, Prompts *prompts)
     : m_application(application)
@@ -164,7 +157,7 @@ void MainWindow::start()
     m_application.setLastDataDir(settings.lastDataDir());
     m_application.setLastOutputDataDir(settings.lastOutputDataDir());
     show();
-    restoreLayout();
+    restoreLayout(*this, settings);
     QTimer::singleShot(0, this, &MainWindow::onStarted);
 }
 
@@ -175,26 +168,7 @@ void MainWindow::onStarted()
     if (!path.isEmpty() && QFileInfo::exists(path)) {
         m_documents->openDocument(path);
     }
-    if (settings.isIni() && !settings.isWritable()) {
-        m_prompts.critical(QStringLiteral(
-            "Cannot write preferences to '%1'.\nMake sure the file and folder have write permission\nor store "
-            "'Preferences' in the %2.")
-                               .arg(QDir::toNativeSeparators(settings.fileName()), platform::settingsStoreName()));
-    }
-}
-
-void MainWindow::restoreLayout()
-{
-    restoreState(m_application.settings().windowState());
-    if (restoreGeometry(m_application.settings().geometry())) {
-        return;
-    }
-    const QRect available = screen()->availableGeometry();
-    if (available.width() > firstSize.width() && available.height() > firstSize.height()) {
-        setGeometry(QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, firstSize, available));
-    } else {
-        showMaximized();
-    }
+    StartUp::checkStore(settings, m_prompts);
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
@@ -216,12 +190,14 @@ void MainWindow::closeEvent(QCloseEvent *event)
     event->accept();
 }
 
+bool MainWindow::isAutoRunOn() const
+{
+    return scene().isAutoRunOn();
+}
+
 void MainWindow::releaseDatasets()
 {
-    for (Node *node : scene().nodes()) {
-        node->clearDataset();
-        node->setState(NodeState::NeedsProcessing, false);
-    }
+    m_session.releaseDatasets();
 }
 
 void MainWindow::saveRecoveryNow()
@@ -254,14 +230,7 @@ void MainWindow::onGraphSelectionChanged()
     const int items = scene().nodes(true).size();
     const int connections = scene().connections(true).size();
     updateActions();
-    if (items + connections == 0) {
-        return;
-    }
-    const QString itemText = QStringLiteral("%1 %2").arg(
-        formatInteger(items, true), items == 1 ? QStringLiteral("item") : QStringLiteral("items"));
-    const QString connectionText = QStringLiteral("%1 %2").arg(formatInteger(connections, true),
-        connections == 1 ? QStringLiteral("conection") : QStringLiteral("connections"));
-    m_statusBar->onShowMessage(QStringLiteral("%1 selected").arg(itemText + QStringLiteral(", ") + connectionText));
+    m_statusBar->showSelection(items, connections);
 }
 
 void MainWindow::onDocumentOpened(bool autoRun)

@@ -32,7 +32,7 @@ public:
 
     /// Shows the window; the document to begin with opens from the event loop, where exceptions are taken care of.
     void start();
-    bool isAutoRunOn() const { return m_session.scene().isAutoRunOn(); }
+    bool isAutoRunOn() const;
     GraphScene &scene() const { return m_session.scene(); }
     DocumentSession &session() { return m_session; }
     DocumentCommands &documents() { return *m_documents; }
@@ -65,7 +65,6 @@ private:
     /// Wires a scene that becomes the live one, and lets go of the one that was.
     void onSceneChanged(GraphScene *old, GraphScene *current);
     void connectDocuments();
-    void restoreLayout();
 
     Application &m_application;
     const CommandLine m_commandLineOptions;

@@ -1,8 +1,11 @@
 #include "app/startup.h"
 
+#include "panes/dialogs/prompts.h"
+#include "platform/desktop.h"
 #include "settings/settings.h"
 
 #include <QDate>
+#include <QDir>
 #include <QLocale>
 
 void StartUp::applySettings(bool withoutWindow)
@@ -17,4 +20,14 @@ void StartUp::applySettings(bool withoutWindow)
         settings.setTotalRowsProcessedStartDate(QDate::currentDate());
     }
     QLocale::setDefault(locale);
+}
+
+void StartUp::checkStore(const Settings &settings, Prompts &prompts)
+{
+    if (settings.isIni() && !settings.isWritable()) {
+        prompts.critical(QStringLiteral(
+            "Cannot write preferences to '%1'.\nMake sure the file and folder have write permission\nor store "
+            "'Preferences' in the %2.")
+                             .arg(QDir::toNativeSeparators(settings.fileName()), platform::settingsStoreName()));
+    }
 }

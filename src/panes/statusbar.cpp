@@ -1,5 +1,6 @@
 #include "panes/statusbar.h"
 
+#include "data/values.h"
 #include "graph/runcontrol.h"
 #include "settings/settings.h"
 
@@ -63,6 +64,18 @@ StatusBar::StatusBar(QWidget *parent)
 void StatusBar::onShowMessage(const QString &text)
 {
     showMessage(text, messageMs);
+}
+
+void StatusBar::showSelection(int items, int connections)
+{
+    if (items + connections == 0) {
+        return;
+    }
+    const QString itemText = QStringLiteral("%1 %2").arg(
+        formatInteger(items, true), items == 1 ? QStringLiteral("item") : QStringLiteral("items"));
+    const QString connectionText = QStringLiteral("%1 %2").arg(formatInteger(connections, true),
+        connections == 1 ? QStringLiteral("conection") : QStringLiteral("connections"));
+    onShowMessage(QStringLiteral("%1 selected").arg(itemText + QStringLiteral(", ") + connectionText));
 }
 
 void StatusBar::onHeartBeat()

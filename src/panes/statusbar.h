@@ -18,6 +18,8 @@ public:
 public slots:
     /// Shows a message for two seconds.
     void onShowMessage(const QString &text);
+    /// Says how many items and connections are selected, if any.
+    void showSelection(int items, int connections);
     void onHeartBeat();
     void onShowProgress(int percent);
     /// Reads the default locale.

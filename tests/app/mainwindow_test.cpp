@@ -6,6 +6,7 @@
 #include "app/recoveryfile.h"
 #include "app/runlog.h"
 #include "app/testdocument.h"
+#include "graph/graphscene.h"
 #include "graph/ionode.h"
 #include "graph/runcontrol.h"
 #include "outputs/outputnode.h"

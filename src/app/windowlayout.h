@@ -1,0 +1,8 @@
+#pragma once
+
+class QMainWindow;
+class Settings;
+
+/// Gives a window the place, size and tool bars that it had last; a first one gets a good size in the middle of its
+/// screen, or all of a small screen.
+void restoreLayout(QMainWindow &window, const Settings &settings);
