@@ -378,6 +378,33 @@ TEST_F(CommandLineRunTest, MemoryCeilingEndsTheRun)
     EXPECT_TRUE(readFile(path("run.log")).contains("and will close.\n"));
 }
 
+TEST_F(CommandLineRunTest, RunningOutOfMemoryIsTold)
+{
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer's own memory is above any limit";
+#endif
+    // A gigabyte of padding, under the ceiling of the settings but not under that of the system.
+    QByteArray rows = "id,name\n";
+    for (int i = 0; i < 100000; ++i) {
+        rows += QByteArray::number(i) + ",b\n";
+    }
+    writeFile(path("in.csv"), rows);
+    TestDocument document = plain();
+    document.transforms = "<transform name=\"Pad\" id=\"3\"><parameters><parameter name=\"Columns\" value=\"1\"/>"
+                          "<parameter name=\"Length\" value=\"10000\"/></parameters></transform>";
+    document.connections = connectionXml(1, 3) + connectionXml(3, 2);
+    writeFile(path("flow.transform"), document.xml());
+    QProcess shell;
+    shell.setWorkingDirectory(root());
+    shell.start(QStringLiteral("/bin/sh"),
+        {"-c", QStringLiteral("ulimit -c 0; ulimit -v 400000; '%1' flow.transform -cli -log run.log 2>said; echo $?")
+                   .arg(QStringLiteral(QUILLMERE_PROGRAM))});
+    ASSERT_TRUE(shell.waitForFinished(60000));
+    EXPECT_EQ(shell.readAllStandardOutput().trimmed(), "134");
+    EXPECT_TRUE(readFile(path("said")).contains("Out of memory"));
+    EXPECT_TRUE(readFile(path("run.log")).contains("Out of memory\n"));
+}
+
 TEST_F(CommandLineRunTest, MilestoneIsPassedInSilence)
 {
     ASSERT_TRUE(QDir().mkpath(path("config/Marlwick")));
