@@ -22,13 +22,16 @@ namespace {
 
 constexpr int indent = 4;
 
-/// Keeps the order of attributes the same from one save to the next while it lives.
+/// Keeps the order of attributes the same from one save to the next while it lives, and leaves the seed as it was.
 class StableAttributeOrder
 {
 public:
     StableAttributeOrder() { qSetGlobalQHashSeed(0); }
-    ~StableAttributeOrder() { qSetGlobalQHashSeed(-1); }
+    ~StableAttributeOrder() { qSetGlobalQHashSeed(m_seed); }
     Q_DISABLE_COPY(StableAttributeOrder)
+
+private:
+    const int m_seed = qGlobalQHashSeed();
 };
 
 QString formatError(const MarkupError &error)

@@ -161,6 +161,23 @@ TEST_F(DocumentFileTest, SavedAndOpenedAgainItIsTheSame)
     EXPECT_EQ(withoutSaver(read(path)).toStdString(), withoutSaver(first).toStdString());
 }
 
+TEST_F(DocumentFileTest, SavingLeavesTheHashSeedAlone)
+{
+    ASSERT_EQ(load(write("first.transform", fullDocument())), QString());
+    const int before = qGlobalQHashSeed();
+    QByteArray first;
+    for (const int seed : {0, 1741}) {
+        SCOPED_TRACE(seed);
+        qSetGlobalQHashSeed(seed);
+        EXPECT_EQ(save(at("saved.transform")), QString());
+        EXPECT_EQ(qGlobalQHashSeed(), seed);
+        const QByteArray saved = withoutSaver(read(at("saved.transform")));
+        EXPECT_TRUE(first.isEmpty() || saved == first) << "the seed shows in the file";
+        first = saved;
+    }
+    qSetGlobalQHashSeed(before);
+}
+
 TEST_F(DocumentFileTest, EverySaveHasTheSameOrderOfAttributes)
 {
     ASSERT_EQ(load(write("first.transform", fullDocument())), QString());
