@@ -70,5 +70,11 @@ int main(int argc, char **argv)
     if (!commandLine.logPath.isEmpty()) {
         openLog(commandLine, log);
     }
-    return commandLine.commandLine ? CommandLineRun(commandLine, log).run() : runWindow(application, commandLine, log);
+    try {
+        return commandLine.commandLine ? CommandLineRun(commandLine, log).run()
+                                       : runWindow(application, commandLine, log);
+    } catch (const std::bad_alloc &) {
+        // Qt's containers take their memory past operator new and throw.
+        Application::outOfMemoryHandler();
+    }
 }

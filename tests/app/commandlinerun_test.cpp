@@ -426,6 +426,27 @@ TEST_F(CommandLineRunTest, GoesOnWhenNobodyReadsTheReport)
     EXPECT_TRUE(waitFor([this] { return readFile(path("out.csv")).endsWith("2,b\n"); }));
 }
 
+#ifndef __SANITIZE_ADDRESS__ // which takes more address space than any limit leaves
+
+TEST_F(CommandLineRunTest, SaysOnConsoleAndInTheLogThatMemoryIsOut)
+{
+    // As many zeros behind the document as may be, which take no place on the disk but more memory than the run gets.
+    QFile document(path("flow.transform"));
+    ASSERT_TRUE(document.resize(512LL * 1024 * 1024));
+    QProcess shell;
+    shell.setWorkingDirectory(root());
+    shell.start(QStringLiteral("/bin/sh"),
+        {"-c", QStringLiteral("ulimit -c 0; ulimit -v 524288; exec '%1' flow.transform -cli -log run.log")
+                   .arg(QStringLiteral(QUILLMERE_PROGRAM))});
+    ASSERT_TRUE(shell.waitForFinished(60000));
+    EXPECT_EQ(shell.exitStatus(), QProcess::CrashExit);
+    EXPECT_TRUE(shell.readAllStandardError().contains("Out of memory\n"));
+    EXPECT_TRUE(readFile(path("run.log")).endsWith("Out of memory\n")) << readFile(path("run.log")).toStdString();
+    EXPECT_FALSE(QFile::exists(path("out.csv")));
+}
+
+#endif
+
 TEST_F(CommandLineRunTest, WindowTakesOtherFilesTooOrGivesUp)
 {
     ASSERT_TRUE(QDir().mkpath(path("config/Marlwick")));
