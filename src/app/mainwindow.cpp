@@ -17,10 +17,10 @@
 #include "graph/node.h"
 #include "graph/runcontrol.h"
 #include "graph/transformnode.h"
+#include "panes/canvas/graphpane.h"
 #include "panes/dialogs/prompts.h"
-#include "panes/graphpane.h"
-#include "panes/logpane.h"
-#include "panes/statusbar.h"
+#include "panes/status/logpane.h"
+#include "panes/status/statusbar.h"
 #include "settings/settings.h"
 
 #include <QCloseEvent>

@@ -9,11 +9,11 @@
 #include "graph/undostep.h"
 #include "graph/waitcursor.h"
 #include "outputs/outputnode.h"
+#include "panes/canvas/graphpane.h"
 #include "panes/dialogs/insufficientmemorydialog.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/dialogs/texteditdlg.h"
-#include "panes/graphpane.h"
-#include "panes/statusbar.h"
+#include "panes/status/statusbar.h"
 #include "settings/settings.h"
 
 WindowHooks::WindowHooks(const CommandContext &context, DocumentCommands &documents)

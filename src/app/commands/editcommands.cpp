@@ -4,7 +4,7 @@
 #include "graph/graphscene.h"
 #include "graph/node.h"
 #include "graph/undostep.h"
-#include "panes/statusbar.h"
+#include "panes/status/statusbar.h"
 
 void EditCommands::deleteSelected()
 {

@@ -4,8 +4,8 @@
 #include "app/documentsession.h"
 #include "graph/graphscene.h"
 #include "inputs/clipboardtext.h"
+#include "panes/canvas/graphpane.h"
 #include "panes/dialogs/prompts.h"
-#include "panes/graphpane.h"
 #include "settings/settings.h"
 
 #include <QClipboard>

@@ -7,8 +7,8 @@
 #include "graph/graphscene.h"
 #include "graph/node.h"
 #include "graph/runcontrol.h"
-#include "panes/logpane.h"
-#include "panes/statusbar.h"
+#include "panes/status/logpane.h"
+#include "panes/status/statusbar.h"
 
 #include <QMessageBox>
 #include <QTimer>

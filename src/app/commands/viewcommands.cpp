@@ -1,8 +1,8 @@
 #include "app/commands/viewcommands.h"
 
 #include "app/mainactions.h"
-#include "panes/graphpane.h"
-#include "panes/logpane.h"
+#include "panes/canvas/graphpane.h"
+#include "panes/status/logpane.h"
 
 #include <QSignalBlocker>
 #include <QToolBar>

@@ -1,4 +1,4 @@
-#include "panes/statusbar.h"
+#include "panes/status/statusbar.h"
 
 #include "data/values.h"
 #include "graph/runcontrol.h"

@@ -1,4 +1,4 @@
-#include "panes/logpane.h"
+#include "panes/status/logpane.h"
 
 namespace {
 

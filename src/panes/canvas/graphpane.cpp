@@ -1,4 +1,4 @@
-#include "panes/graphpane.h"
+#include "panes/canvas/graphpane.h"
 
 #include "graph/colors.h"
 #include "graph/graphscene.h"
