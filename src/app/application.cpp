@@ -17,7 +17,7 @@
 #include "settings/product.h"
 #include "settings/settings.h"
 #include "transforms/catalogue.h"
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
 
 #include <QDebug>
 #include <QFileInfo>

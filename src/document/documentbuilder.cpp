@@ -12,8 +12,8 @@
 #include "outputs/outputnode.h"
 #include "settings/settings.h"
 #include "transforms/catalogue.h"
-#include "transforms/parameter.h"
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/parameter.h"
 
 #include <QDomDocument>
 #include <QFileInfo>

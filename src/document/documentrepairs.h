@@ -1,6 +1,6 @@
 #pragma once
 
-#include "transforms/messages.h"
+#include "transforms/frame/messages.h"
 
 #include <QStringList>
 

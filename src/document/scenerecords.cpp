@@ -7,8 +7,8 @@
 #include "graph/transformnode.h"
 #include "inputs/inputnode.h"
 #include "outputs/outputnode.h"
-#include "transforms/parameter.h"
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/parameter.h"
 
 #include <algorithm>
 

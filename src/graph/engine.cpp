@@ -8,7 +8,7 @@
 #include "graph/runcontrol.h"
 #include "graph/waitcursor.h"
 #include "settings/settings.h"
-#include "transforms/documentcontext.h"
+#include "transforms/frame/documentcontext.h"
 
 #include <QApplication>
 #include <QDateTime>

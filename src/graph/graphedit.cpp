@@ -6,8 +6,8 @@
 #include "graph/transformnode.h"
 #include "graph/undostep.h"
 #include "graph/waitcursor.h"
-#include "transforms/parameter.h"
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/parameter.h"
 
 #include <QPair>
 #include <QSet>

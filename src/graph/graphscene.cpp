@@ -16,7 +16,7 @@
 #include "graph/undostep.h"
 #include "graph/waitcursor.h"
 #include "transforms/catalogue.h"
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
 
 #include <QAction>
 #include <QDir>

@@ -4,7 +4,7 @@
 #include "graph/nodeoverlayitem.h"
 #include "graph/nodeplacement.h"
 #include "graph/transformnode.h"
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
 
 #include <QGraphicsSceneMouseEvent>
 #include <QPainter>

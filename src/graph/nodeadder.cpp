@@ -15,7 +15,7 @@
 #include "graph/waitcursor.h"
 #include "settings/product.h"
 #include "settings/settings.h"
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -2,7 +2,7 @@
 
 #include "data/dataset.h"
 #include "data/values.h"
-#include "transforms/messages.h"
+#include "transforms/frame/messages.h"
 
 #include <QLocale>
 

@@ -6,8 +6,8 @@
 #include "graph/nodepainter.h"
 #include "graph/runcontrol.h"
 #include "settings/settings.h"
-#include "transforms/parameter.h"
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/parameter.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include "data/cellcolumn.h"
 #include "inputs/exceldates.h"
 #include "inputs/shortestreal.h"
-#include "transforms/messages.h"
+#include "transforms/frame/messages.h"
 
 #include <functional>
 #include <vector>

@@ -6,7 +6,7 @@
 #include "inputs/schemacheck.h"
 #include "inputs/sourcereader.h"
 #include "settings/settings.h"
-#include "transforms/newcolumn.h"
+#include "transforms/frame/newcolumn.h"
 
 #include <QFileInfo>
 

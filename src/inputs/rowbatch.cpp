@@ -1,7 +1,7 @@
 #include "inputs/rowbatch.h"
 
 #include "data/values.h"
-#include "transforms/tablesize.h"
+#include "transforms/frame/tablesize.h"
 
 #include <new>
 

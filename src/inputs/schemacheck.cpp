@@ -1,7 +1,7 @@
 #include "inputs/schemacheck.h"
 
 #include "data/dataset.h"
-#include "transforms/newcolumn.h"
+#include "transforms/frame/newcolumn.h"
 
 #include <QHash>
 

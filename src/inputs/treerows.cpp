@@ -4,7 +4,7 @@
 #include "inputs/jsonstring.h"
 #include "inputs/textcleanup.h"
 #include "inputs/treerecord.h"
-#include "transforms/tablesize.h"
+#include "transforms/frame/tablesize.h"
 
 #include <algorithm>
 #include <cmath>

@@ -3,7 +3,7 @@
 #include "data/dataset.h"
 #include "data/values.h"
 #include "inputs/linescanner.h"
-#include "transforms/tablesize.h"
+#include "transforms/frame/tablesize.h"
 
 #include <algorithm>
 #include <cstring>

@@ -4,7 +4,7 @@
 #include "data/numberscan.h"
 #include "data/values.h"
 #include "outputs/excelformats.h"
-#include "transforms/messages.h"
+#include "transforms/frame/messages.h"
 
 namespace {
 

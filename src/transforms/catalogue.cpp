@@ -1,6 +1,6 @@
 #include "transforms/catalogue.h"
 
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
 
 #include <QHash>
 

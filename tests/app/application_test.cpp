@@ -8,7 +8,7 @@
 #include "support/printers.h"
 #include "support/scopedsettings.h"
 #include "transforms/catalogue.h"
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
 
 #include <QDoubleSpinBox>
 #include <QPushButton>

@@ -16,7 +16,7 @@
 #include "settings/settings.h"
 #include "support/printers.h"
 #include "support/waitfor.h"
-#include "transforms/documentcontext.h"
+#include "transforms/frame/documentcontext.h"
 
 #include <QClipboard>
 #include <QDir>

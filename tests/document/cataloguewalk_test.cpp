@@ -2,8 +2,8 @@
 #include "graph/transformnode.h"
 #include "support/scopedsettings.h"
 #include "transforms/catalogue.h"
-#include "transforms/parameter.h"
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/parameter.h"
 
 #include <QRegularExpression>
 #include <gtest/gtest.h>

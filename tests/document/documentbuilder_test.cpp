@@ -6,8 +6,8 @@
 #include "inputs/inputnode.h"
 #include "outputs/outputnode.h"
 #include "support/printers.h"
-#include "transforms/parameter.h"
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/parameter.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 #include "document/sampledocument.h"
 #include "graph/transformnode.h"
 #include "support/scopedsettings.h"
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
 
 #include <gtest/gtest.h>
 

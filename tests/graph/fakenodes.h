@@ -1,7 +1,7 @@
 #pragma once
 
 #include "graph/ionode.h"
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
 
 #include <functional>
 

@@ -4,7 +4,7 @@
 #include "graph/nodefactory.h"
 #include "graph/nodeplacement.h"
 #include "transforms/catalogue.h"
-#include "transforms/parameter.h"
+#include "transforms/options/parameter.h"
 
 GraphTest::GraphTest()
 {

@@ -1,7 +1,7 @@
 #include "graphfixture.h"
 
 #include "graph/notenode.h"
-#include "transforms/parameter.h"
+#include "transforms/options/parameter.h"
 
 using NodeTest = GraphTest;
 

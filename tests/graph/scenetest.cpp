@@ -6,7 +6,7 @@
 #include "graph/notenode.h"
 #include "graph/undostep.h"
 #include "transforms/catalogue.h"
-#include "transforms/parameter.h"
+#include "transforms/options/parameter.h"
 
 #include <QAction>
 #include <QDir>

@@ -1,7 +1,7 @@
 #include "support/runon.h"
 
 #include "transforms/catalogue.h"
-#include "transforms/parameter.h"
+#include "transforms/options/parameter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "support/fakesource.h"
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
 
 #include <QPair>
 #include <QVariant>

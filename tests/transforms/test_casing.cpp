@@ -1,5 +1,5 @@
 #include "support/printers.h"
-#include "transforms/casing.h"
+#include "transforms/format/casing.h"
 
 #include <gtest/gtest.h>
 #include <random>

@@ -3,8 +3,8 @@
 #include "support/fakesource.h"
 #include "support/grid.h"
 #include "support/scopedsettings.h"
-#include "transforms/parameter.h"
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/parameter.h"
 
 #include <QSet>
 #include <QUrl>

@@ -2,9 +2,9 @@
 #include "support/grid.h"
 #include "support/runon.h"
 #include "support/scopedlocale.h"
-#include "transforms/celltransform.h"
-#include "transforms/option.h"
-#include "transforms/parameter.h"
+#include "transforms/frame/celltransform.h"
+#include "transforms/options/option.h"
+#include "transforms/options/parameter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "support/grid.h"
 #include "support/runon.h"
 #include "support/scopedsettings.h"
-#include "transforms/documentcontext.h"
+#include "transforms/frame/documentcontext.h"
 
 #include <QDate>
 #include <QHash>

@@ -1,8 +1,8 @@
 #include "data/matchoperator.h"
 #include "support/grid.h"
 #include "support/runon.h"
-#include "transforms/records.h"
-#include "transforms/verifyrules.h"
+#include "transforms/options/records.h"
+#include "transforms/options/verifyrules.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "data/matchoperator.h"
 #include "support/grid.h"
 #include "support/runon.h"
-#include "transforms/records.h"
+#include "transforms/options/records.h"
 
 #include <gtest/gtest.h>
 

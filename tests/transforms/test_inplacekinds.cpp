@@ -4,8 +4,8 @@
 #include "support/scopedlocale.h"
 #include "support/scopedsettings.h"
 #include "transforms/catalogue.h"
-#include "transforms/parameter.h"
-#include "transforms/records.h"
+#include "transforms/options/parameter.h"
+#include "transforms/options/records.h"
 
 #include <QDate>
 #include <QSet>

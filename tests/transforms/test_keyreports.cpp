@@ -1,4 +1,4 @@
-#include "transforms/keyreports.h"
+#include "transforms/keys/keyreports.h"
 
 #include "support/grid.h"
 

@@ -1,9 +1,9 @@
-#include "transforms/keysuggestion.h"
+#include "transforms/keys/keysuggestion.h"
 
 #include "support/fakesource.h"
 #include "support/grid.h"
 #include "support/scopedsettings.h"
-#include "transforms/parameter.h"
+#include "transforms/options/parameter.h"
 
 #include <gtest/gtest.h>
 

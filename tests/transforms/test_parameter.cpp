@@ -1,7 +1,7 @@
 #include "support/fakesource.h"
 #include "support/grid.h"
 #include "support/scopedlocale.h"
-#include "transforms/parameter.h"
+#include "transforms/options/parameter.h"
 
 #include <gtest/gtest.h>
 

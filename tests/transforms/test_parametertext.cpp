@@ -1,6 +1,6 @@
 #include "support/fakesource.h"
 #include "support/grid.h"
-#include "transforms/parameter.h"
+#include "transforms/options/parameter.h"
 
 #include <QUrl>
 #include <gtest/gtest.h>

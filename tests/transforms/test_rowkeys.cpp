@@ -1,8 +1,8 @@
-#include "transforms/rowkeys.h"
+#include "transforms/keys/rowkeys.h"
 
 #include "support/grid.h"
 #include "support/randomtext.h"
-#include "transforms/rowgroups.h"
+#include "transforms/keys/rowgroups.h"
 
 #include <QMap>
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 #include "support/grid.h"
 #include "support/runon.h"
 #include "support/scopedsettings.h"
-#include "transforms/records.h"
+#include "transforms/options/records.h"
 
 #include <gtest/gtest.h>
 

@@ -1,13 +1,13 @@
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
 
 #include "settings/settings.h"
 #include "support/fakesource.h"
 #include "support/grid.h"
 #include "support/runon.h"
 #include "support/scopedsettings.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/parameter.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
+#include "transforms/options/parameter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "transforms/verifyrules.h"
+#include "transforms/options/verifyrules.h"
 
 #include "support/printers.h"
 

@@ -2,7 +2,7 @@
 
 #include "transforms/analysis/clusterterms.h"
 #include "transforms/analysis/clustervalues.h"
-#include "transforms/randomnumbers.h"
+#include "transforms/frame/randomnumbers.h"
 
 #include <QElapsedTimer>
 #include <functional>

@@ -1,6 +1,6 @@
 #include "transforms/analysis/countedcolumn.h"
 
-#include "transforms/addedcolumn.h"
+#include "transforms/options/addedcolumn.h"
 
 QString CountedColumn::newName(const OptionValues &values, const Dataset &input, ColumnIndex column)
 {

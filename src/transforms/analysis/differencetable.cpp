@@ -1,6 +1,6 @@
 #include "transforms/analysis/differencetable.h"
 
-#include "transforms/messages.h"
+#include "transforms/frame/messages.h"
 
 namespace {
 

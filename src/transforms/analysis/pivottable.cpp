@@ -1,7 +1,7 @@
 #include "transforms/analysis/pivottable.h"
 
-#include "transforms/newcolumn.h"
-#include "transforms/storedtext.h"
+#include "transforms/frame/newcolumn.h"
+#include "transforms/frame/storedtext.h"
 
 #include <algorithm>
 

@@ -2,8 +2,8 @@
 
 #include "data/dataset.h"
 #include "data/valuesummary.h"
-#include "transforms/rowgroups.h"
-#include "transforms/rowkeys.h"
+#include "transforms/keys/rowgroups.h"
+#include "transforms/keys/rowkeys.h"
 
 #include <functional>
 

@@ -1,13 +1,13 @@
 #include "data/numberreader.h"
 #include "data/values.h"
-#include "transforms/addedcolumn.h"
 #include "transforms/analysis/bins.h"
 #include "transforms/analysis/countedcolumn.h"
-#include "transforms/messages.h"
-#include "transforms/newcolumn.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/transform.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/newcolumn.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/addedcolumn.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 #include <cmath>
 

@@ -1,11 +1,11 @@
 #include "data/values.h"
 #include "transforms/analysis/differencetable.h"
-#include "transforms/keyindex.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/transform.h"
-#include "transforms/twoinputs.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/transform.h"
+#include "transforms/frame/twoinputs.h"
+#include "transforms/keys/keyindex.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 /// Lists what differs between two tables, row by row or key by key.
 class TransformDiff final : public Transform

@@ -1,9 +1,9 @@
 #include "transforms/analysis/pivottable.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/tablesize.h"
-#include "transforms/twopasses.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/tablesize.h"
+#include "transforms/frame/twopasses.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 /// Makes a cross table of the summed-up values of one column.
 class TransformPivot final : public Transform

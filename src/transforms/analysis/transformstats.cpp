@@ -2,12 +2,12 @@
 #include "data/numberreader.h"
 #include "data/realwriter.h"
 #include "data/values.h"
-#include "transforms/messages.h"
-#include "transforms/newcolumn.h"
-#include "transforms/numberfailures.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/transform.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/newcolumn.h"
+#include "transforms/frame/numberfailures.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 /// Adds a row with one statistic of each selected column, a column with that of each row, or both.
 class TransformStats final : public Transform

@@ -1,9 +1,9 @@
 #include "transforms/analysis/profiletable.h"
-#include "transforms/messages.h"
-#include "transforms/newcolumn.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/transform.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/newcolumn.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 /// Makes a profile of the table: a row for each metric, a column for each selected column.
 class TransformSummary final : public Transform

@@ -1,11 +1,11 @@
 #include "data/numberreader.h"
 #include "data/realwriter.h"
 #include "data/rowkeyindex.h"
-#include "transforms/addedcolumn.h"
-#include "transforms/messages.h"
-#include "transforms/newcolumn.h"
-#include "transforms/numberfailures.h"
-#include "transforms/transform.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/newcolumn.h"
+#include "transforms/frame/numberfailures.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/addedcolumn.h"
 
 #include <optional>
 

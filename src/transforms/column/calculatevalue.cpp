@@ -1,7 +1,7 @@
 #include "transforms/column/calculatevalue.h"
 
 #include "data/values.h"
-#include "transforms/newcolumn.h"
+#include "transforms/frame/newcolumn.h"
 
 CalculateValue CalculateValue::ofColumn(const Dataset &dataset, ColumnIndex column)
 {

@@ -4,7 +4,7 @@
 #include "data/textbuffer.h"
 #include "transforms/column/calculateoperation.h"
 #include "transforms/column/calculatevalue.h"
-#include "transforms/messages.h"
+#include "transforms/frame/messages.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #include "transforms/column/sizereport.h"
 
 #include "data/dataset.h"
-#include "transforms/messages.h"
+#include "transforms/frame/messages.h"
 
 #include <QStringList>
 

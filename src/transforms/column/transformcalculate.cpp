@@ -1,10 +1,10 @@
 #include "data/values.h"
-#include "transforms/addedcolumn.h"
 #include "transforms/column/calculation.h"
-#include "transforms/newcolumn.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/transform.h"
+#include "transforms/frame/newcolumn.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/addedcolumn.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 static QByteArray calculateKeywords()
 {

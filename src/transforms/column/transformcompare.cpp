@@ -1,11 +1,11 @@
 #include "data/matchoperator.h"
 #include "data/values.h"
-#include "transforms/addedcolumn.h"
-#include "transforms/keysuggestion.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/transform.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/transform.h"
+#include "transforms/keys/keysuggestion.h"
+#include "transforms/options/addedcolumn.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 /// Adds a column that tells, row by row, whether a test of one column against another holds.
 class TransformCompare final : public Transform

@@ -1,10 +1,10 @@
-#include "transforms/addedcolumn.h"
-#include "transforms/messages.h"
-#include "transforms/newcolumn.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/storedtext.h"
-#include "transforms/transform.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/newcolumn.h"
+#include "transforms/frame/storedtext.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/addedcolumn.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 /// Adds a column with the texts of several columns joined.
 class TransformConcat final : public Transform

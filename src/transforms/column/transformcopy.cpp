@@ -1,8 +1,8 @@
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/tablesize.h"
-#include "transforms/transform.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/tablesize.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 /// Adds copies of columns at the right end.
 class TransformCopy final : public Transform

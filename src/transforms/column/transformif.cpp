@@ -1,10 +1,10 @@
-#include "transforms/columnedit.h"
-#include "transforms/keysuggestion.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/columnedit.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/transform.h"
+#include "transforms/keys/keysuggestion.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 #include "transforms/row/termmatcher.h"
-#include "transforms/transform.h"
 
 #include <algorithm>
 

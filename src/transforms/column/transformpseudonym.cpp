@@ -1,11 +1,11 @@
-#include "transforms/addedcolumn.h"
-#include "transforms/keyindex.h"
-#include "transforms/messages.h"
-#include "transforms/newcolumn.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/randomnumbers.h"
-#include "transforms/transform.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/newcolumn.h"
+#include "transforms/frame/randomnumbers.h"
+#include "transforms/frame/transform.h"
+#include "transforms/keys/keyindex.h"
+#include "transforms/options/addedcolumn.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 #include <QDateTime>
 #include <algorithm>

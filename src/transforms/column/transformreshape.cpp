@@ -1,11 +1,11 @@
 #include "data/arenaunion.h"
 #include "data/datasource.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/parameter.h"
-#include "transforms/tablesize.h"
-#include "transforms/transform.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/tablesize.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
+#include "transforms/options/parameter.h"
 
 #include <vector>
 

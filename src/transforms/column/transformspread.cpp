@@ -1,12 +1,12 @@
 #include "transforms/column/sizereport.h"
-#include "transforms/messages.h"
-#include "transforms/newcolumn.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/rowgroups.h"
-#include "transforms/rowkeys.h"
-#include "transforms/tablesize.h"
-#include "transforms/transform.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/newcolumn.h"
+#include "transforms/frame/tablesize.h"
+#include "transforms/frame/transform.h"
+#include "transforms/keys/rowgroups.h"
+#include "transforms/keys/rowkeys.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "transforms/format/neighbourcelltransform.h"
 
 #include "data/arenaunion.h"
-#include "transforms/messages.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/messages.h"
+#include "transforms/options/optionvalues.h"
 
 #include <algorithm>
 

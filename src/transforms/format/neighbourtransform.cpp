@@ -1,7 +1,7 @@
 #include "transforms/format/neighbourtransform.h"
 
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 static const char *const sameKeyChoice = "Rows with same key value";
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
 
 /// What the kinds share that look from a cell to its neighbour in a direction: their options.
 class NeighbourTransform : public Transform

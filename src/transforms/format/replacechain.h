@@ -2,7 +2,7 @@
 
 #include "data/variabletemplate.h"
 #include "transforms/format/regexreplacer.h"
-#include "transforms/records.h"
+#include "transforms/options/records.h"
 
 #include <QStringList>
 #include <memory>

@@ -1,7 +1,7 @@
-#include "transforms/casing.h"
-#include "transforms/celltransform.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/format/casing.h"
+#include "transforms/frame/celltransform.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 #include <type_traits>
 

@@ -1,11 +1,11 @@
 #include "data/datasource.h"
 #include "data/values.h"
-#include "transforms/conversiontransform.h"
 #include "transforms/format/datetimeconverter.h"
-#include "transforms/keysuggestion.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/conversiontransform.h"
+#include "transforms/frame/messages.h"
+#include "transforms/keys/keysuggestion.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
-#include "transforms/celltransform.h"
 #include "transforms/format/htmltext.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/celltransform.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 #include <QRegularExpression>
 #include <QUrl>

@@ -1,9 +1,9 @@
 #include "data/variabletemplate.h"
-#include "transforms/celltransform.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/storedtext.h"
+#include "transforms/frame/celltransform.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/storedtext.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 /// Puts a text, in which values of the same row may be named, in front of the selected cells or behind them.
 class TransformInsert final : public CellTransform

@@ -1,11 +1,11 @@
 #include "data/textregex.h"
-#include "transforms/addedcolumn.h"
 #include "transforms/column/listoperations.h"
-#include "transforms/messages.h"
-#include "transforms/newcolumn.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/transform.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/newcolumn.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/addedcolumn.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 /// Adds a column with the outcome of one operation on the lists in a column's cells.
 class TransformList final : public Transform

@@ -1,7 +1,7 @@
-#include "transforms/conversiontransform.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/conversiontransform.h"
+#include "transforms/frame/messages.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 #include <array>
 #include <memory>

@@ -1,11 +1,11 @@
 #include "data/numberreader.h"
-#include "transforms/conversiontransform.h"
 #include "transforms/format/decimalguess.h"
 #include "transforms/format/numberformatter.h"
 #include "transforms/format/numbertidier.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/conversiontransform.h"
+#include "transforms/frame/messages.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 /// Rewrites the numbers of the selected columns in another format.
 class TransformNumberFormat final : public ConversionTransform

@@ -1,8 +1,8 @@
-#include "transforms/celltransform.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/tablesize.h"
+#include "transforms/frame/celltransform.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/tablesize.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 /// Pads the selected cells to a minimum length; longer cells stay as they are.
 class TransformPad final : public CellTransform

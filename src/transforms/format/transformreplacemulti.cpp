@@ -1,7 +1,7 @@
-#include "transforms/celltransform.h"
 #include "transforms/format/replacechain.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/celltransform.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 /// Replaces texts and kinds of characters in the selected cells, by a list of terms.
 class TransformReplaceMulti final : public CellTransform

@@ -1,10 +1,10 @@
 #include "data/numberreader.h"
 #include "data/realwriter.h"
-#include "transforms/columnedit.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/transform.h"
+#include "transforms/frame/columnedit.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 #include <cmath>
 #include <cstring>

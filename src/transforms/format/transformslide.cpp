@@ -1,7 +1,7 @@
 #include "data/arenaunion.h"
 #include "transforms/format/neighbourtransform.h"
-#include "transforms/messages.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/messages.h"
+#include "transforms/options/optionvalues.h"
 
 #include <algorithm>
 #include <vector>

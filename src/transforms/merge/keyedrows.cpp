@@ -1,9 +1,9 @@
 #include "transforms/merge/keyedrows.h"
 
-#include "transforms/keysuggestion.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/twoinputs.h"
+#include "transforms/frame/twoinputs.h"
+#include "transforms/keys/keysuggestion.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 OptionTable KeyedRowsTransform::keyOptions(const QString &topTip, const QString &bottomTip)
 {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "transforms/keyindex.h"
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
+#include "transforms/keys/keyindex.h"
 
 class OptionTable;
 class OptionValues;

@@ -1,8 +1,8 @@
 #include "transforms/merge/stackalignment.h"
 
 #include "data/dataset.h"
+#include "transforms/frame/messages.h"
 #include "transforms/merge/loosenames.h"
-#include "transforms/messages.h"
 
 #include <QHash>
 

@@ -1,8 +1,8 @@
-#include "transforms/inputorder.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/tablesize.h"
-#include "transforms/transform.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/tablesize.h"
+#include "transforms/frame/transform.h"
+#include "transforms/merge/inputorder.h"
+#include "transforms/options/option.h"
 
 #include <climits>
 

@@ -1,7 +1,7 @@
-#include "transforms/keyreports.h"
+#include "transforms/frame/messages.h"
+#include "transforms/keys/keyreports.h"
 #include "transforms/merge/keyedrows.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
+#include "transforms/options/option.h"
 
 /// Keeps the rows of the top table whose keys are in the bottom table.
 class TransformIntersect final : public KeyedRowsTransform

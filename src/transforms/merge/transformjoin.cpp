@@ -1,13 +1,13 @@
 #include "data/dataset.h"
-#include "transforms/keyindex.h"
-#include "transforms/keyreports.h"
-#include "transforms/keysuggestion.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/tablesize.h"
-#include "transforms/transform.h"
-#include "transforms/twoinputs.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/tablesize.h"
+#include "transforms/frame/transform.h"
+#include "transforms/frame/twoinputs.h"
+#include "transforms/keys/keyindex.h"
+#include "transforms/keys/keyreports.h"
+#include "transforms/keys/keysuggestion.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 #include <array>
 

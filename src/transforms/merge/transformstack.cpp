@@ -1,10 +1,10 @@
-#include "transforms/inputorder.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/tablesize.h"
+#include "transforms/frame/transform.h"
+#include "transforms/merge/inputorder.h"
 #include "transforms/merge/stackalignment.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/tablesize.h"
-#include "transforms/transform.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 #include <algorithm>
 #include <climits>

@@ -1,8 +1,8 @@
-#include "transforms/keyreports.h"
+#include "transforms/frame/messages.h"
+#include "transforms/keys/keyreports.h"
 #include "transforms/merge/keyedrows.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 #include <algorithm>
 

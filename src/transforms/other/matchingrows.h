@@ -1,7 +1,7 @@
 #pragma once
 
-#include "transforms/rowgroups.h"
-#include "transforms/rowkeys.h"
+#include "transforms/keys/rowgroups.h"
+#include "transforms/keys/rowkeys.h"
 
 #include <QHash>
 #include <QVector>

@@ -1,5 +1,5 @@
-#include "transforms/option.h"
-#include "transforms/transform.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/option.h"
 
 /// Hands its input on as it is.
 class TransformClone final : public Transform

@@ -1,6 +1,6 @@
-#include "transforms/celltransform.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/celltransform.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 #include <QCryptographicHash>
 #include <QMessageAuthenticationCode>

@@ -1,10 +1,10 @@
-#include "transforms/columnedit.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/columnedit.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 #include "transforms/other/columnimputer.h"
 #include "transforms/other/matchingrows.h"
-#include "transforms/transform.h"
 
 /// Fills the empty cells of columns from the column's other values.
 class TransformImpute final : public Transform

@@ -1,10 +1,10 @@
-#include "transforms/messages.h"
-#include "transforms/newcolumn.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/newcolumn.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 #include "transforms/other/scriptargument.h"
 #include "transforms/other/scriptvariables.h"
-#include "transforms/transform.h"
 
 #include <QJSEngine>
 

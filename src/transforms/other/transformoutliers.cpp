@@ -1,13 +1,13 @@
 #include "data/numberreader.h"
 #include "data/realwriter.h"
 #include "data/values.h"
-#include "transforms/columnedit.h"
-#include "transforms/messages.h"
-#include "transforms/newcolumn.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/columnedit.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/newcolumn.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 #include "transforms/other/spread.h"
-#include "transforms/transform.h"
 
 #include <cmath>
 #include <limits>

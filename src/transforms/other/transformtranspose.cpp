@@ -1,9 +1,9 @@
 #include "data/arenaunion.h"
-#include "transforms/newcolumn.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
-#include "transforms/tablesize.h"
-#include "transforms/transform.h"
+#include "transforms/frame/newcolumn.h"
+#include "transforms/frame/tablesize.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 
 /// Turns rows into columns and columns into rows.
 class TransformTranspose final : public Transform

@@ -1,9 +1,9 @@
 #include "data/numberreader.h"
 #include "data/realwriter.h"
-#include "transforms/conversiontransform.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/conversiontransform.h"
+#include "transforms/frame/messages.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 #include "transforms/other/unittable.h"
 
 /// Converts the numbers of the selected columns from one unit of measurement to another.

@@ -7,8 +7,8 @@
 #include "data/values.h"
 #include "data/valuesummary.h"
 #include "data/wholenumber.h"
-#include "transforms/newcolumn.h"
-#include "transforms/storedtext.h"
+#include "transforms/frame/newcolumn.h"
+#include "transforms/frame/storedtext.h"
 
 #include <cmath>
 #include <optional>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "data/dataset.h"
+#include "transforms/keys/rowgroups.h"
 #include "transforms/row/uniquemodes.h"
-#include "transforms/rowgroups.h"
 
 /// How the texts of a group are joined into one.
 struct Concatenation

@@ -1,6 +1,6 @@
 #include "transforms/row/rowfilter.h"
 
-#include "transforms/keysuggestion.h"
+#include "transforms/keys/keysuggestion.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 
 #include "data/preparedmatch.h"
 #include "data/variabletemplate.h"
-#include "transforms/records.h"
+#include "transforms/options/records.h"
 
 #include <memory>
 #include <vector>

@@ -1,11 +1,11 @@
 #include "data/preparedmatch.h"
-#include "transforms/keysuggestion.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/tablesize.h"
+#include "transforms/frame/transform.h"
+#include "transforms/keys/keysuggestion.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 #include "transforms/row/rowstacker.h"
-#include "transforms/tablesize.h"
-#include "transforms/transform.h"
 
 #include <climits>
 #include <memory>

@@ -1,9 +1,9 @@
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 #include "transforms/row/dedupeprogress.h"
 #include "transforms/row/duplicates.h"
-#include "transforms/transform.h"
 
 /// Removes, keeps or describes rows that repeat others in the selected columns.
 class TransformDedupe final : public Transform

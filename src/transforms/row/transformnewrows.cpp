@@ -1,11 +1,11 @@
 #include "data/numberreader.h"
-#include "transforms/keysuggestion.h"
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/tablesize.h"
+#include "transforms/frame/transform.h"
+#include "transforms/keys/keysuggestion.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 #include "transforms/row/termmatcher.h"
-#include "transforms/tablesize.h"
-#include "transforms/transform.h"
 
 /// Adds a number of rows above or below rows: blank ones, copies or rows of one value.
 class TransformNewRows final : public Transform

@@ -1,8 +1,8 @@
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 #include "transforms/row/remainingrows.h"
-#include "transforms/transform.h"
 
 #include <QDateTime>
 #include <QRandomGenerator>

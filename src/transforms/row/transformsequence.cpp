@@ -3,13 +3,13 @@
 #include "data/numberreader.h"
 #include "data/rowsorter.h"
 #include "data/values.h"
-#include "transforms/messages.h"
-#include "transforms/newcolumn.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/newcolumn.h"
+#include "transforms/frame/tablesize.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 #include "transforms/row/missingvalues.h"
-#include "transforms/tablesize.h"
-#include "transforms/transform.h"
 
 /// Adds a row for each whole number or day that a column lacks between two bounds, and sorts the rows by it.
 class TransformSequence final : public Transform

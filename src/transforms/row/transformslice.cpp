@@ -1,8 +1,8 @@
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 #include "transforms/row/rowfilter.h"
-#include "transforms/transform.h"
 
 /// Keeps or removes a run of rows that follow one another.
 class TransformSlice final : public Transform

@@ -1,9 +1,9 @@
-#include "transforms/messages.h"
-#include "transforms/option.h"
-#include "transforms/optionvalues.h"
+#include "transforms/frame/messages.h"
+#include "transforms/frame/twopasses.h"
+#include "transforms/keys/rowkeys.h"
+#include "transforms/options/option.h"
+#include "transforms/options/optionvalues.h"
 #include "transforms/row/groupcolumn.h"
-#include "transforms/rowkeys.h"
-#include "transforms/twopasses.h"
 
 /// Makes one row of all rows that are equal in the key columns, with a choice of aggregate for each other column.
 class TransformUnique final : public Transform

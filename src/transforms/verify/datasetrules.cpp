@@ -1,7 +1,7 @@
 #include "transforms/verify/datasetrules.h"
 
 #include "data/dataset.h"
-#include "transforms/messages.h"
+#include "transforms/frame/messages.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "transforms/verify/ruletable.h"
 
 #include "data/values.h"
-#include "transforms/verifyrules.h"
+#include "transforms/options/verifyrules.h"
 
 #include <QDate>
 

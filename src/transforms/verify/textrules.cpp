@@ -1,5 +1,5 @@
 #include "data/preparedmatch.h"
-#include "transforms/casing.h"
+#include "transforms/format/casing.h"
 #include "transforms/verify/rulechecks.h"
 
 #include <algorithm>

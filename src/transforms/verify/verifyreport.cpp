@@ -1,5 +1,5 @@
 #include "data/verifyrulenames.h"
-#include "transforms/messages.h"
+#include "transforms/frame/messages.h"
 #include "transforms/verify/ruletable.h"
 #include "transforms/verify/verifytotals.h"
 

@@ -1,7 +1,7 @@
 #include "transforms/verify/verifytotals.h"
 
 #include "data/verifyrulenames.h"
-#include "transforms/messages.h"
+#include "transforms/frame/messages.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "transforms/options/verifyrules.h"
 #include "transforms/verify/rulecheck.h"
-#include "transforms/verifyrules.h"
 
 #include <QMap>
 #include <QSet>

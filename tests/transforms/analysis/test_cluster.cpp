@@ -2,7 +2,7 @@
 #include "support/grid.h"
 #include "support/runon.h"
 #include "transforms/analysis/clusterterms.h"
-#include "transforms/parameter.h"
+#include "transforms/options/parameter.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

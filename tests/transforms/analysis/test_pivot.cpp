@@ -3,7 +3,7 @@
 #include "support/randomtext.h"
 #include "support/runon.h"
 #include "support/scopedlocale.h"
-#include "transforms/parameter.h"
+#include "transforms/options/parameter.h"
 
 #include <QMap>
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 #include "support/scopedlocale.h"
 #include "support/scopedsettings.h"
 #include "transforms/column/calculateoperation.h"
-#include "transforms/parameter.h"
+#include "transforms/options/parameter.h"
 
 #include <QDateTime>
 #include <QRandomGenerator>

@@ -3,7 +3,7 @@
 #include "support/scopedlocale.h"
 #include "support/scopedsettings.h"
 #include "transforms/format/datetimeconverter.h"
-#include "transforms/parameter.h"
+#include "transforms/options/parameter.h"
 
 #include <QRandomGenerator>
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 #include "support/runon.h"
 #include "support/scopedlocale.h"
 #include "transforms/format/numberformatter.h"
-#include "transforms/parameter.h"
+#include "transforms/options/parameter.h"
 
 #include <QRandomGenerator>
 #include <cmath>

@@ -1,7 +1,7 @@
 #include "support/grid.h"
 #include "support/runon.h"
 #include "transforms/format/regexreplacer.h"
-#include "transforms/records.h"
+#include "transforms/options/records.h"
 
 #include <QRandomGenerator>
 #include <gtest/gtest.h>

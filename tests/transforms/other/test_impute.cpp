@@ -1,6 +1,6 @@
 #include "support/grid.h"
 #include "support/runon.h"
-#include "transforms/parameter.h"
+#include "transforms/options/parameter.h"
 
 #include <gtest/gtest.h>
 #include <random>

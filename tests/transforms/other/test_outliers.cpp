@@ -1,7 +1,7 @@
 #include "support/grid.h"
 #include "support/runon.h"
 #include "support/scopedlocale.h"
-#include "transforms/parameter.h"
+#include "transforms/options/parameter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "support/grid.h"
 #include "support/runon.h"
 #include "support/scopedlocale.h"
+#include "transforms/options/parameter.h"
 #include "transforms/other/unittable.h"
-#include "transforms/parameter.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "support/grid.h"
 #include "support/runon.h"
 #include "support/scopedsettings.h"
-#include "transforms/parameter.h"
+#include "transforms/options/parameter.h"
 
 #include <QDate>
 #include <gtest/gtest.h>

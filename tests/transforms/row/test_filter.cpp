@@ -3,7 +3,7 @@
 #include "support/randomtext.h"
 #include "support/runon.h"
 #include "support/scopedlocale.h"
-#include "transforms/records.h"
+#include "transforms/options/records.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "support/grid.h"
 #include "support/runon.h"
-#include "transforms/parameter.h"
+#include "transforms/options/parameter.h"
 #include "transforms/row/remainingrows.h"
 
 #include <QDateTime>

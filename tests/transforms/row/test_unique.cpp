@@ -3,7 +3,7 @@
 #include "support/runon.h"
 #include "support/scopedlocale.h"
 #include "support/scopedsettings.h"
-#include "transforms/parameter.h"
+#include "transforms/options/parameter.h"
 #include "transforms/row/uniquemodes.h"
 
 #include <QMap>

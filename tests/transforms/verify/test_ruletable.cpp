@@ -1,7 +1,7 @@
 #include "data/verifyrulenames.h"
+#include "transforms/options/verifyrules.h"
 #include "transforms/verify/ibanlengths.h"
 #include "transforms/verify/ruletable.h"
-#include "transforms/verifyrules.h"
 
 #include <QDate>
 #include <QSet>

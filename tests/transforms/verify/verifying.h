@@ -2,7 +2,7 @@
 
 #include "support/grid.h"
 #include "support/runon.h"
-#include "transforms/verifyrules.h"
+#include "transforms/options/verifyrules.h"
 
 /// A rule that is switched on.
 inline VerifyRule active(int ruleId, const QVariant &value = QVariant(), int severity = VerifyRule::Warning)

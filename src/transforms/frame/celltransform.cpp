@@ -1,0 +1,54 @@
+#include "transforms/frame/celltransform.h"
+
+#include "transforms/frame/cellworker.h"
+#include "transforms/frame/messages.h"
+#include "transforms/options/optionvalues.h"
+
+CellRule CellRule::byRow(Row rowRule)
+{
+    CellRule rule;
+    rule.row = std::move(rowRule);
+    return rule;
+}
+
+QString CellTransform::outcome(qint64 changed, qint64 unchanged) const
+{
+    return Messages::changed(changed, unchanged);
+}
+
+Dataset CellTransform::compute(const OptionValues &values, const Inputs &inputs)
+{
+    Dataset result = *inputs.first();
+    const QVector<ColumnIndex> columns = values.columns(columnsKey());
+    const CellRule rule = columns.isEmpty() ? CellRule() : this->rule(values, result);
+    if (rule.isNothing()) {
+        setResultText(Messages::noChanges());
+        return result;
+    }
+    std::vector<CellWorker> workers;
+    workers.reserve(static_cast<size_t>(columns.size()));
+    for (ColumnIndex column : columns) {
+        workers.emplace_back(rule, result.column(column));
+    }
+    // A block of rows at a time, so that progress tells of whole rows while each column is walked on its own.
+    const int rowCount = result.rowCount();
+    for (int row = 0; row < rowCount; row += progressStep) {
+        reportRow(row, rowCount);
+        for (CellWorker &worker : workers) {
+            worker.process(row, qMin(row + progressStep, rowCount));
+        }
+    }
+    qint64 changed = 0;
+    for (int i = 0; i < columns.size(); ++i) {
+        CellWorker &worker = workers[static_cast<size_t>(i)];
+        changed += worker.changedCount();
+        if (worker.changedCount() > 0) {
+            result.setColumn(columns.at(i), worker.take());
+        }
+    }
+    if (rule.warnings) {
+        warningList() += rule.warnings();
+    }
+    setResultText(outcome(changed, qint64(rowCount) * columns.size() - changed));
+    return result;
+}
