@@ -44,9 +44,6 @@ QString productName()
 
 } // namespace
 
-// The value of the setting that asks for speed rather than for little memory.
-static constexpr int optimizeForSpeed = 1;
-
 Application::Application(int &argc, char **argv, Mode mode)
     : QApplication(argc, argv)
     , m_prompts(std::make_unique<Prompts>(nullptr))
@@ -57,7 +54,7 @@ Application::Application(int &argc, char **argv, Mode mode)
     setOrganizationName(QString::fromLatin1(Product::organisation));
     m_settings = openSettings(m_applicationDir);
     Settings::setCurrent(m_settings.get());
-    Dataset::setMaximumSpeed(m_settings->optimizeFor() == optimizeForSpeed);
+    Dataset::setMaximumSpeed(m_settings->optimizeFor() == RunOptimum::Speed);
     if (mode == Mode::Window) {
         setUpWindowDefaults();
     }

@@ -18,6 +18,7 @@
 #include <QMenuBar>
 #include <QPointF>
 #include <QToolBar>
+#include <array>
 
 namespace {
 
@@ -167,14 +168,19 @@ void MainActions::fillMenus(QMainWindow &window)
 
 void MainActions::fillToolBar(QMainWindow &window)
 {
-    static const int sizes[] = {16, 24, 32};
-    const int side = sizes[qBound(0, Settings::current().toolbarIconSize(), 2)];
     toolBar = window.addToolBar(QStringLiteral("Tool bar"));
     toolBar->setObjectName(QStringLiteral("m_toolBar"));
     toolBar->setFloatable(false);
-    toolBar->setIconSize(QSize(side, side));
+    updateIconSize();
     addAll(*toolBar, {fileNew, fileOpen, fileSave, nullptr, inputFromFile, inputFromClipboard, nullptr, runAuto,
                          runStop, nullptr, viewZoomFit, viewZoomIn, viewZoomOut, nullptr, editDelete});
+}
+
+void MainActions::updateIconSize()
+{
+    static constexpr std::array<int, lastChoice<ToolBarIcons> + 1> sides{16, 24, 32};
+    const int side = sides[static_cast<size_t>(Settings::current().toolbarIconSize())];
+    toolBar->setIconSize(QSize(side, side));
 }
 
 void MainActions::connectSwitches(QMainWindow &window, Commands &commands)

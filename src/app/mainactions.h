@@ -46,6 +46,8 @@ struct MainActions
     void updateEnabled(const ActionState &state);
     /// With auto run off, the actions that run by hand come into menu and tool bar.
     void showManualRuns(bool show);
+    /// Gives the tool bar the icons of the size that the settings say.
+    void updateIconSize();
 
 private:
     void makeActions(QMainWindow &window, Commands &commands);

@@ -8,6 +8,7 @@
 #include "app/programinfo.h"
 #include "app/recoveryfile.h"
 #include "app/runlog.h"
+#include "app/settingsfollower.h"
 #include "app/startdocument.h"
 #include "app/startup.h"
 #include "app/windowhooks.h"
@@ -49,6 +50,7 @@ MainWindow::MainWindow(Application &application, const CommandLine &commandLine,
     m_hooks = std::make_unique<WindowHooks>(context, *m_documents);
     m_actions.build(*this, m_groups->all);
     m_recentMenu = std::make_unique<RecentMenu>(*m_actions.recentMenu, m_recentDocuments, m_session, *m_documents);
+    m_settingsFollower = std::make_unique<SettingsFollower>(application, m_session, m_actions);
     setFirstStates();
     connectCommands();
     onSceneChanged(nullptr, &scene());

@@ -16,6 +16,7 @@ class Prompts;
 class QSplitter;
 class RecentMenu;
 class RunLog;
+class SettingsFollower;
 class StatusBar;
 class WindowHooks;
 struct CommandGroups;
@@ -78,6 +79,7 @@ private:
     std::unique_ptr<CommandGroups> m_groups;
     std::unique_ptr<WindowHooks> m_hooks;
     std::unique_ptr<RecentMenu> m_recentMenu;
+    std::unique_ptr<SettingsFollower> m_settingsFollower;
     GraphPane *m_graphPane = nullptr;
     LogPane *m_logPane = nullptr;
     StatusBar *m_statusBar = nullptr;

@@ -254,22 +254,23 @@ bool OpeningQuestions::guardOutputs(GraphScene &scene, const QString &documentPa
     const QString list = writtenFilesList(scene);
     const QString document = QDir::toNativeSeparators(documentPath);
     switch (Settings::current().openAutoRun()) {
-    case AskToDisableAutoRun:
+    case AutoRunChoice::AskToDisableAutoRun:
         autoRun = list.isEmpty() || !wantsAutoRunOff(document, list, prompts);
         return !autoRun;
-    case AskToDisableOutputs:
+    case AutoRunChoice::AskToDisableOutputs:
         if (list.isEmpty() || !wantsOutputsOff(document, list, prompts)) {
             return false;
         }
         disableOutputs(scene);
         return true;
-    case DisableAutoRun:
+    case AutoRunChoice::DisableAutoRun:
         autoRun = false;
         return true;
-    case DisableOutputs:
+    case AutoRunChoice::DisableOutputs:
         disableOutputs(scene);
         return !list.isEmpty();
-    default:
-        return false;
+    case AutoRunChoice::LeaveAutoRun:
+        break;
     }
+    return false;
 }

@@ -11,15 +11,6 @@ class Prompts;
 /// changed by the answer.
 namespace OpeningQuestions {
 
-/// Choices of the setting open_auto_run.
-enum AutoRunChoice {
-    LeaveAutoRun = 0,
-    AskToDisableAutoRun = 1,
-    AskToDisableOutputs = 2,
-    DisableAutoRun = 3,
-    DisableOutputs = 4
-};
-
 /// Looks for files and folders that inputs name and that are gone, and asks for others.
 bool replaceMissingInputs(GraphScene &scene, const QString &documentPath, Prompts &prompts);
 /// At most five paths, one a line, and how many more there are; an empty path is "<unset>".

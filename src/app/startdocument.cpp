@@ -17,8 +17,8 @@ QString startDocument(Application &application, const CommandLine &commandLine, 
         return commandLine.document;
     }
     const Settings &settings = application.settings();
-    constexpr int openPrevious = 1;
-    if (commandLine.newWindow || settings.openPreviousAtStart() != openPrevious || settings.previousPath().isEmpty()) {
+    if (commandLine.newWindow || settings.openPreviousAtStart() != StartChoice::Previous
+        || settings.previousPath().isEmpty()) {
         return QString();
     }
     return application.applicationDir().absoluteFilePath(settings.previousPath());

@@ -13,7 +13,6 @@
 #include "panes/dialogs/insufficientmemorydialog.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/dialogs/texteditdlg.h"
-#include "panes/status/statusbar.h"
 #include "settings/settings.h"
 
 WindowHooks::WindowHooks(const CommandContext &context, DocumentCommands &documents)
@@ -54,6 +53,5 @@ bool WindowHooks::raiseMemoryCeiling(double used, double limit)
         return false;
     }
     m_context.application.settings().setMaxMemoryUsage(dialog.newLimit());
-    m_context.statusBar.onUpdateMemory();
     return true;
 }

@@ -48,7 +48,7 @@ constexpr SchemeRow obsidian()
 }
 
 // The first row only gives the custom scheme its name.
-constexpr std::array<SchemeRow, Colors::SchemeCount> schemes{{
+constexpr std::array<SchemeRow, Colors::schemeCount> schemes{{
     {"Custom", none, none, none, none, none, none, none, none, none, none, none, none, none, 2, 0},
     {"Modern", none, rgb(251, 251, 251), rgb(90, 90, 90), rgb(255, 224, 234), rgb(192, 192, 192),
         rgb(214, 234, 255), rgb(192, 192, 192), rgb(214, 255, 234), rgb(192, 192, 192), rgb(60, 60, 60),
@@ -88,15 +88,15 @@ constexpr std::array<int SchemeRow::*, Colors::RoleCount> roleFields{&SchemeRow:
     &SchemeRow::boxText, &SchemeRow::noteBorder, &SchemeRow::noteText, &SchemeRow::shadow};
 // clang-format on
 
-int knownScheme(int scheme)
+const SchemeRow &rowOf(ColorScheme scheme)
 {
-    return scheme > Colors::Custom && scheme < Colors::SchemeCount ? scheme : Colors::Custom;
+    return schemes[static_cast<size_t>(scheme)];
 }
 
 } // namespace
 
-Colors::Colors(int scheme)
-    : m_scheme(knownScheme(scheme))
+Colors::Colors(ColorScheme scheme)
+    : m_scheme(scheme)
 {
 }
 
@@ -108,7 +108,7 @@ Colors &Colors::current()
 
 void Colors::reload()
 {
-    m_scheme = knownScheme(Settings::current().colorScheme());
+    m_scheme = Settings::current().colorScheme();
 }
 
 QColor Colors::color(Role role) const
@@ -116,28 +116,28 @@ QColor Colors::color(Role role) const
     return color(role, m_scheme);
 }
 
-QColor Colors::color(int role, int scheme) const
+QColor Colors::color(int role, ColorScheme scheme) const
 {
     if (role < 0 || role >= RoleCount) {
         return QColor();
     }
-    if (knownScheme(scheme) == Custom) {
-        return Settings::current().customColor(role, color(role, Modern));
+    if (scheme == ColorScheme::Custom) {
+        return Settings::current().customColor(role, color(role, ColorScheme::Modern));
     }
-    const int value = schemes[static_cast<size_t>(scheme)].*roleFields[static_cast<size_t>(role)];
+    const int value = rowOf(scheme).*roleFields[static_cast<size_t>(role)];
     return value == none ? QColor() : QColor(static_cast<QRgb>(value) | 0xFF000000U);
 }
 
 double Colors::connectionThickness() const
 {
-    return m_scheme == Custom ? Settings::current().customConnectionThickness()
-                              : schemes[static_cast<size_t>(m_scheme)].connectionThickness;
+    return m_scheme == ColorScheme::Custom ? Settings::current().customConnectionThickness()
+                                           : rowOf(m_scheme).connectionThickness;
 }
 
 int Colors::gradientEffect() const
 {
-    return m_scheme == Custom ? Settings::current().customGradientEffect()
-                              : schemes[static_cast<size_t>(m_scheme)].gradientEffect;
+    return m_scheme == ColorScheme::Custom ? Settings::current().customGradientEffect()
+                                           : rowOf(m_scheme).gradientEffect;
 }
 
 QString Colors::roleName(int role)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/choices.h"
+
 #include <QColor>
 #include <QString>
 #include <QStringList>
@@ -26,32 +28,20 @@ public:
         Shadow,
         RoleCount
     };
-    enum Scheme {
-        Custom = 0,
-        Modern,
-        Original,
-        Candy,
-        TheBlues,
-        Vivid,
-        Hotblack,
-        Dark,
-        Quartzite,
-        Obsidian,
-        Sapphire,
-        SchemeCount
-    };
 
-    /// `scheme` outside the table reads as Custom, whose colours are those of the settings.
-    explicit Colors(int scheme = Modern);
+    static constexpr int schemeCount = lastChoice<ColorScheme> + 1;
+
+    /// The colours of ColorScheme::Custom are those of the settings.
+    explicit Colors(ColorScheme scheme = ColorScheme::Modern);
     /// The scheme that the settings name, read anew by each reload().
     static Colors &current();
     /// Reads scheme and custom colours from the settings again.
     void reload();
 
-    int scheme() const { return m_scheme; }
+    ColorScheme scheme() const { return m_scheme; }
     /// Invalid where the role takes no colour of its own.
     QColor color(Role role) const;
-    QColor color(int role, int scheme) const;
+    QColor color(int role, ColorScheme scheme) const;
     double connectionThickness() const;
     int gradientEffect() const;
 
@@ -60,5 +50,5 @@ public:
     static QStringList schemeNames();
 
 private:
-    int m_scheme;
+    ColorScheme m_scheme;
 };

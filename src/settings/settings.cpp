@@ -2,7 +2,9 @@
 
 #include "settings/filetypes.h"
 #include "settings/product.h"
+#include "settings/settingkey.h"
 #include "settings/settingsdefaults.h"
+#include "settings/settingsnotifier.h"
 #include "settings/settingvalue.h"
 
 #include <QFile>
@@ -45,7 +47,7 @@ QString transformKey(const QString &type, const QString &parameter)
 
 QString colorKey(int role)
 {
-    return QStringLiteral("custom_color_%1").arg(role);
+    return SettingKey::customColor + QString::number(role);
 }
 
 const QString &inputsKey()
@@ -182,13 +184,39 @@ QVariant Settings::stored(const QString &key) const
 
 void Settings::store(const QString &key, const QVariant &value)
 {
+    const QVariant old = m_notifier ? stored(key) : QVariant();
     if (isLocaleThatNobodyChose(key, value)) {
         m_cache.remove(key);
         m_store->remove(key);
-        return;
+    } else {
+        m_cache.insert(key, value);
+        m_store->setValue(key, value);
     }
-    m_cache.insert(key, value);
-    m_store->setValue(key, value);
+    if (m_notifier && stored(key) != old) {
+        announce(key);
+    }
+}
+
+SettingsNotifier &Settings::notifier()
+{
+    if (!m_notifier) {
+        m_notifier = std::make_unique<SettingsNotifier>();
+    }
+    return *m_notifier;
+}
+
+void Settings::announce(const QString &key) const
+{
+    if (m_notifier) {
+        emit m_notifier->changed(key);
+    }
+}
+
+void Settings::announceDefault(const QString &key) const
+{
+    if (!isStored(key)) {
+        announce(key);
+    }
 }
 
 #define SETTING(type, key, getter, setter, fallback)                                                                   \
@@ -361,15 +389,16 @@ void Settings::setDateFormats(const QStringList &formats)
 int Settings::updateIntervalDays() const
 {
     switch (autoUpdateInterval()) {
-    case 0:
+    case UpdateInterval::Day:
         return 1;
-    case 1:
+    case UpdateInterval::Week:
         return 7;
-    case 2:
+    case UpdateInterval::Month:
         return 30;
-    default:
-        return 0;
+    case UpdateInterval::Never:
+        break;
     }
+    return 0;
 }
 
 double Settings::wheelFactor(int sensitivity)
@@ -379,7 +408,20 @@ double Settings::wheelFactor(int sensitivity)
 
 void Settings::setDefaultFont(const QFont &font)
 {
+    if (m_defaultFont && *m_defaultFont == font) {
+        return;
+    }
     m_defaultFont = std::make_unique<QFont>(font);
+    announceDefault(SettingKey::uiFont);
+    announceDefault(SettingKey::dataFont);
+}
+
+void Settings::setThemeColorScheme(ColorScheme scheme)
+{
+    if (m_themeColorScheme != scheme) {
+        m_themeColorScheme = scheme;
+        announceDefault(SettingKey::colorScheme);
+    }
 }
 
 QFont Settings::defaultFont() const

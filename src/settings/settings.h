@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/choices.h"
+
 #include <QByteArray>
 #include <QColor>
 #include <QDate>
@@ -13,6 +15,7 @@
 #include <memory>
 
 class QSettings;
+class SettingsNotifier;
 
 /// Counts by name.
 using SettingsCounts = QHash<QString, int>;
@@ -49,6 +52,9 @@ public:
     bool reopenAsSystem();
     /// True when the store holds a value of its own.
     bool isStored(const QString &key) const;
+    /// Tells of each change from the first call on. Who shows what a setting says listens to the settings that it
+    /// reads.
+    SettingsNotifier &notifier();
 
     // One getter and one setter for each key of the table
 #define SETTING(type, key, getter, setter, fallback)                                                                   \
@@ -107,19 +113,19 @@ public:
     /// Font of windows and tables as long as the user chose none.
     void setDefaultFont(const QFont &font);
     /// Scheme of canvas colours as long as the user chose none.
-    void setThemeColorScheme(int scheme)
-    {
-        m_themeColorScheme = scheme;
-    }
+    void setThemeColorScheme(ColorScheme scheme);
 
 private:
     QVariant stored(const QString &key) const;
     void store(const QString &key, const QVariant &value);
+    void announce(const QString &key) const;
+    void announceDefault(const QString &key) const;
     bool moveTo(std::unique_ptr<QSettings> target);
     QFont defaultFont() const;
 
     std::unique_ptr<QSettings> m_store;
     mutable QHash<QString, QVariant> m_cache;
+    std::unique_ptr<SettingsNotifier> m_notifier;
     std::unique_ptr<QFont> m_defaultFont;
-    int m_themeColorScheme = 1;
+    ColorScheme m_themeColorScheme = ColorScheme::Modern;
 };

@@ -2,13 +2,22 @@
 
 #include "settings/settings.h"
 
+#include <type_traits>
+
 /// How a setting's type stands in the store, and how it is read back from whatever stands there.
-template<class T>
+template<class T, class = void>
 struct SettingValue
 {
     static QVariant toStore(const T &value) { return QVariant::fromValue(value); }
     /// What can't be converted gives the type's empty value.
     static T fromStore(QVariant stored) { return stored.convert(qMetaTypeId<T>()) ? stored.value<T>() : T(); }
+};
+
+template<class Choice>
+struct SettingValue<Choice, std::enable_if_t<std::is_enum_v<Choice>>>
+{
+    static QVariant toStore(Choice value) { return static_cast<int>(value); }
+    static Choice fromStore(const QVariant &stored) { return choiceOf<Choice>(stored.toInt()); }
 };
 
 template<>

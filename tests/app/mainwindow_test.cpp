@@ -6,12 +6,15 @@
 #include "app/recoveryfile.h"
 #include "app/runlog.h"
 #include "app/testdocument.h"
+#include "data/dataset.h"
+#include "graph/colors.h"
 #include "graph/graphscene.h"
 #include "graph/ionode.h"
 #include "graph/runcontrol.h"
 #include "outputs/outputnode.h"
 #include "panes/canvas/graphpane.h"
 #include "panes/status/logpane.h"
+#include "panes/status/statusbar.h"
 #include "platform/filehold.h"
 #include "settings/settings.h"
 #include "support/printers.h"
@@ -21,10 +24,12 @@
 #include <QClipboard>
 #include <QDir>
 #include <QFileInfo>
+#include <QLabel>
 #include <QMenu>
 #include <QMimeData>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QToolBar>
 #include <QUrl>
 #include <gtest/gtest.h>
 
@@ -38,8 +43,8 @@ protected:
         Settings &settings = Application::instance()->settings();
         Settings::setCurrent(&settings);
         settings.setWarnOnLocaleChange(false);
-        settings.setOpenAutoRun(OpeningQuestions::LeaveAutoRun);
-        settings.setOpenPreviousAtStart(0);
+        settings.setOpenAutoRun(AutoRunChoice::LeaveAutoRun);
+        settings.setOpenPreviousAtStart(StartChoice::Nothing);
         settings.setRecentDocs({});
         RecoveryFile::remove();
         writeFile(path("in.csv"), "a\n1\n");
@@ -291,7 +296,7 @@ TEST_F(MainWindowTest, QuestionsOfOpening)
 struct GuardCase
 {
     const char *what;
-    int setting;
+    AutoRunChoice setting;
     QStringList buttons;
     bool asks;
     bool autoRun;
@@ -301,14 +306,14 @@ struct GuardCase
 TEST_F(MainWindowTest, GuardsFilesThatOpeningWouldWrite)
 {
     const GuardCase cases[] = {
-        {"left alone", OpeningQuestions::LeaveAutoRun, {}, false, true, true},
-        {"asked and kept", OpeningQuestions::AskToDisableAutoRun, {"Keep auto run enabled"}, true, true, true},
-        {"asked and off", OpeningQuestions::AskToDisableAutoRun, {"Disable auto run"}, true, false, false},
-        {"the box closed without an answer", OpeningQuestions::AskToDisableAutoRun, {}, true, true, true},
-        {"outputs asked and off", OpeningQuestions::AskToDisableOutputs, {"Disable output(s)"}, true, true, false},
-        {"outputs asked and kept", OpeningQuestions::AskToDisableOutputs, {"Write to output(s)"}, true, true, true},
-        {"off without a question", OpeningQuestions::DisableAutoRun, {}, false, false, false},
-        {"outputs off without a question", OpeningQuestions::DisableOutputs, {}, false, true, false},
+        {"left alone", AutoRunChoice::LeaveAutoRun, {}, false, true, true},
+        {"asked and kept", AutoRunChoice::AskToDisableAutoRun, {"Keep auto run enabled"}, true, true, true},
+        {"asked and off", AutoRunChoice::AskToDisableAutoRun, {"Disable auto run"}, true, false, false},
+        {"the box closed without an answer", AutoRunChoice::AskToDisableAutoRun, {}, true, true, true},
+        {"outputs asked and off", AutoRunChoice::AskToDisableOutputs, {"Disable output(s)"}, true, true, false},
+        {"outputs asked and kept", AutoRunChoice::AskToDisableOutputs, {"Write to output(s)"}, true, true, true},
+        {"off without a question", AutoRunChoice::DisableAutoRun, {}, false, false, false},
+        {"outputs off without a question", AutoRunChoice::DisableOutputs, {}, false, true, false},
     };
     for (const GuardCase &c : cases) {
         SCOPED_TRACE(c.what);
@@ -325,7 +330,7 @@ TEST_F(MainWindowTest, GuardsFilesThatOpeningWouldWrite)
     TestDocument reading;
     reading.inputs = inputXml(1, QStringLiteral("in"), path("in.csv"));
     writeFile(path("reading.transform"), reading.xml());
-    Settings::current().setOpenAutoRun(OpeningQuestions::AskToDisableAutoRun);
+    Settings::current().setOpenAutoRun(AutoRunChoice::AskToDisableAutoRun);
     BoxAnswers answers;
     EXPECT_TRUE(open("reading.transform"));
     EXPECT_EQ(answers.texts(), QStringList()) << "nothing would be written";
@@ -421,6 +426,36 @@ TEST_F(MainWindowTest, NothingButStopDuringARun)
     EXPECT_TRUE(action("m_fileNewAction").isEnabled());
     EXPECT_FALSE(m_window->isAutoRunOn()) << "or the next change would start it again";
     EXPECT_TRUE(m_window->findChild<LogPane *>()->toPlainText().contains(QStringLiteral("Run stopped by user")));
+}
+
+TEST_F(MainWindowTest, WindowFollowsTheSettings)
+{
+    ASSERT_TRUE(open("flow.transform"));
+    Settings &settings = Settings::current();
+    const QFont font = QApplication::font();
+    settings.setColorScheme(ColorScheme::Vivid);
+    EXPECT_EQ(m_window->scene().colors().color(Colors::Background), QColor(44, 44, 44));
+    EXPECT_EQ(m_window->scene().backgroundBrush().color(), QColor(44, 44, 44));
+    settings.setColorScheme(ColorScheme::Custom);
+    settings.setCustomColor(Colors::Background, QColor(1, 2, 3));
+    EXPECT_EQ(m_window->scene().backgroundBrush().color(), QColor(1, 2, 3));
+    auto *toolBar = m_window->findChild<QToolBar *>();
+    settings.setToolbarIconSize(ToolBarIcons::Large);
+    EXPECT_EQ(toolBar->iconSize(), QSize(32, 32));
+    settings.setUiFont(QFont(font.family(), font.pointSize() + 3));
+    EXPECT_EQ(QApplication::font().pointSize(), font.pointSize() + 3);
+    settings.setOptimizeFor(RunOptimum::Speed);
+    EXPECT_TRUE(Dataset::maximumSpeed());
+    const auto *memory = m_window->findChild<StatusBar *>()->findChild<QLabel *>(QStringLiteral("memory"));
+    settings.setMaxMemoryUsage(12.5);
+    EXPECT_TRUE(memory->text().endsWith(QStringLiteral("of 12.5GB"))) << memory->text().toStdString();
+
+    settings.setMaxMemoryUsage(4);
+    settings.setOptimizeFor(RunOptimum::Memory);
+    settings.setUiFont(font);
+    settings.setToolbarIconSize(ToolBarIcons::Medium);
+    settings.setColorScheme(ColorScheme::Modern);
+    EXPECT_FALSE(Dataset::maximumSpeed());
 }
 
 TEST_F(MainWindowTest, MemoryCeilingCanBeRaised)

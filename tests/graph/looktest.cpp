@@ -16,26 +16,26 @@ TEST_F(LookTest, ColoursOfSchemes)
     struct Case
     {
         const char *what;
-        int scheme;
+        ColorScheme scheme;
         Colors::Role role;
         QColor color;
     };
     const Case cases[] = {
-        {"Modern, box of an input", Colors::Modern, Colors::InputBox, QColor(255, 224, 234)},
-        {"box text serves all kinds", Colors::Vivid, Colors::OutputText, QColor(220, 220, 220)},
-        {"Obsidian looks like Dark", Colors::Obsidian, Colors::TransformBorder, QColor(85, 170, 255)},
-        {"Quartzite has a colour for the selection", Colors::Quartzite, Colors::Selection, QColor(246, 161, 2)},
-        {"others haven't", Colors::TheBlues, Colors::Selection, QColor()},
-        {"Candy has no shadow", Colors::Candy, Colors::Shadow, QColor()},
-        {"black is a colour", Colors::Sapphire, Colors::Shadow, QColor(0, 0, 0)},
-        {"a number outside the table is the custom scheme", 99, Colors::Arrow, QColor(1, 2, 3)},
+        {"Modern, box of an input", ColorScheme::Modern, Colors::InputBox, QColor(255, 224, 234)},
+        {"box text serves all kinds", ColorScheme::Vivid, Colors::OutputText, QColor(220, 220, 220)},
+        {"Obsidian looks like Dark", ColorScheme::Obsidian, Colors::TransformBorder, QColor(85, 170, 255)},
+        {"Quartzite has a colour for the selection", ColorScheme::Quartzite, Colors::Selection, QColor(246, 161, 2)},
+        {"others haven't", ColorScheme::TheBlues, Colors::Selection, QColor()},
+        {"Candy has no shadow", ColorScheme::Candy, Colors::Shadow, QColor()},
+        {"black is a colour", ColorScheme::Sapphire, Colors::Shadow, QColor(0, 0, 0)},
+        {"the custom scheme asks the settings", ColorScheme::Custom, Colors::Arrow, QColor(1, 2, 3)},
     };
     settings->setCustomColor(Colors::Arrow, QColor(1, 2, 3));
     for (const Case &c : cases) {
         SCOPED_TRACE(c.what);
         EXPECT_EQ(Colors(c.scheme).color(c.role), c.color);
     }
-    EXPECT_EQ(Colors::schemeNames().at(Colors::Sapphire), "Sapphire");
+    EXPECT_EQ(Colors::schemeNames().at(int(ColorScheme::Sapphire)), "Sapphire");
     EXPECT_EQ(Colors::schemeNames().size(), 11);
     EXPECT_EQ(Colors::roleName(Colors::Shadow), "shadow");
 }
@@ -46,10 +46,10 @@ TEST_F(LookTest, WidthAndGradientOfSchemes)
     settings->setCustomGradientEffect(7);
     const QList<double> widths{3.5, 2, 2, 2, 4, 2, 2, 4, 2, 4, 4};
     const QList<int> gradients{7, 0, 0, 0, 0, 0, 0, 0, 5, 9, 6};
-    for (int scheme = 0; scheme < Colors::SchemeCount; ++scheme) {
+    for (int scheme = 0; scheme < Colors::schemeCount; ++scheme) {
         SCOPED_TRACE(scheme);
-        EXPECT_EQ(Colors(scheme).connectionThickness(), widths.at(scheme));
-        EXPECT_EQ(Colors(scheme).gradientEffect(), gradients.at(scheme));
+        EXPECT_EQ(Colors(ColorScheme(scheme)).connectionThickness(), widths.at(scheme));
+        EXPECT_EQ(Colors(ColorScheme(scheme)).gradientEffect(), gradients.at(scheme));
     }
 }
 
@@ -97,11 +97,11 @@ TEST_F(LookTest, EveryKindPaints)
     settings->setShowChanges(true);
     scene.layOutConnections();
     scene.updateSceneRect();
-    for (int scheme = 0; scheme < Colors::SchemeCount; ++scheme) {
+    for (int scheme = 0; scheme < Colors::schemeCount; ++scheme) {
         for (NodeState state :
             {NodeState::NeedsProcessing, NodeState::Processing, NodeState::Processed, NodeState::Failed}) {
             SCOPED_TRACE(scheme);
-            const Colors colors(scheme);
+            const Colors colors{ColorScheme(scheme)};
             scene.setColorsOverride(&colors);
             a->setState(state, false);
             QImage image(800, 200, QImage::Format_ARGB32);

@@ -1,5 +1,7 @@
 #include "settings/filetypes.h"
+#include "settings/settingkey.h"
 #include "settings/settingsdefaults.h"
+#include "settings/settingsnotifier.h"
 #include "support/printers.h"
 #include "support/scopedsettings.h"
 
@@ -44,7 +46,8 @@ TEST(Settings, EmptyStoreGivesDefaults)
         {"search is by name", [](const Settings &s) { return QVariant(s.findInNames()); }, true},
         {"middle pane is the widest", [](const Settings &s) { return QVariant(s.splitterWidth2()); }, 600},
         {"no window was placed yet", [](const Settings &s) { return QVariant(s.geometry().isEmpty()); }, true},
-        {"the start shows recent documents", [](const Settings &s) { return QVariant(s.openPreviousAtStart()); }, 2},
+        {"the start shows recent documents", [](const Settings &s) { return QVariant(int(s.openPreviousAtStart())); },
+            int(StartChoice::RecentWindow)},
         {"no recent documents", [](const Settings &s) { return QVariant(s.recentDocs()); }, QStringList()},
         {"summary sorts by no column", [](const Settings &s) { return QVariant(s.itemSummarySortCol()); }, -1},
         {"or by the one given", [](const Settings &s) { return QVariant(s.itemSummarySortCol(3)); }, 3},
@@ -173,6 +176,18 @@ TEST(Settings, ConvertsWhatStandsInTheStore)
             [](const Settings &s) { return QVariant(s.blockedInputExtensions()); }, "abc,csv"},
         {"one document is a list of one", "recent_docs=/a.transform",
             [](const Settings &s) { return QVariant(s.recentDocs()); }, QStringList{QStringLiteral("/a.transform")}},
+        {"a choice by its number", "open_auto_run=4", [](const Settings &s) { return QVariant(int(s.openAutoRun())); },
+            int(AutoRunChoice::DisableOutputs)},
+        {"a number that no choice has is the first", "open_auto_run=5",
+            [](const Settings &s) { return QVariant(int(s.openAutoRun())); }, int(AutoRunChoice::LeaveAutoRun)},
+        {"nor is a negative one a choice", "mouse_wheel_behaviour=-1",
+            [](const Settings &s) { return QVariant(int(s.mouseWheelBehaviour())); }, int(WheelBehaviour::Scroll)},
+        {"a scheme past the last is the custom one", "color_scheme=11",
+            [](const Settings &s) { return QVariant(int(s.colorScheme())); }, int(ColorScheme::Custom)},
+        {"an unknown interval of updates is never", "auto_update_interval=12",
+            [](const Settings &s) { return QVariant(s.updateIntervalDays()); }, 0},
+        {"the way of sorting is one of Qt's", "item_summary_sort_order=0",
+            [](const Settings &s) { return QVariant(int(s.itemSummarySortOrder())); }, int(Qt::AscendingOrder)},
         {"a locale by name", "locale=de_DE", [](const Settings &s) { return QVariant(s.locale().name()); }, "de_DE"},
         {"an unknown locale is the plain one", "locale=zz_ZZ",
             [](const Settings &s) { return QVariant(s.locale().name()); }, "C"},
@@ -279,6 +294,57 @@ TEST_F(StoreMove, UnwritableTargetLeavesTheOldStore)
     EXPECT_EQ(QSettings(systemFile(), QSettings::IniFormat).value(QStringLiteral("sessions")).toInt(), 4);
 }
 
+TEST(Settings, ChangesAreToldByKey)
+{
+    struct Change
+    {
+        const char *sentence;
+        void (*change)(Settings &);
+        QStringList keys;
+    };
+    const Change changes[] = {
+        {"a value that differs from the default", [](Settings &s) { s.setMaxMemoryUsage(8); }, {"max_memory_usage"}},
+        {"the same once more is no change", [](Settings &s) { s.setMaxMemoryUsage(8); }, {}},
+        {"a choice", [](Settings &s) { s.setUiTheme(UiTheme::Dark); }, {"ui_theme"}},
+        {"the same choice", [](Settings &s) { s.setUiTheme(UiTheme::Dark); }, {}},
+        {"a font", [](Settings &s) { s.setDataFont(QFont(QStringLiteral("Some Family"), 8)); }, {"data_font"}},
+        {"the same font", [](Settings &s) { s.setDataFont(QFont(QStringLiteral("Some Family"), 8)); }, {}},
+        {"a colour of the custom scheme", [](Settings &s) { s.setCustomColor(3, Qt::red); }, {"custom_color_3"}},
+        {"the program's font counts where the user chose none",
+            [](Settings &s) { s.setDefaultFont(QFont(QStringLiteral("Other Family"), 17)); }, {"ui_font"}},
+        {"so does the theme's scheme", [](Settings &s) { s.setThemeColorScheme(ColorScheme::Dark); }, {"color_scheme"}},
+        {"the scheme that was there already", [](Settings &s) { s.setThemeColorScheme(ColorScheme::Dark); }, {}},
+        {"the user's own scheme", [](Settings &s) { s.setColorScheme(ColorScheme::Candy); }, {"color_scheme"}},
+        {"which holds against the theme's", [](Settings &s) { s.setThemeColorScheme(ColorScheme::Modern); }, {}},
+        {"a locale", [](Settings &s) { s.setLocale(QLocale(QLocale::German)); }, {"locale"}},
+        {"a locale that nobody chose takes it away", [](Settings &s) { s.setLocale(QLocale::c()); }, {"locale"}},
+        {"a tip that has been shown", [](Settings &s) { s.isTipShown(QStringLiteral("tip_drilldown")); },
+            {"tip_drilldown"}},
+    };
+    ScopedSettings scoped;
+    QStringList told;
+    QObject::connect(&scoped->notifier(), &SettingsNotifier::changed, [&](const QString &key) { told.append(key); });
+    for (const Change &c : changes) {
+        SCOPED_TRACE(c.sentence);
+        told.clear();
+        c.change(Settings::current());
+        EXPECT_EQ(told, c.keys);
+    }
+}
+
+TEST(Settings, ListenersReadTheNewValue)
+{
+    ScopedSettings scoped;
+    scoped->setColorScheme(ColorScheme::Vivid);
+    ColorScheme read = ColorScheme::Vivid;
+    QObject::connect(
+        &scoped->notifier(), &SettingsNotifier::changed, [&] { read = Settings::current().colorScheme(); });
+    scoped->setColorScheme(ColorScheme::Candy);
+    EXPECT_EQ(read, ColorScheme::Candy);
+    EXPECT_EQ(QSettings(scoped->fileName(), QSettings::IniFormat).value(SettingKey::colorScheme).toInt(), 3)
+        << "choices are stored as numbers";
+}
+
 TEST(Settings, TipIsNewOncePerKey)
 {
     ScopedSettings scoped;
@@ -380,7 +446,7 @@ TEST(Settings, DerivedNumbers)
     ScopedSettings scoped;
     const int days[] = {1, 7, 30, 0};
     for (int i = 0; i < 4; ++i) {
-        scoped->setAutoUpdateInterval(i);
+        scoped->setAutoUpdateInterval(UpdateInterval(i));
         EXPECT_EQ(scoped->updateIntervalDays(), days[i]) << i;
     }
     EXPECT_DOUBLE_EQ(Settings::wheelFactor(5), 1.25);

@@ -17,9 +17,6 @@ namespace {
 constexpr double leastFittedWidth = 658.8;
 constexpr double leastFittedHeight = 329.4;
 
-/// What the wheel does, as the settings hold it.
-enum WheelBehaviour { Scroll = 0, ZoomIn = 1, ZoomOut = 2, Nothing = 3 };
-
 bool isWelcome(const QMimeData *data)
 {
     return data->hasUrls() || data->hasText();
@@ -131,14 +128,14 @@ void GraphPane::resizeEvent(QResizeEvent *event)
 
 void GraphPane::wheelEvent(QWheelEvent *event)
 {
-    const int behaviour = Settings::current().mouseWheelBehaviour();
+    const WheelBehaviour behaviour = Settings::current().mouseWheelBehaviour();
     const bool swap = event->modifiers() & Qt::ControlModifier;
     const int delta = event->angleDelta().y();
-    if (behaviour == Nothing || !isInteractive()) {
+    if (behaviour == WheelBehaviour::Nothing || !isInteractive()) {
         event->accept();
         return;
     }
-    const bool zooms = (behaviour == Scroll) == swap;
+    const bool zooms = (behaviour == WheelBehaviour::Scroll) == swap;
     if (!zooms) {
         // The view itself would take Ctrl for something else.
         event->setModifiers(event->modifiers() & ~Qt::ControlModifier);
@@ -147,7 +144,7 @@ void GraphPane::wheelEvent(QWheelEvent *event)
     }
     setTransformationAnchor(QGraphicsView::AnchorUnderMouse);
     if (delta != 0) {
-        ((delta > 0) != (behaviour == ZoomOut)) ? onZoomIn() : onZoomOut();
+        ((delta > 0) != (behaviour == WheelBehaviour::ZoomOut)) ? onZoomIn() : onZoomOut();
     }
     setTransformationAnchor(QGraphicsView::AnchorViewCenter);
     event->accept();

@@ -2,7 +2,9 @@
 
 #include "data/values.h"
 #include "graph/runcontrol.h"
+#include "settings/settingkey.h"
 #include "settings/settings.h"
+#include "settings/settingsnotifier.h"
 
 #include <QLabel>
 #include <QLocale>
@@ -48,6 +50,7 @@ StatusBar::StatusBar(QWidget *parent)
     , m_memory(new QLabel)
 {
     m_locale->setToolTip(QStringLiteral("The current locale. You can change locale in 'Preferences'."));
+    m_memory->setObjectName(QStringLiteral("memory"));
     m_progress->setMaximumWidth(widestProgress);
     m_progress->setAccessibleName(QStringLiteral("Progress"));
     m_heart->setFixedSize(heartSide, heartSide);
@@ -59,6 +62,11 @@ StatusBar::StatusBar(QWidget *parent)
     m_progress->hide();
     onUpdateLocale();
     onUpdateMemory();
+    connect(&Settings::current().notifier(), &SettingsNotifier::changed, this, [this](const QString &key) {
+        if (key == SettingKey::maxMemoryUsage) {
+            onUpdateMemory();
+        }
+    });
 }
 
 void StatusBar::onShowMessage(const QString &text)
