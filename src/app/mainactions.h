@@ -8,33 +8,71 @@ class QToolBar;
 struct ActionState;
 struct Commands;
 
-/// The actions of the main window. A row of their table gives each its name, text, key, icon, tips, what it calls and
-/// when it is enabled.
+/// The actions of the main window, made from the rows of ActionTable, with the menus and the tool bar that show them.
 struct MainActions
 {
     QAction *fileNew = nullptr;
     QAction *fileOpen = nullptr;
-    QAction *fileNewWindow = nullptr;
     QAction *fileSave = nullptr;
-    QAction *fileSaveAs = nullptr;
-    QAction *fileCommandLine = nullptr;
     QAction *fileExit = nullptr;
+    QAction *fileSaveAs = nullptr;
+    QAction *editUndo = nullptr;
+    QAction *editRedo = nullptr;
     QAction *editDelete = nullptr;
     QAction *editSelectAll = nullptr;
-    QAction *editSnapToGrid = nullptr;
-    QAction *inputFromFile = nullptr;
-    QAction *inputFromClipboard = nullptr;
-    QAction *runAuto = nullptr;
-    QAction *runChanged = nullptr;
-    QAction *runSelected = nullptr;
-    QAction *runEverything = nullptr;
-    QAction *runStop = nullptr;
     QAction *viewZoomFit = nullptr;
     QAction *viewZoomIn = nullptr;
     QAction *viewZoomOut = nullptr;
-    QAction *viewToolBar = nullptr;
-    QAction *viewLog = nullptr;
     QAction *helpAbout = nullptr;
+    QAction *editPreferences = nullptr;
+    QAction *helpQuickStart = nullptr;
+    QAction *insertDataToFile = nullptr;
+    QAction *help = nullptr;
+    QAction *helpCheckForUpdates = nullptr;
+    QAction *helpSubscribeToNewsletter = nullptr;
+    QAction *editSnapToGrid = nullptr;
+    QAction *fileBatchProcess = nullptr;
+    QAction *helpFAQ = nullptr;
+    QAction *helpSupport = nullptr;
+    QAction *viewToolBar = nullptr;
+    QAction *viewComments = nullptr;
+    QAction *fileNewWindow = nullptr;
+    QAction *viewChanges = nullptr;
+    QAction *fileNotes = nullptr;
+    QAction *helpForum = nullptr;
+    QAction *viewWarnings = nullptr;
+    QAction *viewTwoScreens = nullptr;
+    QAction *fileOpenRecent = nullptr;
+    QAction *viewToggleTheme = nullptr;
+    QAction *fileCommandLine = nullptr;
+    QAction *runAuto = nullptr;
+    QAction *runChanged = nullptr;
+    QAction *runSelected = nullptr;
+    QAction *runStop = nullptr;
+    QAction *runEverything = nullptr;
+    QAction *viewLog = nullptr;
+    QAction *helpExpertTips = nullptr;
+    QAction *helpIntroVideo = nullptr;
+    QAction *viewToolTipsOff = nullptr;
+    QAction *viewToolTipsBrief = nullptr;
+    QAction *viewToolTipsDetailed = nullptr;
+    QAction *viewTimingProfile = nullptr;
+    QAction *helpKeyboardShortcuts = nullptr;
+    QAction *viewFind = nullptr;
+    QAction *viewZoomMagnify = nullptr;
+    QAction *viewZoomSelected = nullptr;
+    QAction *viewCompareData = nullptr;
+    QAction *viewCompareHeaders = nullptr;
+    QAction *viewNodeSummary = nullptr;
+    QAction *editLocale = nullptr;
+    QAction *viewActionPane = nullptr;
+    QAction *viewItemPane = nullptr;
+    QAction *editCopy = nullptr;
+    QAction *editPaste = nullptr;
+    QAction *editCut = nullptr;
+    QAction *editDuplicateBranch = nullptr;
+    QAction *inputFromFile = nullptr;
+    QAction *inputFromClipboard = nullptr;
     QMenu *recentMenu = nullptr;
     QMenu *runMenu = nullptr;
     QToolBar *toolBar = nullptr;
@@ -51,6 +89,8 @@ struct MainActions
 
 private:
     void makeActions(QMainWindow &window, Commands &commands);
+    // mainmenus.cpp
     void fillMenus(QMainWindow &window);
+    void fillViewMenu(QMenu &view);
     void fillToolBar(QMainWindow &window);
 };

@@ -8,24 +8,25 @@
 #include "app/programinfo.h"
 #include "app/recoveryfile.h"
 #include "app/runlog.h"
+#include "app/scenewiring.h"
 #include "app/settingsfollower.h"
 #include "app/startdocument.h"
 #include "app/startup.h"
 #include "app/windowhooks.h"
 #include "app/windowlayout.h"
-#include "graph/colors.h"
 #include "graph/graphscene.h"
 #include "graph/node.h"
 #include "graph/runcontrol.h"
-#include "graph/transformnode.h"
 #include "panes/canvas/graphpane.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/status/logpane.h"
 #include "panes/status/statusbar.h"
 #include "settings/settings.h"
 
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QMenu>
 #include <QSignalBlocker>
 #include <QSplitter>
@@ -37,6 +38,7 @@ MainWindow::MainWindow(Application &application, const CommandLine &commandLine,
     , m_log(log)
     , m_ownPrompts(prompts ? nullptr : new Prompts(this))
     , m_prompts(prompts ? *prompts : *m_ownPrompts)
+    , m_undo(m_session)
     , m_recentDocuments(application.applicationDir().absolutePath())
     , m_documents(
           new DocumentCommands(application, m_session, m_recentDocuments, m_prompts, commandLine.overrides, this))
@@ -45,7 +47,8 @@ MainWindow::MainWindow(Application &application, const CommandLine &commandLine,
         QApplication::setFont(application.settings().uiFont());
     }
     buildPanes();
-    const CommandContext context{application, m_session, m_prompts, *m_graphPane, *m_logPane, *m_statusBar, *this};
+    const CommandContext context{
+        application, m_session, m_undo, m_prompts, *m_graphPane, *m_logPane, *m_statusBar, *this};
     m_groups = std::make_unique<CommandGroups>(context, m_actions, *m_documents);
     m_hooks = std::make_unique<WindowHooks>(context, *m_documents);
     m_actions.build(*this, m_groups->all);
@@ -53,7 +56,8 @@ MainWindow::MainWindow(Application &application, const CommandLine &commandLine,
     m_settingsFollower = std::make_unique<SettingsFollower>(application, m_session, m_actions);
     setFirstStates();
     connectCommands();
-    onSceneChanged(nullptr, &scene());
+    m_wiring = std::make_unique<SceneWiring>(context, *this, *m_documents, m_groups->runs);
+    m_wiring->onSceneChanged(nullptr, &scene());
     connectDocuments();
     application.setMainWindow(this);
     m_recentMenu->update();
@@ -95,6 +99,9 @@ void MainWindow::setFirstStates()
     m_logPane->setVisible(m_application.settings().logPaneShown());
     m_actions.viewLog->setChecked(m_application.settings().logPaneShown());
     m_actions.editSnapToGrid->setChecked(scene().snapToGrid());
+    m_actions.viewComments->setChecked(m_application.settings().showComments());
+    m_actions.viewChanges->setChecked(m_application.settings().showChanges());
+    m_actions.viewWarnings->setChecked(m_application.settings().showWarnings());
     m_actions.showManualRuns(!isAutoRunOn());
 }
 
@@ -102,6 +109,8 @@ void MainWindow::connectCommands()
 {
     m_actions.connectSwitches(*this, m_groups->all);
     connect(&m_groups->runs, &RunCommands::autoRunChanged, this, &MainWindow::updateActions);
+    connect(&m_undo, &UndoStack::changed, this, &MainWindow::updateActions);
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &MainWindow::updateActions);
     connect(m_recentMenu.get(), &RecentMenu::updated, this, &MainWindow::updateActions);
     connect(m_graphPane, &GraphPane::zoomChanged, this, [this] {
         m_groups->view.onZoomChanged();
@@ -111,30 +120,10 @@ void MainWindow::connectCommands()
 
 void MainWindow::onSceneChanged(GraphScene *old, GraphScene *current)
 {
-    if (old) {
-        for (QObject *listener :
-            {static_cast<QObject *>(this), static_cast<QObject *>(m_documents), static_cast<QObject *>(m_statusBar),
-                static_cast<QObject *>(m_logPane), static_cast<QObject *>(&m_groups->runs)}) {
-            old->disconnect(listener);
-        }
-    }
-    current->setBackgroundBrush(m_application.colors().color(Colors::Background));
-    m_graphPane->setGraph(current);
-    connect(current, &GraphScene::nodesAdded, this, &MainWindow::onNodesChanged);
-    connect(current, &GraphScene::nodesDeleted, this, &MainWindow::onNodesChanged);
-    connect(current, &GraphScene::nodesPosChanged, this, &MainWindow::onDocumentChanged);
-    connect(current, &GraphScene::nodeParametersChanged, this, &MainWindow::onDocumentChanged);
-    connect(current, &GraphScene::nodeDataChanged, this, &MainWindow::onNodeDataChanged);
-    connect(current, &GraphScene::completedTransforms, &m_groups->runs, &RunCommands::onCompleted);
-    connect(current, &GraphScene::allowUserInteraction, this, &MainWindow::onAllowUserInteraction);
-    connect(current, &QGraphicsScene::selectionChanged, this, &MainWindow::onGraphSelectionChanged);
-    connect(current, &GraphScene::fileOpen, m_documents, &DocumentCommands::onOpenPath);
-    connect(current, &GraphScene::showStatusBarMessage, m_statusBar, &StatusBar::onShowMessage);
-    connect(current, &GraphScene::showTempMessage, m_statusBar, &StatusBar::onShowMessage);
-    connect(current, &GraphScene::showLogMessage, m_logPane, &LogPane::onShowLogMessage);
-    connect(current, &GraphScene::showProgress, m_statusBar, &StatusBar::onShowProgress);
-    connect(current, &GraphScene::showWarningMessage, this, [this](const QString &text) { m_prompts.warning(text); });
-    connect(current, &GraphScene::showCriticalMessage, this, [this](const QString &text) { m_prompts.critical(text); });
+    m_wiring->onSceneChanged(old, current);
+    current->clearSelection();
+    m_graphPane->onAutoZoom();
+    updateActions();
 }
 
 void MainWindow::connectDocuments()
@@ -144,6 +133,9 @@ void MainWindow::connectDocuments()
     connect(&m_session, &DocumentSession::modifiedChanged, this, &QWidget::setWindowModified);
     connect(&m_session, &DocumentSession::pathChanged, this, &MainWindow::onUpdateTitle);
     connect(&m_session, &DocumentSession::aboutToClear, m_logPane, &QPlainTextEdit::clear);
+    connect(&m_session, &DocumentSession::aboutToClear, &m_undo, &UndoStack::clear);
+    connect(&m_session, &DocumentSession::aboutToClear, &m_groups->undo, &UndoCommands::forgetRun);
+    connect(m_documents, &DocumentCommands::documentOpened, &m_undo, &UndoStack::clear);
     connect(m_documents, &DocumentCommands::statusMessage, m_statusBar, &StatusBar::onShowMessage);
     connect(m_documents, &DocumentCommands::recentChanged, m_recentMenu.get(), &RecentMenu::update);
     connect(m_documents, &DocumentCommands::localeChanged, m_statusBar, &StatusBar::onUpdateLocale);
@@ -288,6 +280,9 @@ void MainWindow::updateActions()
     state.hasSelection = state.hasSelectedItems || !scene().connections(true).isEmpty();
     state.isStale = !scene().nodesInState(NodeState::NeedsProcessing).isEmpty()
                     || !scene().nodesInState(NodeState::Failed).isEmpty();
+    state.canUndo = m_undo.canUndo();
+    state.canRedo = m_undo.canRedo();
+    state.canPaste = ClipboardCommands::canPaste();
     state.canZoomIn = m_graphPane->canZoomIn();
     state.canZoomOut = m_graphPane->canZoomOut();
     state.hasRecentDocuments = !m_recentMenu->isEmpty();

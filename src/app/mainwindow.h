@@ -4,6 +4,7 @@
 #include "app/documentsession.h"
 #include "app/mainactions.h"
 #include "app/recentdocuments.h"
+#include "app/undostack.h"
 
 #include <QMainWindow>
 #include <memory>
@@ -16,6 +17,7 @@ class Prompts;
 class QSplitter;
 class RecentMenu;
 class RunLog;
+class SceneWiring;
 class SettingsFollower;
 class StatusBar;
 class WindowHooks;
@@ -37,6 +39,7 @@ public:
     GraphScene &scene() const { return m_session.scene(); }
     DocumentSession &session() { return m_session; }
     DocumentCommands &documents() { return *m_documents; }
+    UndoStack &undoStack() { return m_undo; }
 
     // For a program that has to close
     void releaseDatasets();
@@ -45,15 +48,17 @@ public:
 protected:
     void closeEvent(QCloseEvent *event) override;
 
-private slots:
+public slots:
     /// What can be done has changed.
     void updateActions();
-    void onStarted();
     void onAllowUserInteraction(bool allow);
     void onGraphSelectionChanged();
     void onNodeDataChanged(Node *node);
     void onNodesChanged();
     void onDocumentChanged();
+
+private slots:
+    void onStarted();
     void onDocumentOpened(bool autoRun);
     void onDocumentCleared();
     void onUpdateTitle();
@@ -63,7 +68,7 @@ private:
     void buildPanes();
     void setFirstStates();
     void connectCommands();
-    /// Wires a scene that becomes the live one, and lets go of the one that was.
+    /// Another scene is live.
     void onSceneChanged(GraphScene *old, GraphScene *current);
     void connectDocuments();
 
@@ -73,11 +78,13 @@ private:
     const std::unique_ptr<Prompts> m_ownPrompts;
     Prompts &m_prompts;
     DocumentSession m_session;
+    UndoStack m_undo;
     RecentDocuments m_recentDocuments;
     DocumentCommands *m_documents;
     MainActions m_actions;
     std::unique_ptr<CommandGroups> m_groups;
     std::unique_ptr<WindowHooks> m_hooks;
+    std::unique_ptr<SceneWiring> m_wiring;
     std::unique_ptr<RecentMenu> m_recentMenu;
     std::unique_ptr<SettingsFollower> m_settingsFollower;
     GraphPane *m_graphPane = nullptr;

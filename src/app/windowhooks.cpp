@@ -4,6 +4,7 @@
 #include "app/documentcommands.h"
 #include "app/documentsession.h"
 #include "app/tips.h"
+#include "app/undostack.h"
 #include "graph/graphhooks.h"
 #include "graph/runcontrol.h"
 #include "graph/undostep.h"
@@ -26,7 +27,13 @@ WindowHooks::WindowHooks(const CommandContext &context, DocumentCommands &docume
     OutputNode::setConfirmation(
         [this](const QString &title, const QString &text) { return confirmFiles(title, text); });
     RunControl::setMemoryCeilingHook([this](double used, double limit) { return raiseMemoryCeiling(used, limit); });
-    UndoStep::install([&documents](const QString &) { documents.refreshRecoveryFile(); }, {});
+    UndoStep::install(
+        [this, &documents](const QString &hint) {
+            documents.refreshRecoveryFile();
+            const WaitCursor cursor;
+            m_context.undo.prepare(hint);
+        },
+        [this] { m_context.undo.finish(); });
 }
 
 WindowHooks::~WindowHooks()

@@ -72,6 +72,12 @@ ChartNode *ChartNode::clone() const
     return copy;
 }
 
+void ChartNode::takeColumnsAsText(const Node &original)
+{
+    const auto &other = static_cast<const ChartNode &>(original);
+    m_columns.setStored(other.storedXColumn(), other.storedYColumns());
+}
+
 QString ChartNode::name() const
 {
     return m_options.type == ChartChoice::NoType ? kindName() : ChartChoice::typeLabel(m_options.type);

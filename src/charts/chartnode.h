@@ -34,6 +34,7 @@ public:
     QString storedYColumns() const;
 
     ChartNode *clone() const override;
+    void takeColumnsAsText(const Node &original) override;
     QString name() const override;
     QString listName() const override;
     QString description() const override;

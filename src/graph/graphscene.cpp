@@ -5,6 +5,7 @@
 #include "graph/connectionguide.h"
 #include "graph/connectionlayout.h"
 #include "graph/engine.h"
+#include "graph/graphcopy.h"
 #include "graph/graphedit.h"
 #include "graph/ionode.h"
 #include "graph/nodeadder.h"
@@ -401,6 +402,37 @@ void GraphScene::onProcessingEnd(Node *node)
     const bool inRange = m_itemsToProcess >= 1 && m_itemsProcessed <= m_itemsToProcess;
     emit showProgress(inRange ? m_itemsProcessed * 100 / m_itemsToProcess : 100);
     emit nodeProcessed(node);
+}
+
+// Copies
+
+std::unique_ptr<GraphScene> GraphScene::copy() const
+{
+    return GraphCopy::sceneCopy(*this);
+}
+
+bool GraphScene::sameAs(const GraphScene &other) const
+{
+    return GraphCopy::areSame(*this, other);
+}
+
+void GraphScene::pasteScene(const GraphScene &source, const QPointF *position)
+{
+    GraphCopy::paste(*this, source, position);
+}
+
+void GraphScene::duplicateBranch()
+{
+    GraphCopy::duplicateBranch(*this);
+}
+
+void GraphScene::goToRest()
+{
+    endConnection();
+    clearSelection();
+    for (Node *node : nodes()) {
+        node->goToRest();
+    }
 }
 
 // Places

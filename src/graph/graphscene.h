@@ -81,6 +81,19 @@ public:
     void deleteSelected();
     void clearAll();
 
+    // Copies
+    /// One more scene of this document with all items, which have no data.
+    std::unique_ptr<GraphScene> copy() const;
+    /// True when items, options, places and connections are the same.
+    bool sameAs(const GraphScene &other) const;
+    /// Adds and selects copies of all items of `source`, at `position` or at a free place; the caller makes the step of
+    /// undo.
+    void pasteScene(const GraphScene &source, const QPointF *position = nullptr);
+    /// Copies the selected items with all that is downstream.
+    void duplicateBranch();
+    /// Another scene takes this one's place: it keeps what undo needs and lets go of data and watched files.
+    void goToRest();
+
     // Runs
     void runTransforms(RunMode mode, bool quiet);
     bool isProcessing() const { return m_processing; }
@@ -117,6 +130,7 @@ public:
     void refresh();
 
 public slots:
+    void onDuplicateBranch() { duplicateBranch(); }
     void onHighlightTransformNodes(bool on, int transformType);
     void onPosChanged(QList<Node *> nodes);
     void onSourceChanged(Node *node);

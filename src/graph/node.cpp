@@ -47,6 +47,14 @@ void Node::setId(int id)
     m_id = id == -1 ? s_nextId++ : id;
 }
 
+void Node::takeColumnsAsText(const Node &) {}
+
+void Node::goToRest()
+{
+    clearDataset();
+    setState(NodeState::NeedsProcessing, false);
+}
+
 QString Node::kindName() const
 {
     switch (type()) {

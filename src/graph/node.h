@@ -171,6 +171,11 @@ public:
     virtual void beforeProcess() {}
     /// Lets column options look for lost columns by name, here and downstream.
     virtual void refreshColumnOptions();
+    /// For a copy with another id, whose inputs are copies too: the columns that `original`'s options name are looked
+    /// up by their places as soon as the inputs are known.
+    virtual void takeColumnsAsText(const Node &original);
+    /// The scene is live no more: lets go of data and of what it watches.
+    virtual void goToRest();
     virtual void remapColumnIds(const QHash<ColumnId, ColumnId> &) {}
     /// Called after a connection to this node; for kinds that have to look at their new input.
     virtual void validateForOutput() {}

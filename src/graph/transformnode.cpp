@@ -9,6 +9,9 @@
 #include "transforms/frame/transform.h"
 #include "transforms/options/parameter.h"
 
+#include <QUrl>
+#include <limits>
+
 namespace {
 
 QList<DataSource *> asSources(const QList<Node *> &nodes)
@@ -172,6 +175,21 @@ void TransformNode::allowReconnect()
 {
     for (Parameter *parameter : m_transform->parameters()) {
         parameter->allowReconnect();
+    }
+}
+
+/// Of documents as this program writes them.
+constexpr int presentVersion = std::numeric_limits<int>::max();
+
+void TransformNode::takeColumnsAsText(const Node &original)
+{
+    const auto &other = static_cast<const TransformNode &>(original);
+    for (const Parameter *parameter : other.m_transform->parameters()) {
+        if (parameter->dependsOnColumns()) {
+            // Documents hold the text encoded; whoever reads one has decoded it.
+            const QString text = QUrl::fromPercentEncoding(parameter->toDocumentText().toUtf8());
+            m_transform->parameter(parameter->name())->setDeferredText(text, presentVersion);
+        }
     }
 }
 

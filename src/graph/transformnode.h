@@ -41,6 +41,7 @@ public:
     void process(bool recurse, bool releaseInputs) override;
     void beforeProcess() override;
     void refreshColumnOptions() override;
+    void takeColumnsAsText(const Node &original) override;
     void remapColumnIds(const QHash<ColumnId, ColumnId> &map) override;
     int columnOptionsInUse(const Node *source) const override;
     void removeConnection(Connection *connection) override;

@@ -164,6 +164,12 @@ void InputNode::connectToScene(GraphScene *scene)
     connect(this, &InputNode::sourceChanged, scene, &GraphScene::onSourceChanged);
 }
 
+void InputNode::goToRest()
+{
+    stopWatching();
+    IONode::goToRest();
+}
+
 void InputNode::updateWatch()
 {
     if (!m_options.watching) {

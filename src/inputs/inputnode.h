@@ -58,6 +58,7 @@ public:
 
     void process(bool recurse, bool releaseInputs) override;
     void connectToScene(GraphScene *scene) override;
+    void goToRest() override;
 
     /// Waits between a change of a watched file and the new reading: for the file to rest, and for a run to end.
     static void setWatchDelays(int quietMs, int busyMs);

@@ -124,6 +124,12 @@ OutputNode *OutputNode::clone() const
     return copy;
 }
 
+void OutputNode::takeColumnsAsText(const Node &original)
+{
+    const auto &other = static_cast<const OutputNode &>(original);
+    m_columns.setStored(other.storedMultiFileColumn(), other.storedExcelFormats(), other.storedJsonTypes());
+}
+
 void OutputNode::beforeProcess()
 {
     const QList<Node *> upstream = upstreamNodes(false);

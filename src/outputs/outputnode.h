@@ -52,6 +52,7 @@ public:
     QString expandedPath() const;
 
     OutputNode *clone() const override;
+    void takeColumnsAsText(const Node &original) override;
     QString name() const override;
     QString listName() const override;
     QString description() const override;

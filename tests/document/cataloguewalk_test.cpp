@@ -1,5 +1,6 @@
 #include "document/sampledocument.h"
 #include "graph/transformnode.h"
+#include "support/printers.h"
 #include "support/scopedsettings.h"
 #include "transforms/catalogue.h"
 #include "transforms/frame/transform.h"
@@ -129,5 +130,39 @@ TEST(CatalogueWalk, EveryKindTellsOfMissingInputs)
         EXPECT_TRUE(transformIn(scene)->warnings().contains(expected))
             << transformIn(scene)->warnings().join('\n').toStdString();
         EXPECT_EQ(transformIn(scene)->state(), NodeState::Processed);
+    }
+}
+
+TEST(CatalogueWalk, CopiesAndDuplicatesGiveTheSame)
+{
+    const ScopedSettings settings;
+    for (const CatalogueRow &row : Catalogue::rows()) {
+        SCOPED_TRACE(row.typeName);
+        GraphScene scene;
+        readText(documentWith(row.typeName, inputsOf(row), smallTable), scene);
+        Node::setNextId(100);
+        scene.runTransforms(RunMode::Everything, true);
+        const QList<ColumnId> ids = scene.nodeById(topId)->datasetConst().columnIds();
+        chooseColumns(*transformIn(scene)->transform(), {ids.at(1), ids.at(3)});
+        scene.runTransforms(RunMode::Everything, true);
+        const QString expected = outcome(*transformIn(scene));
+
+        const std::unique_ptr<GraphScene> copy = scene.copy();
+        EXPECT_TRUE(copy->sameAs(scene));
+        EXPECT_EQ(transformIn(*copy)->state(), NodeState::NeedsProcessing);
+        EXPECT_FALSE(transformIn(*copy)->datasetConst().hasColumns());
+        copy->runTransforms(RunMode::Everything, true);
+        EXPECT_EQ(outcome(*transformIn(*copy)), expected);
+        EXPECT_EQ(savedText(*copy), savedText(scene));
+
+        // The duplicate of the inputs is what the duplicate of the item reads.
+        scene.nodeById(topId)->setSelected(true);
+        scene.nodeById(bottomId)->setSelected(inputsOf(row) == 2);
+        scene.duplicateBranch();
+        EXPECT_FALSE(copy->sameAs(scene));
+        ASSERT_EQ(scene.transformNodes(true).size(), 1);
+        EXPECT_NE(scene.transformNodes(true).first(), transformIn(scene));
+        scene.runTransforms(RunMode::Everything, true);
+        EXPECT_EQ(outcome(*scene.transformNodes(true).first()), expected);
     }
 }

@@ -9,6 +9,9 @@ struct ActionState
     bool hasSelectedItems = false;
     bool hasSelection = false; ///< of items or connections
     bool isStale = false;      ///< an item needs processing, or failed
+    bool canUndo = false;
+    bool canRedo = false;
+    bool canPaste = false;
     bool canZoomIn = true;
     bool canZoomOut = true;
     bool hasRecentDocuments = false;

@@ -7,12 +7,14 @@ class LogPane;
 class Prompts;
 class QWidget;
 class StatusBar;
+class UndoStack;
 
 /// What the groups of commands work on; all of it outlives them.
 struct CommandContext
 {
     Application &application;
     DocumentSession &session;
+    UndoStack &undo;
     Prompts &prompts;
     GraphPane &graphPane;
     LogPane &logPane;

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "app/commands/clipboardcommands.h"
 #include "app/commands/commands.h"
 #include "app/commands/editcommands.h"
 #include "app/commands/filecommands.h"
 #include "app/commands/helpcommands.h"
 #include "app/commands/inputcommands.h"
 #include "app/commands/runcommands.h"
+#include "app/commands/undocommands.h"
 #include "app/commands/viewcommands.h"
 
 /// The groups of commands, and what the table of actions sees of them.
@@ -13,16 +15,20 @@ struct CommandGroups
 {
     CommandGroups(const CommandContext &context, MainActions &actions, DocumentCommands &documents)
         : files(context)
+        , undo(context, actions)
+        , clipboard(context)
         , edit(context)
         , inputs(context)
         , runs(context, actions)
         , view(context, actions)
         , help(context)
-        , all{documents, files, edit, inputs, runs, view, help}
+        , all{documents, files, undo, clipboard, edit, inputs, runs, view, help}
     {
     }
 
     FileCommands files;
+    UndoCommands undo;
+    ClipboardCommands clipboard;
     EditCommands edit;
     InputCommands inputs;
     RunCommands runs;

@@ -1,11 +1,13 @@
 #pragma once
 
+class ClipboardCommands;
 class DocumentCommands;
 class EditCommands;
 class FileCommands;
 class HelpCommands;
 class InputCommands;
 class RunCommands;
+class UndoCommands;
 class ViewCommands;
 
 /// The groups of commands that the table of actions calls.
@@ -13,6 +15,8 @@ struct Commands
 {
     DocumentCommands &documents;
     FileCommands &files;
+    UndoCommands &undo;
+    ClipboardCommands &clipboard;
     EditCommands &edit;
     InputCommands &inputs;
     RunCommands &runs;

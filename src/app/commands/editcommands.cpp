@@ -1,6 +1,7 @@
 #include "app/commands/editcommands.h"
 
 #include "app/documentsession.h"
+#include "graph/connection.h"
 #include "graph/graphscene.h"
 #include "graph/node.h"
 #include "graph/undostep.h"
@@ -16,8 +17,13 @@ void EditCommands::deleteSelected()
 
 void EditCommands::selectAll()
 {
-    for (Node *node : m_context.session.scene().nodes()) {
+    GraphScene &scene = m_context.session.scene();
+    for (Node *node : scene.nodes()) {
         node->setSelected(true);
+    }
+    // Connections too, so that copying takes them along.
+    for (Connection *connection : scene.connections()) {
+        connection->setSelected(true);
     }
 }
 

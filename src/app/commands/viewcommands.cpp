@@ -1,8 +1,12 @@
 #include "app/commands/viewcommands.h"
 
+#include "app/application.h"
+#include "app/documentsession.h"
 #include "app/mainactions.h"
+#include "graph/graphscene.h"
 #include "panes/canvas/graphpane.h"
 #include "panes/status/logpane.h"
+#include "settings/settings.h"
 
 #include <QSignalBlocker>
 #include <QToolBar>
@@ -20,6 +24,29 @@ void ViewCommands::zoomIn()
 void ViewCommands::zoomOut()
 {
     m_context.graphPane.onZoomOut();
+}
+
+void ViewCommands::zoomSelected()
+{
+    m_context.graphPane.onZoomSelected();
+}
+
+void ViewCommands::setCommentsShown(bool on)
+{
+    m_context.application.settings().setShowComments(on);
+    m_context.session.scene().refresh();
+}
+
+void ViewCommands::setChangesShown(bool on)
+{
+    m_context.application.settings().setShowChanges(on);
+    m_context.session.scene().refresh();
+}
+
+void ViewCommands::setWarningsShown(bool on)
+{
+    m_context.application.settings().setShowWarnings(on);
+    m_context.session.scene().refresh();
 }
 
 void ViewCommands::setToolBarShown(bool on)

@@ -17,6 +17,10 @@ public:
     void setZoomFit(bool on);
     void zoomIn();
     void zoomOut();
+    void zoomSelected();
+    void setCommentsShown(bool on);
+    void setChangesShown(bool on);
+    void setWarningsShown(bool on);
     void setToolBarShown(bool on);
     void setLogShown(bool on);
     /// For a document that has come or gone.

@@ -2,6 +2,7 @@
 
 #include "graph/colors.h"
 #include "graph/graphscene.h"
+#include "graph/node.h"
 #include "settings/product.h"
 #include "settings/settings.h"
 
@@ -86,6 +87,23 @@ void GraphPane::fit()
     const double height = qMax(rect.height(), leastFittedHeight);
     rect = QRectF(rect.center().x() - width / 2, rect.center().y() - height / 2, width, height);
     fitInView(rect, Qt::KeepAspectRatio);
+    emit zoomChanged();
+}
+
+void GraphPane::onZoomSelected()
+{
+    QRectF area;
+    for (const Node *node : m_scene->nodes(true)) {
+        area = area.united(node->mapRectToScene(node->boundingRect()));
+    }
+    if (area.isEmpty()) {
+        return;
+    }
+    m_autoZoom = false;
+    fitInView(area, Qt::KeepAspectRatio);
+    const double target = qBound(smallestScale, scale(), largestScale);
+    setTransform(QTransform::fromScale(target, target));
+    centerOn(area.center());
     emit zoomChanged();
 }
 

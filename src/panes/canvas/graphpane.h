@@ -32,6 +32,8 @@ public slots:
     /// Fits the graph if it is being kept fitted.
     void onAutoZoom();
     void onZoomToFit();
+    /// Fits the selected items, within the limits of the zoom.
+    void onZoomSelected();
     /// Stops keeping the graph fitted, and leaves the view as it is.
     void onZoomFree();
     void onZoomIn();

@@ -1,0 +1,183 @@
+#include "app/actiontable.h"
+
+#include "app/commands/actionstate.h"
+#include "app/commands/clipboardcommands.h"
+#include "app/commands/commands.h"
+#include "app/commands/editcommands.h"
+#include "app/commands/filecommands.h"
+#include "app/commands/helpcommands.h"
+#include "app/commands/inputcommands.h"
+#include "app/commands/runcommands.h"
+#include "app/commands/undocommands.h"
+#include "app/commands/viewcommands.h"
+#include "app/documentcommands.h"
+#include "app/mainactions.h"
+#include "graph/graphenums.h"
+
+#include <QPointF>
+
+namespace {
+
+const ActionRow rows[] = {
+    {&MainActions::fileNew, "m_fileNewAction", "&New", "Ctrl+N", "document-new", "Create a new .transform document.",
+        false, [](Commands &c, bool) { c.documents.onNew(); }, nullptr, false},
+    {&MainActions::fileOpen, "m_fileOpenAction", "&Open...", "Ctrl+O", "document-open",
+        "Open an existing .transform document.", false, [](Commands &c, bool) { c.documents.onOpen(); }, nullptr,
+        false},
+    {&MainActions::fileSave, "m_fileSaveAction", "&Save", "Ctrl+S", "document-save",
+        "Save the current .transform document.", false, [](Commands &c, bool) { c.documents.onSave(); }, nullptr,
+        false},
+    {&MainActions::fileExit, "m_fileExitAction", "E&xit", "Ctrl+Q", "application-exit", "Exit.", false,
+        [](Commands &c, bool) { c.files.exit(); }, nullptr, false},
+    {&MainActions::fileSaveAs, "m_fileSaveAsAction", "Save &As...", "Ctrl+Shift+S", "document-save-as",
+        "Save the current .transform document to a different name/location.", false,
+        [](Commands &c, bool) { c.documents.onSaveAs(); }, nullptr, false},
+    {&MainActions::editUndo, "m_editUndoAction", "&Undo", "Ctrl+Z", "edit-undo", "Undo change", false,
+        [](Commands &c, bool) { c.undo.undo(); }, [](const ActionState &s) { return s.canUndo; }, false},
+    {&MainActions::editRedo, "m_editRedoAction", "&Redo", "Ctrl+Y\nCtrl+Shift+Z", "edit-redo", "Redo undone change",
+        false, [](Commands &c, bool) { c.undo.redo(); }, [](const ActionState &s) { return s.canRedo; }, false},
+    {&MainActions::editDelete, "m_editDeleteAction", "&Delete", "Del", "edit-delete",
+        "Delete the items selected in the center pane.", false, [](Commands &c, bool) { c.edit.deleteSelected(); },
+        [](const ActionState &s) { return s.hasSelection; }, false},
+    {&MainActions::editSelectAll, "m_editSelectAllAction", "Select &All", "Ctrl+A", "edit-select-all",
+        "Select All items in the center pane.", false, [](Commands &c, bool) { c.edit.selectAll(); },
+        [](const ActionState &s) { return s.hasItems; }, false},
+    {&MainActions::viewZoomFit, "m_viewZoomFitAction", "Zoom &Fit", "Ctrl+=", "zoom-fit-best",
+        "Toggle on to automatically zoom so all items in the center pane fit on screen.", true,
+        [](Commands &c, bool on) { c.view.setZoomFit(on); }, nullptr, false},
+    {&MainActions::viewZoomIn, "m_viewZoomInAction", "Zoom &In", "Ctrl++", "zoom-in", "Zoom In on the center pane.",
+        false, [](Commands &c, bool) { c.view.zoomIn(); }, [](const ActionState &s) { return s.canZoomIn; }, false},
+    {&MainActions::viewZoomOut, "m_viewZoomOutAction", "Zoom &Out", "Ctrl+-", "zoom-out",
+        "Zoom out from the center pane.", false, [](Commands &c, bool) { c.view.zoomOut(); },
+        [](const ActionState &s) { return s.canZoomOut; }, false},
+    {&MainActions::helpAbout, "m_helpAboutAction", "&About", "", "help-about", "Show the 'About' window.", false,
+        [](Commands &c, bool) { c.help.about(); }, nullptr, false},
+    {&MainActions::editPreferences, "m_editPreferencesAction", "P&references...", "Ctrl+,", "configure",
+        "Show the 'Preferences' window.", false, nullptr, nullptr, false},
+    {&MainActions::helpQuickStart, "m_helpQuickStartAction", "&Quick Start Guide", "", "",
+        "View the 'Quick start' guide.", false, nullptr, nullptr, false},
+    {&MainActions::insertDataToFile, "m_insertDataToFileAction", "To file", "", "document-export",
+        "Output a dataset to a file. Select 1 transform in the central pane to enable.", false, nullptr, nullptr,
+        false},
+    {&MainActions::help, "m_helpAction", "Quillmere &Help", "F1", "help-contents", "View the help documentation.",
+        false, nullptr, nullptr, false},
+    {&MainActions::helpCheckForUpdates, "m_helpCheckForUpdatesAction", "Check For &Updates", "", "",
+        "Check online for updates.", false, nullptr, nullptr, false},
+    {&MainActions::helpSubscribeToNewsletter, "m_helpSubscribeToNewsletterAction", "Subscribe to &Newsletter", "", "",
+        "Subscribe to our email newsletter.", false, nullptr, nullptr, false},
+    {&MainActions::editSnapToGrid, "m_editSnapToGridAction", "Snap To &Grid", "", "snap-to-grid",
+        "Snap items to a grid.", true, [](Commands &c, bool on) { c.edit.setSnapToGrid(on); }, nullptr, false},
+    {&MainActions::fileBatchProcess, "m_fileBatchProcessAction", "&Batch Process...", "Ctrl+B", "batch-process",
+        "Perform the current .transform document in batch mode.", false, nullptr, nullptr, false},
+    {&MainActions::helpFAQ, "m_helpFAQAction", "&FAQ Page", "", "", "View the 'Frequently Asked Questions' page.",
+        false, nullptr, nullptr, false},
+    {&MainActions::helpSupport, "m_helpSupportAction", "Technical &Support", "", "",
+        "Find out how to contact technical support.", false, nullptr, nullptr, false},
+    {&MainActions::viewToolBar, "m_viewToolBarAction", "&Tool bar", "", "", "Show/hide the toolbar.", true,
+        [](Commands &c, bool on) { c.view.setToolBarShown(on); }, nullptr, false},
+    {&MainActions::viewComments, "m_viewCommentsAction", "Show &Comments", "", "",
+        "Show item comments in the center pane.", true, [](Commands &c, bool on) { c.view.setCommentsShown(on); },
+        nullptr, false},
+    {&MainActions::fileNewWindow, "m_fileNewWindowAction", "New &Window", "Ctrl+Shift+N", "window-new",
+        "Start a new Quillmere instance in a new window.", false, [](Commands &c, bool) { c.files.newWindow(); },
+        nullptr, false},
+    {&MainActions::viewChanges, "m_viewChangesAction", "Show &Row/Col Changes", "", "",
+        "Show changes to the number of rows and columns by transforms in the center pane.", true,
+        [](Commands &c, bool on) { c.view.setChangesShown(on); }, nullptr, false},
+    {&MainActions::fileNotes, "m_fileNotesAction", "No&tes...", "", "document-notes",
+        "Notes for this .transform document.", false, nullptr, nullptr, false},
+    {&MainActions::helpForum, "m_helpForumAction", "Foru&m", "", "", "Go to the Quillmere forum.", false, nullptr,
+        nullptr, false},
+    {&MainActions::viewWarnings, "m_viewWarningsAction", "Show &Warnings", "", "", "Show warnings in the center pane.",
+        true, [](Commands &c, bool on) { c.view.setWarningsShown(on); }, nullptr, false},
+    {&MainActions::viewTwoScreens, "m_viewTwoScreensAction", "Two &Screen Mode", "Ctrl+T", "",
+        "Display the right pane on a second screen, if available.", true, nullptr, nullptr, false},
+    {&MainActions::fileOpenRecent, "m_fileOpenRecentAction", "Open &Recent...", "Ctrl+Shift+O", "document-open-recent",
+        "Open a recent .transform document.", false, nullptr, nullptr, false},
+    {&MainActions::viewToggleTheme, "m_viewToggleThemeAction", "Toggle &UI Theme", "Ctrl+U", "",
+        "Toggle the user interface between light and dark themes.", false, nullptr, nullptr, false},
+    {&MainActions::fileCommandLine, "m_fileCommandLineAction", "&Command Line...", "", "utilities-terminal",
+        "Get text to use on the command line.", false, [](Commands &c, bool) { c.files.showCommandLine(); }, nullptr,
+        false},
+    {&MainActions::runAuto, "m_runAutoAction", "&Auto Run", "", "view-refresh", "Automatically run changes.", true,
+        [](Commands &c, bool on) { c.runs.setAutoRun(on); }, nullptr, false},
+    {&MainActions::runChanged, "m_runChangedAction", "Run &Unprocessed", "Ctrl+R", "media-playback-start",
+        "Run items that need processing.", false, [](Commands &c, bool) { c.runs.run(RunMode::Changes); },
+        [](const ActionState &s) { return !s.isAutoRunOn && s.isStale; }, false},
+    {&MainActions::runSelected, "m_runSelectedAction", "Run &Selected", "Ctrl+Shift+R", "media-skip-forward",
+        "Run selected items (whether changed or not).", false, [](Commands &c, bool) { c.runs.run(RunMode::Selected); },
+        [](const ActionState &s) { return !s.isAutoRunOn && s.hasSelectedItems; }, false},
+    {&MainActions::runStop, "m_runStopAction", "S&top Run", "Ctrl+\\", "process-stop", "Stop the current run.", false,
+        [](Commands &c, bool) { c.runs.stop(); }, [](const ActionState &s) { return s.isRunning; }, true},
+    {&MainActions::runEverything, "m_runEverythingAction", "Run &All", "F5", "media-seek-forward",
+        "Run all items (whether changed or not). You should usually use 'Run changed' or 'Run selected'.", false,
+        [](Commands &c, bool) { c.runs.run(RunMode::Everything); },
+        [](const ActionState &s) { return !s.isAutoRunOn && s.hasItems; }, false},
+    {&MainActions::viewLog, "m_viewLogAction", "&Log Pane", "Ctrl+L", "", "Show/hide the Log pane.", true,
+        [](Commands &c, bool on) { c.view.setLogShown(on); }, nullptr, false},
+    {&MainActions::helpExpertTips, "m_helpExpertTipsAction", "&Expert Tips", "", "", "View 'Expert tips' in the help.",
+        false, nullptr, nullptr, false},
+    {&MainActions::helpIntroVideo, "m_helpIntroVideoAction", "Short Introduction &Video", "", "",
+        "Show a short introduction video.", false, nullptr, nullptr, false},
+    {&MainActions::viewToolTipsOff, "m_viewToolTipsOff", "&Off", "", "", "Turn center pane tool tips off.", true,
+        nullptr, nullptr, false},
+    {&MainActions::viewToolTipsBrief, "m_viewToolTipsBrief", "&Brief", "", "", "Show brief center pane tool tips.",
+        true, nullptr, nullptr, false},
+    {&MainActions::viewToolTipsDetailed, "m_viewToolTipsDetailed", "&Detailed", "", "",
+        "Show detailed center pane tool tips.", true, nullptr, nullptr, false},
+    {&MainActions::viewTimingProfile, "m_viewTimingProfileAction", "Timing &Profile", "Ctrl+.", "timing-profile",
+        "Show a timing profile in the center pane.", true, nullptr, nullptr, false},
+    {&MainActions::helpKeyboardShortcuts, "m_helpKeyboardShortcutsAction", "&Keyboard shortcuts", "", "",
+        "View 'Keyboard shortcuts' in the help.", false, nullptr, nullptr, false},
+    {&MainActions::viewFind, "m_viewFindAction", "Fin&d Items...", "Ctrl+F", "edit-find",
+        "Find items in the center pane that match search terms.", false, nullptr, nullptr, false},
+    {&MainActions::viewZoomMagnify, "m_viewZoomMagnifyAction", "&Magnify Cursor", "", "magnify-cursor",
+        "Toggle cursor magnification for the center pane.", true, nullptr, nullptr, false},
+    {&MainActions::viewZoomSelected, "m_viewZoomSelectedAction", "&Zoom Selected", "Ctrl+/", "zoom-fit-selection",
+        "Zoom in to selected items on the center pane.", false, [](Commands &c, bool) { c.view.zoomSelected(); },
+        [](const ActionState &s) { return s.hasSelectedItems; }, false},
+    {&MainActions::viewCompareData, "m_viewCompareDataAction", "Compare &Data...", "", "",
+        "Compare the data of 2 selected items, side-by-side, row by row.", false, nullptr, nullptr, false},
+    {&MainActions::viewCompareHeaders, "m_viewCompareHeadersAction", "Compare &Headers...", "", "",
+        "Compare the headers of 2 or more selected items.", false, nullptr, nullptr, false},
+    {&MainActions::viewNodeSummary, "m_viewNodeSummaryAction", "Item &Summary...", "Ctrl+;", "item-summary",
+        "View a summary of all items.", false, nullptr, nullptr, false},
+    {&MainActions::editLocale, "m_editLocaleAction", "&Locale...", "", "",
+        "Change the locale of the current .transform file.\nE.g. from 'English/United States' to "
+        "'German/Germany'.\nLocale affects how dates, numbers etc are interpreted.",
+        false, nullptr, nullptr, false},
+    {&MainActions::viewActionPane, "m_viewActionPaneAction", "L&eft Pane", "Ctrl+E", "", "Show/hide the Left Pane.",
+        true, nullptr, nullptr, false},
+    {&MainActions::viewItemPane, "m_viewItemPaneAction", "Ri&ght Pane", "Ctrl+G", "", "Show/hide the Right pane.", true,
+        nullptr, nullptr, false},
+    {&MainActions::editCopy, "m_editCopyAction", "&Copy", "Ctrl+C", "edit-copy",
+        "Copy selected items from the Center pane to the clipboard.", false,
+        [](Commands &c, bool) { c.clipboard.copy(); }, [](const ActionState &s) { return s.hasSelectedItems; }, false},
+    {&MainActions::editPaste, "m_editPasteAction", "&Paste", "Ctrl+V", "edit-paste",
+        "Paste copied items from the clipboard to the Center pane.", false,
+        [](Commands &c, bool) { c.clipboard.paste(); }, [](const ActionState &s) { return s.canPaste; }, false},
+    {&MainActions::editCut, "m_editCutAction", "Cu&t", "Ctrl+X", "edit-cut",
+        "Copy selected items from the Center pane to the clipboard and delete them.", false,
+        [](Commands &c, bool) { c.clipboard.cut(); }, [](const ActionState &s) { return s.hasSelectedItems; }, false},
+    {&MainActions::editDuplicateBranch, "m_editDuplicateBranchAction", "Duplicate &Branch", "Ctrl+D", "edit-duplicate",
+        "Duplicate the selected items and everything downstream of them.", false,
+        [](Commands &c, bool) { c.clipboard.duplicateBranch(); },
+        [](const ActionState &s) { return s.hasSelectedItems; }, false},
+    {&MainActions::inputFromFile, "m_inputFromFileAction", "From File", "Alt+I", "document-import",
+        "Input a dataset from a file.", false, [](Commands &c, bool) { c.inputs.addFromFiles(); }, nullptr, false},
+    {&MainActions::inputFromClipboard, "m_inputFromClipboardAction", "From Clipboard", "Alt+Shift+I", "input-clipboard",
+        "Input a dataset from the clipboard.", false, [](Commands &c, bool) { c.inputs.addFromClipboard(QPointF()); },
+        nullptr, false},
+};
+
+} // namespace
+
+const ActionRow *ActionTable::begin()
+{
+    return std::begin(rows);
+}
+
+const ActionRow *ActionTable::end()
+{
+    return std::end(rows);
+}
