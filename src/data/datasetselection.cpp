@@ -1,13 +1,5 @@
 #include "data/dataset.h"
 
-void Dataset::addNamedColumn(const CellColumn &cells, const QString &name)
-{
-    appendColumn(cells);
-    if (!name.isEmpty()) {
-        setHeaderValue(lastColumn(), name);
-    }
-}
-
 Dataset Dataset::withColumns(const QVector<ColumnIndex> &columns) const
 {
     Dataset result;
@@ -19,5 +11,19 @@ Dataset Dataset::withColumns(const QVector<ColumnIndex> &columns) const
     if (m_hasHeader && !columns.isEmpty()) {
         result.setHeader(names);
     }
+    return result;
+}
+
+Dataset Dataset::withRows(const QVector<int> &rows) const
+{
+    Dataset result;
+    result.m_columns.reserve(columnCount());
+    for (const CellColumn &column : m_columns) {
+        result.m_columns.append(column.gathered(rows));
+    }
+    result.m_rowCount = hasColumns() ? rows.size() : 0;
+    result.m_hasHeader = m_hasHeader;
+    result.m_header = m_header;
+    result.m_columnIds = m_columnIds;
     return result;
 }

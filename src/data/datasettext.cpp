@@ -5,8 +5,6 @@
 
 namespace {
 
-enum TextFormat { CommaSeparated = 0, TabSeparated = 1, Undelimited = 2 };
-
 void appendEncoded(QByteArray &out, const QString &text)
 {
     TextCoding::appendEncoded(out, text.constData(), text.size());
@@ -17,20 +15,20 @@ void appendElement(QByteArray &out, const char *tag, const QByteArray &content)
     out.append('<').append(tag).append('>').append(content).append("</").append(tag).append('>');
 }
 
-CsvEncoder encoderFor(int format)
+CsvEncoder encoderFor(TextForm form)
 {
-    return format == TabSeparated ? CsvEncoder(QLatin1Char('\t'), CsvEncoder::Never)
-                                  : CsvEncoder(QLatin1Char(','), CsvEncoder::AsNeeded);
+    return form == TextForm::TabSeparated ? CsvEncoder(QLatin1Char('\t'), CsvEncoder::Never)
+                                          : CsvEncoder(QLatin1Char(','), CsvEncoder::AsNeeded);
 }
 
 } // namespace
 
-QString Dataset::toText(int format) const
+QString Dataset::toText(TextForm form) const
 {
     const char *const lineEnd = "\r\n";
-    CsvEncoder encoder = encoderFor(format);
+    CsvEncoder encoder = encoderFor(form);
     QByteArray out;
-    if (m_hasHeader && format == Undelimited) {
+    if (m_hasHeader && form == TextForm::Plain) {
         appendEncoded(out, columnNames().join(QString()));
     } else if (m_hasHeader) {
         encoder.appendLine(out, m_header);
@@ -41,7 +39,7 @@ QString Dataset::toText(int format) const
         }
         for (int column = 0; column < columnCount(); ++column) {
             const Cell &value = m_columns.at(column).at(row);
-            if (format == Undelimited) {
+            if (form == TextForm::Plain) {
                 out.append(value.bytes(), value.size());
                 continue;
             }
@@ -92,11 +90,11 @@ QString Dataset::toHtml() const
     return TextCoding::decode(document.constData(), document.size());
 }
 
-QMimeData *Dataset::toMimeData(int format) const
+QMimeData *Dataset::toMimeData(TextForm form) const
 {
     auto *data = new QMimeData;
-    data->setText(toText(format));
+    data->setText(toText(form));
     data->setHtml(toHtml());
-    data->setData(QStringLiteral("text/csv"), toText(CommaSeparated).toUtf8());
+    data->setData(QStringLiteral("text/csv"), toText(TextForm::CommaSeparated).toUtf8());
     return data;
 }

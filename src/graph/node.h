@@ -212,7 +212,6 @@ public:
     void showTimingBar(double share);
     void hideTimingBar();
     QSet<Node *> attachedNotes() const { return m_attachedNotes; }
-    void setAttachedNotes(const QSet<Node *> &notes) { m_attachedNotes = notes; }
     virtual bool acceptsDrops() const { return true; }
 
 public slots:

@@ -296,7 +296,8 @@ TEST_F(UndoTest, PastedItemsReadTheirOwnInputs)
         EXPECT_EQ(scene().connections().size(), 2 + 2 * copy);
         EXPECT_EQ(scene().nodes(true).size(), 3);
         const TransformNode *sort = scene().transformNodes(true).first();
-        EXPECT_EQ(sort->datasetConst().toText(0), node(sortId).datasetConst().toText(0));
+        EXPECT_EQ(sort->datasetConst().toText(TextForm::CommaSeparated),
+            node(sortId).datasetConst().toText(TextForm::CommaSeparated));
         EXPECT_EQ(scene().inputNodes(true).first()->alias(), QStringLiteral("in%1").arg(copy));
         for (Node *pasted : scene().nodes(true)) {
             EXPECT_FALSE(scene().overlapsAny(pasted)) << pasted->labelWithId().toStdString();
@@ -337,7 +338,8 @@ TEST_F(UndoTest, ADuplicatedBranchReadsWhatItsRootReads)
     ASSERT_EQ(scene().nodes(true).size(), 2) << "the Sort and what is downstream";
     const TransformNode *sort = scene().transformNodes(true).first();
     EXPECT_EQ(sort->upstreamNodes(false), QList<Node *>{&node(inputId)});
-    EXPECT_EQ(sort->datasetConst().toText(0), node(sortId).datasetConst().toText(0));
+    EXPECT_EQ(sort->datasetConst().toText(TextForm::CommaSeparated),
+        node(sortId).datasetConst().toText(TextForm::CommaSeparated));
     EXPECT_EQ(sort->x(), node(sortId).x());
     EXPECT_GT(sort->y(), node(sortId).y());
     EXPECT_EQ(scene().outputNodes(true).first()->alias(), QStringLiteral("out1"));

@@ -176,13 +176,6 @@ TEST(Dataset, MovesWholeColumnsAndRows)
     EXPECT_EQ(rows(result).constLast(), "A town with a long name|A town with a long name|Ann");
     EXPECT_EQ(result.header(), QStringList({"name", "town", "again"}));
     EXPECT_EQ(result.columnIndexOfId(ColumnId(4, 2)), ColumnIndex(2));
-    Dataset stacked = source.withoutRows();
-    stacked.appendRowsOf(source);
-    stacked.appendRowsOf(stacked);
-    stacked.appendRowsOf(column("narrow"));
-    EXPECT_EQ(rows(stacked).size(), 7);
-    EXPECT_EQ(rows(stacked).at(3), "Ann|A town with a long name");
-    EXPECT_EQ(rows(stacked).constLast(), "narrow|");
 }
 
 TEST(Dataset, HeaderComesFromTheFirstRowAndGoesBack)

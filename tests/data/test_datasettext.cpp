@@ -12,11 +12,11 @@ namespace {
 TEST(DatasetText, WritesThreeFormats)
 {
     const Dataset dataset = grid({"a,b|", "x \"y\"|1\n2", "tab\there|"});
-    EXPECT_EQ(dataset.toText(0), "\"a,b\",\r\n\"x \"\"y\"\"\",\"1\n2\"\r\ntab\there,");
-    EXPECT_EQ(dataset.toText(1), "a,b\t\r\nx \"y\"\t1 2\r\ntab here\t");
-    EXPECT_EQ(dataset.toText(2), "a,b2\r\nx \"y\"1\n2\r\ntab\there");
-    EXPECT_EQ(plainGrid({"a|b", "c|d"}).toText(0), "a,b\r\nc,d");
-    EXPECT_EQ(Dataset().toText(0), "");
+    EXPECT_EQ(dataset.toText(TextForm::CommaSeparated), "\"a,b\",\r\n\"x \"\"y\"\"\",\"1\n2\"\r\ntab\there,");
+    EXPECT_EQ(dataset.toText(TextForm::TabSeparated), "a,b\t\r\nx \"y\"\t1 2\r\ntab here\t");
+    EXPECT_EQ(dataset.toText(TextForm::Plain), "a,b2\r\nx \"y\"1\n2\r\ntab\there");
+    EXPECT_EQ(plainGrid({"a|b", "c|d"}).toText(TextForm::CommaSeparated), "a,b\r\nc,d");
+    EXPECT_EQ(Dataset().toText(TextForm::CommaSeparated), "");
 }
 
 TEST(DatasetText, WritesHtmlForTheClipboard)
@@ -24,7 +24,7 @@ TEST(DatasetText, WritesHtmlForTheClipboard)
     EXPECT_EQ(grid({"h", "1<2"}).toHtml(),
         "<html><head><meta charset=\"utf-8\"/></head><body><table><tbody><tr><th>h</th></tr>"
         "<tr><td>1<2</td></tr></tbody></table></body></html>");
-    const std::unique_ptr<QMimeData> data(grid({"h|\u00e9", "1|2"}).toMimeData(1));
+    const std::unique_ptr<QMimeData> data(grid({"h|\u00e9", "1|2"}).toMimeData(TextForm::TabSeparated));
     EXPECT_EQ(data->text(), "h\t\u00e9\r\n1\t2");
     EXPECT_EQ(data->data("text/csv"), QByteArray("h,\xC3\xA9\r\n1,2"));
     EXPECT_TRUE(data->html().contains("<td>2</td>"));

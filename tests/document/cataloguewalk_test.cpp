@@ -57,8 +57,8 @@ void chooseColumns(Transform &transform, const QList<ColumnId> &ids)
 /// Table and texts of the item, without what is the time of day or drawn anew each time.
 QString outcome(const TransformNode &node)
 {
-    QString text = node.datasetConst().header().join('|') + '\n' + node.datasetConst().toText(0) + '\n'
-                   + node.resultText() + '\n' + node.warnings().join('\n') + '\n' + node.infos().join('\n');
+    QString text = node.datasetConst().header().join('|') + '\n' + node.datasetConst().toText(TextForm::CommaSeparated)
+                   + '\n' + node.resultText() + '\n' + node.warnings().join('\n') + '\n' + node.infos().join('\n');
     text.replace(QRegularExpression("\\d+/\\d+/\\d+ \\d\\d:\\d\\d:\\d\\d"), "{now}");
     text.replace(QRegularExpression("[0-9a-f]{8}-[0-9a-f]{4}-[0-9a-f]{4}-[0-9a-f]{4}-[0-9a-f]{12}"), "{uuid}");
     return text;

@@ -39,7 +39,8 @@ QByteArray option(const char *name, const char *value)
 QString outcome(GraphScene &scene)
 {
     const auto *node = qobject_cast<TransformNode *>(scene.nodeById(3));
-    return node->datasetConst().toText(0) + '\n' + node->resultText() + '\n' + node->warnings().join('\n');
+    return node->datasetConst().toText(TextForm::CommaSeparated) + '\n' + node->resultText() + '\n'
+           + node->warnings().join('\n');
 }
 
 } // namespace

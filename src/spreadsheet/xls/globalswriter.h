@@ -29,7 +29,6 @@ private:
     void writeRecord(const Record &record, bool isLast);
     void writeWindow();
     void writeSheets();
-    void copySheets(const Record &record);
     void writeSheetEntry(const SheetEntry &sheet);
     void writeStyles();
     void writeBefore(RecordId id);

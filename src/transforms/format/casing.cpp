@@ -64,13 +64,6 @@ QString titleCase(const QString &text, bool keepUpper)
     return result;
 }
 
-QString sentenceCase(const QString &text, bool keepUpper)
-{
-    QString result = text;
-    sentence(result.data(), result.size(), keepUpper);
-    return result;
-}
-
 static QStringList words(const QString &text)
 {
     QStringList result;

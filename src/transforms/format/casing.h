@@ -126,7 +126,6 @@ int joined(Char *text, int size, Char mark)
 int camel(char *text, int size, bool upper);
 
 QString titleCase(const QString &text, bool keepUpper);
-QString sentenceCase(const QString &text, bool keepUpper);
 /// The words of the text run together, each with a capital; the first one in lower case unless `upper`.
 QString camelCase(const QString &text, bool upper);
 

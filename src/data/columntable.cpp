@@ -1,49 +1,49 @@
-#include "data/dataset.h"
+#include "data/columntable.h"
 
 #include <QVarLengthArray>
 #include <algorithm>
 #include <numeric>
 #include <utility>
 
-bool Dataset::s_maximumSpeed = false;
+bool ColumnTable::s_maximumSpeed = false;
 
-Dataset::Dataset(const Dataset &other)
+ColumnTable::ColumnTable(const ColumnTable &other)
     : m_columns(other.m_columns)
     , m_rowCount(other.m_rowCount)
     , m_hasHeader(other.m_hasHeader)
     , m_header(other.m_header)
     , m_columnIds(other.m_columnIds)
-    , m_columnIndexById(other.m_columnIndexById)
-    , m_columnIndexDirty(other.m_columnIndexDirty)
     , m_drilldown(other.m_drilldown)
     , m_issues(other.m_issues)
+    , m_columnIndexById(other.m_columnIndexById)
+    , m_columnIndexDirty(other.m_columnIndexDirty)
 {
 }
 
-Dataset &Dataset::operator=(const Dataset &other)
+ColumnTable &ColumnTable::operator=(const ColumnTable &other)
 {
     if (this != &other) {
-        *this = Dataset(other);
+        *this = ColumnTable(other);
     }
     return *this;
 }
 
-Dataset::Dataset(Dataset &&other) noexcept
+ColumnTable::ColumnTable(ColumnTable &&other) noexcept
     : m_columns(std::move(other.m_columns))
     , m_rowCount(std::exchange(other.m_rowCount, 0))
     , m_hasHeader(std::exchange(other.m_hasHeader, false))
     , m_header(std::move(other.m_header))
     , m_columnIds(std::move(other.m_columnIds))
+    , m_drilldown(std::move(other.m_drilldown))
+    , m_issues(std::move(other.m_issues))
     , m_columnIndexById(std::move(other.m_columnIndexById))
     , m_columnIndexDirty(std::exchange(other.m_columnIndexDirty, true))
     , m_valuePools(std::move(other.m_valuePools))
-    , m_drilldown(std::move(other.m_drilldown))
-    , m_issues(std::move(other.m_issues))
     , m_arena(std::move(other.m_arena))
 {
 }
 
-Dataset &Dataset::operator=(Dataset &&other) noexcept
+ColumnTable &ColumnTable::operator=(ColumnTable &&other) noexcept
 {
     m_columns = std::move(other.m_columns);
     m_rowCount = std::exchange(other.m_rowCount, 0);
@@ -59,12 +59,12 @@ Dataset &Dataset::operator=(Dataset &&other) noexcept
     return *this;
 }
 
-void Dataset::clear()
+void ColumnTable::clear()
 {
-    *this = Dataset();
+    *this = ColumnTable();
 }
 
-const TextArenaPointer &Dataset::arenaFor(CellColumn &column)
+const TextArenaPointer &ColumnTable::arenaFor(CellColumn &column)
 {
     if (!m_arena) {
         m_arena = new TextArena;
@@ -73,7 +73,7 @@ const TextArenaPointer &Dataset::arenaFor(CellColumn &column)
     return m_arena;
 }
 
-Cell Dataset::poolValue(int column, const char *bytes, int size)
+Cell ColumnTable::poolValue(int column, const char *bytes, int size)
 {
     if (size <= Cell::inlineCapacity) {
         return Cell::inlined(bytes, size);
@@ -94,7 +94,7 @@ Cell Dataset::poolValue(int column, const char *bytes, int size)
     return cell;
 }
 
-Cell Dataset::poolValue(int column, const QString &text)
+Cell ColumnTable::poolValue(int column, const QString &text)
 {
     QVarLengthArray<char, 768> bytes(TextCoding::encodedCapacity(text.constData(), text.size()));
     return poolValue(column, bytes.constData(), TextCoding::encode(bytes.data(), text.constData(), text.size()));
@@ -102,7 +102,7 @@ Cell Dataset::poolValue(int column, const QString &text)
 
 // Size
 
-void Dataset::setColumnCount(int count)
+void ColumnTable::setColumnCount(int count)
 {
     if (count <= 0) {
         clear();
@@ -128,7 +128,7 @@ void Dataset::setColumnCount(int count)
     m_columnIndexDirty = true;
 }
 
-void Dataset::padHeader()
+void ColumnTable::padHeader()
 {
     // A table that was told to have a header while it had no row to take it from has an empty list.
     while (m_hasHeader && m_header.size() < columnCount()) {
@@ -136,7 +136,7 @@ void Dataset::padHeader()
     }
 }
 
-void Dataset::setRowCount(int count)
+void ColumnTable::setRowCount(int count)
 {
     if (!hasColumns()) {
         return;
@@ -147,7 +147,7 @@ void Dataset::setRowCount(int count)
     }
 }
 
-void Dataset::setSize(int rows, int columns)
+void ColumnTable::setSize(int rows, int columns)
 {
     if (columns <= 0) {
         clear();
@@ -157,29 +157,22 @@ void Dataset::setSize(int rows, int columns)
     setRowCount(rows);
 }
 
-void Dataset::reserveRows(int rows)
-{
-    for (CellColumn &column : m_columns) {
-        column.cells.reserve(rows);
-    }
-}
-
 // Cells and rows
 
-void Dataset::setValue(RowIndex row, ColumnIndex column, const QString &text)
+void ColumnTable::setValue(RowIndex row, ColumnIndex column, const QString &text)
 {
     const Cell cell = poolValue(column.toInt(), text);
     m_columns[column.toInt()].cells.data()[row.toInt()] = cell;
 }
 
-void Dataset::setColumnValues(ColumnIndex column, const QStringList &values)
+void ColumnTable::setColumnValues(ColumnIndex column, const QStringList &values)
 {
     for (int row = 0; row < m_rowCount; ++row) {
         setValue(RowIndex(row), column, values.at(row));
     }
 }
 
-QStringList Dataset::row(RowIndex row) const
+QStringList ColumnTable::row(RowIndex row) const
 {
     QStringList values;
     values.reserve(columnCount());
@@ -189,14 +182,14 @@ QStringList Dataset::row(RowIndex row) const
     return values;
 }
 
-void Dataset::setRow(RowIndex row, const QStringList &values)
+void ColumnTable::setRow(RowIndex row, const QStringList &values)
 {
     for (int i = 0; i < columnCount(); ++i) {
         setValue(row, ColumnIndex(i), values.value(i));
     }
 }
 
-void Dataset::appendRow(const QStringList &values, bool adjust)
+void ColumnTable::appendRow(const QStringList &values, bool adjust)
 {
     if (!adjust && values.size() != columnCount()) {
         if (hasRows() || values.isEmpty()) {
@@ -214,7 +207,7 @@ void Dataset::appendRow(const QStringList &values, bool adjust)
     ++m_rowCount;
 }
 
-void Dataset::prependRow(const QStringList &values, bool adjust)
+void ColumnTable::prependRow(const QStringList &values, bool adjust)
 {
     if (!hasColumns() || (!adjust && values.size() != columnCount())) {
         return;
@@ -226,7 +219,7 @@ void Dataset::prependRow(const QStringList &values, bool adjust)
     ++m_rowCount;
 }
 
-void Dataset::removeRow(RowIndex row)
+void ColumnTable::removeRow(RowIndex row)
 {
     if (!row.isValid() || row.toInt() >= m_rowCount) {
         return;
@@ -237,7 +230,7 @@ void Dataset::removeRow(RowIndex row)
     --m_rowCount;
 }
 
-int Dataset::removeEmptyRows()
+int ColumnTable::removeEmptyRows()
 {
     // By column, among the rows that were empty so far: one look at a cell of most rows, and in the order of memory.
     QVector<int> empty(m_rowCount);
@@ -266,13 +259,13 @@ int Dataset::removeEmptyRows()
     return empty.size();
 }
 
-bool Dataset::isRowEmpty(RowIndex row) const
+bool ColumnTable::isRowEmpty(RowIndex row) const
 {
     return std::all_of(m_columns.cbegin(), m_columns.cend(),
         [row](const CellColumn &column) { return column.at(row.toInt()).isEmpty(); });
 }
 
-QStringList Dataset::columnValues(ColumnIndex column) const
+QStringList ColumnTable::columnValues(ColumnIndex column) const
 {
     QStringList values;
     values.reserve(m_rowCount);
@@ -283,7 +276,7 @@ QStringList Dataset::columnValues(ColumnIndex column) const
     return values;
 }
 
-QStringList Dataset::rowValues(RowIndex row, const QList<ColumnIndex> &columns) const
+QStringList ColumnTable::rowValues(RowIndex row, const QList<ColumnIndex> &columns) const
 {
     QStringList values;
     values.reserve(columns.size());

@@ -1,11 +1,9 @@
-#include "data/dataset.h"
+#include "data/columntable.h"
 
 #include <QSet>
 #include <algorithm>
 
-// Whole columns and row selections
-
-void Dataset::appendColumn(const CellColumn &cells, const QString &name, ColumnId id)
+void ColumnTable::appendColumn(const CellColumn &cells, const QString &name, ColumnId id)
 {
     if (!hasColumns()) {
         m_rowCount = cells.size();
@@ -19,45 +17,17 @@ void Dataset::appendColumn(const CellColumn &cells, const QString &name, ColumnI
     m_columnIndexDirty = true;
 }
 
-Dataset Dataset::withRows(const QVector<int> &rows) const
-{
-    Dataset result;
-    result.m_columns.reserve(columnCount());
-    for (const CellColumn &column : m_columns) {
-        result.m_columns.append(column.gathered(rows));
-    }
-    result.m_rowCount = hasColumns() ? rows.size() : 0;
-    result.m_hasHeader = m_hasHeader;
-    result.m_header = m_header;
-    result.m_columnIds = m_columnIds;
-    return result;
-}
-
-void Dataset::appendRowsOf(const Dataset &other)
-{
-    const int total = m_rowCount + other.m_rowCount;
-    for (int i = 0; i < columnCount(); ++i) {
-        CellColumn &column = m_columns[i];
-        if (i >= other.columnCount()) {
-            column.cells.resize(total);
-            continue;
-        }
-        const CellColumn &from = other.m_columns.at(i);
-        column.keepAllOf(from);
-        column.cells.reserve(total);
-        const CellVector cells = from.cells; // holds the cells when a table is appended to itself
-        for (int row = 0; row < other.m_rowCount; ++row) {
-            column.cells.append(cells.at(row));
-        }
-    }
-    if (hasColumns()) {
-        m_rowCount = total;
-    }
-}
-
 // Columns
 
-void Dataset::insertEmptyColumn(ColumnIndex column)
+void ColumnTable::addNamedColumn(const CellColumn &cells, const QString &name)
+{
+    appendColumn(cells);
+    if (!name.isEmpty()) {
+        setHeaderValue(lastColumn(), name);
+    }
+}
+
+void ColumnTable::insertEmptyColumn(ColumnIndex column)
 {
     const int at = column.toInt();
     CellColumn empty;
@@ -74,7 +44,7 @@ void Dataset::insertEmptyColumn(ColumnIndex column)
     m_columnIndexDirty = true;
 }
 
-void Dataset::removeColumn(ColumnIndex column)
+void ColumnTable::removeColumn(ColumnIndex column)
 {
     const int at = column.toInt();
     if (at < 0 || at >= columnCount()) {
@@ -95,7 +65,7 @@ void Dataset::removeColumn(ColumnIndex column)
     m_columnIndexDirty = true;
 }
 
-int Dataset::removeEmptyColumns()
+int ColumnTable::removeEmptyColumns()
 {
     int removed = 0;
     for (int i = columnCount() - 1; i >= 0; --i) {
@@ -111,7 +81,7 @@ int Dataset::removeEmptyColumns()
 
 // Identity
 
-void Dataset::setColumnId(ColumnIndex column, ColumnId id)
+void ColumnTable::setColumnId(ColumnIndex column, ColumnId id)
 {
     if (column.isValid() && column.toInt() < m_columnIds.size()) {
         m_columnIds[column.toInt()] = id;
@@ -119,13 +89,13 @@ void Dataset::setColumnId(ColumnIndex column, ColumnId id)
     }
 }
 
-void Dataset::setColumnIds(const QList<ColumnId> &ids)
+void ColumnTable::setColumnIds(const QList<ColumnId> &ids)
 {
     m_columnIds = ids;
     m_columnIndexDirty = true;
 }
 
-void Dataset::rebuildColumnLookup() const
+void ColumnTable::rebuildColumnLookup() const
 {
     m_columnIndexById.clear();
     for (int i = 0; i < m_columnIds.size(); ++i) {
@@ -134,7 +104,7 @@ void Dataset::rebuildColumnLookup() const
     m_columnIndexDirty = false;
 }
 
-ColumnIndex Dataset::columnIndexOfId(ColumnId id) const
+ColumnIndex ColumnTable::columnIndexOfId(ColumnId id) const
 {
     if (id.isNull()) {
         return ColumnIndex();
@@ -145,7 +115,7 @@ ColumnIndex Dataset::columnIndexOfId(ColumnId id) const
     return m_columnIndexById.value(id);
 }
 
-void Dataset::assignColumnIds(int nodeId)
+void ColumnTable::assignColumnIds(int nodeId)
 {
     int serial = 0;
     for (ColumnId &id : m_columnIds) {
@@ -156,7 +126,7 @@ void Dataset::assignColumnIds(int nodeId)
     }
 }
 
-void Dataset::clearDuplicateColumnIds()
+void ColumnTable::clearDuplicateColumnIds()
 {
     QSet<ColumnId> seen;
     for (ColumnId &id : m_columnIds) {
@@ -167,32 +137,4 @@ void Dataset::clearDuplicateColumnIds()
             seen.insert(id);
         }
     }
-}
-
-// Drill-down
-
-void Dataset::addDrilldownRow(RowIndex row, ColumnIndex column, RowIndex sourceRow)
-{
-    m_drilldown.add(row, column, sourceRow);
-}
-
-void Dataset::addDrilldownRows(RowIndex row, ColumnIndex column, const QList<RowIndex> &sourceRows)
-{
-    for (RowIndex sourceRow : sourceRows) {
-        addDrilldownRow(row, column, sourceRow);
-    }
-}
-
-QList<RowIndex> Dataset::drilldownRows(RowIndex row, ColumnIndex column) const
-{
-    QList<RowIndex> rows = m_drilldown.sourceRows(row, ColumnIndex());
-    if (column.isValid()) {
-        rows += m_drilldown.sourceRows(row, column);
-    }
-    return rows;
-}
-
-void Dataset::addCellIssue(RowIndex row, ColumnIndex column, int level, int ruleId)
-{
-    m_issues.addCellIssue(row, column, level, ruleId);
 }
