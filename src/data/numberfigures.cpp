@@ -44,11 +44,6 @@ std::optional<double> NumberFigures::maximum() const
                              : std::make_optional(*std::max_element(m_numbers.cbegin(), m_numbers.cend()));
 }
 
-std::optional<double> NumberFigures::range() const
-{
-    return m_numbers.empty() ? std::nullopt : std::make_optional(*maximum() - *minimum());
-}
-
 std::optional<double> NumberFigures::mean() const
 {
     return m_numbers.empty()

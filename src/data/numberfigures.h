@@ -17,7 +17,6 @@ public:
     double sum() const;
     std::optional<double> minimum() const;
     std::optional<double> maximum() const;
-    std::optional<double> range() const;
     std::optional<double> mean() const;
     /// The middle number, or the mean of the two in the middle.
     std::optional<double> median() const;

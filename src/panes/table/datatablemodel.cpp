@@ -72,6 +72,10 @@ void DataTableModel::readColors()
 
 void DataTableModel::setDataset(const Dataset &dataset, const Dataset &previous)
 {
+    if (dataset.hasIssues()) {
+        // Looking up puts millions of issues in order; asked here, the original has that done for all its copies.
+        dataset.issueLevel(RowIndex(0), ColumnIndex(0));
+    }
     beginResetModel();
     m_dataset = dataset;
     m_previous = previous;

@@ -145,11 +145,6 @@ void appendCellText(std::string &out, std::string_view text)
     append<true>(out, text, false);
 }
 
-void appendPlainText(std::string &out, std::string_view text)
-{
-    append<false>(out, text, false);
-}
-
 QByteArray cellText(const QString &text)
 {
     return appended<true>(text);

@@ -12,11 +12,9 @@ namespace spreadsheet {
 /// become U+FFFD.
 void appendCellText(std::string &out, std::string_view text);
 
-/// Appends a text that knows no _xHHHH_ forms, such as an address; characters that XML can't hold become U+FFFD.
-void appendPlainText(std::string &out, std::string_view text);
-
 /// The same as one text.
 QByteArray cellText(const QString &text);
+/// A text that knows no _xHHHH_ forms, such as an address; characters that XML can't hold become U+FFFD.
 QByteArray plainText(const QString &text);
 
 } // namespace spreadsheet
