@@ -13,6 +13,7 @@
 #include "app/documentcommands.h"
 #include "app/mainactions.h"
 #include "graph/graphenums.h"
+#include "settings/choices.h"
 
 #include <QPointF>
 
@@ -120,19 +121,22 @@ const ActionRow rows[] = {
     {&MainActions::helpIntroVideo, "m_helpIntroVideoAction", "Short Introduction &Video", "", "",
         "Show a short introduction video.", false, nullptr, nullptr, false},
     {&MainActions::viewToolTipsOff, "m_viewToolTipsOff", "&Off", "", "", "Turn center pane tool tips off.", true,
-        nullptr, nullptr, false},
+        [](Commands &c, bool on) { c.view.setToolTips(CanvasTips::Off, on); }, nullptr, false},
     {&MainActions::viewToolTipsBrief, "m_viewToolTipsBrief", "&Brief", "", "", "Show brief center pane tool tips.",
-        true, nullptr, nullptr, false},
+        true, [](Commands &c, bool on) { c.view.setToolTips(CanvasTips::Brief, on); }, nullptr, false},
     {&MainActions::viewToolTipsDetailed, "m_viewToolTipsDetailed", "&Detailed", "", "",
-        "Show detailed center pane tool tips.", true, nullptr, nullptr, false},
+        "Show detailed center pane tool tips.", true,
+        [](Commands &c, bool on) { c.view.setToolTips(CanvasTips::Detailed, on); }, nullptr, false},
     {&MainActions::viewTimingProfile, "m_viewTimingProfileAction", "Timing &Profile", "Ctrl+.", "timing-profile",
-        "Show a timing profile in the center pane.", true, nullptr, nullptr, false},
+        "Show a timing profile in the center pane.", true,
+        [](Commands &c, bool on) { c.view.setTimingProfileShown(on); }, nullptr, false},
     {&MainActions::helpKeyboardShortcuts, "m_helpKeyboardShortcutsAction", "&Keyboard shortcuts", "", "",
         "View 'Keyboard shortcuts' in the help.", false, nullptr, nullptr, false},
     {&MainActions::viewFind, "m_viewFindAction", "Fin&d Items...", "Ctrl+F", "edit-find",
         "Find items in the center pane that match search terms.", false, nullptr, nullptr, false},
     {&MainActions::viewZoomMagnify, "m_viewZoomMagnifyAction", "&Magnify Cursor", "", "magnify-cursor",
-        "Toggle cursor magnification for the center pane.", true, nullptr, nullptr, false},
+        "Toggle cursor magnification for the center pane.", true, [](Commands &c, bool on) { c.view.setMagnified(on); },
+        nullptr, false},
     {&MainActions::viewZoomSelected, "m_viewZoomSelectedAction", "&Zoom Selected", "Ctrl+/", "zoom-fit-selection",
         "Zoom in to selected items on the center pane.", false, [](Commands &c, bool) { c.view.zoomSelected(); },
         [](const ActionState &s) { return s.hasSelectedItems; }, false},
@@ -163,6 +167,10 @@ const ActionRow rows[] = {
         "Duplicate the selected items and everything downstream of them.", false,
         [](Commands &c, bool) { c.clipboard.duplicateBranch(); },
         [](const ActionState &s) { return s.hasSelectedItems; }, false},
+    {&MainActions::editConnect, "m_editConnectAction", "Co&nnect To...", "Ctrl+J", "connect",
+        "Connect the selected item to another one: the arrow keys choose it, Enter connects, Esc ends.", false,
+        [](Commands &c, bool) { c.view.connectByKeyboard(); }, [](const ActionState &s) { return s.hasSelectedItems; },
+        false},
     {&MainActions::inputFromFile, "m_inputFromFileAction", "From File", "Alt+I", "document-import",
         "Input a dataset from a file.", false, [](Commands &c, bool) { c.inputs.addFromFiles(); }, nullptr, false},
     {&MainActions::inputFromClipboard, "m_inputFromClipboardAction", "From Clipboard", "Alt+Shift+I", "input-clipboard",

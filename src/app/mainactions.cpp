@@ -62,6 +62,16 @@ void MainActions::makeActions(QMainWindow &window, Commands &commands)
     }
 }
 
+void MainActions::setFirstStates(const Settings &settings)
+{
+    viewLog->setChecked(settings.logPaneShown());
+    viewComments->setChecked(settings.showComments());
+    viewChanges->setChecked(settings.showChanges());
+    viewWarnings->setChecked(settings.showWarnings());
+    QAction *const tips[] = {viewToolTipsOff, viewToolTipsBrief, viewToolTipsDetailed};
+    tips[static_cast<int>(settings.showCenterPaneTips())]->setChecked(true);
+}
+
 void MainActions::updateIconSize()
 {
     static constexpr std::array<int, lastChoice<ToolBarIcons> + 1> sides{16, 24, 32};

@@ -5,6 +5,7 @@
 class QMainWindow;
 class QMenu;
 class QToolBar;
+class Settings;
 struct ActionState;
 struct Commands;
 
@@ -71,6 +72,7 @@ struct MainActions
     QAction *editPaste = nullptr;
     QAction *editCut = nullptr;
     QAction *editDuplicateBranch = nullptr;
+    QAction *editConnect = nullptr;
     QAction *inputFromFile = nullptr;
     QAction *inputFromClipboard = nullptr;
     QMenu *recentMenu = nullptr;
@@ -79,6 +81,8 @@ struct MainActions
 
     /// Makes the actions and puts them into the window's menus and tool bar.
     void build(QMainWindow &window, Commands &commands);
+    /// Checks what the settings say is on.
+    void setFirstStates(const Settings &settings);
     /// From now on those that can be checked act when they change; before, their first states are set.
     void connectSwitches(QMainWindow &window, Commands &commands);
     void updateEnabled(const ActionState &state);

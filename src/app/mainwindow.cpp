@@ -1,6 +1,7 @@
 #include "app/mainwindow.h"
 
 #include "app/application.h"
+#include "app/canvaswiring.h"
 #include "app/commands/actionstate.h"
 #include "app/commands/commandgroups.h"
 #include "app/commands/recentmenu.h"
@@ -97,17 +98,15 @@ void MainWindow::buildPanes()
 void MainWindow::setFirstStates()
 {
     m_logPane->setVisible(m_application.settings().logPaneShown());
-    m_actions.viewLog->setChecked(m_application.settings().logPaneShown());
+    m_actions.setFirstStates(m_application.settings());
     m_actions.editSnapToGrid->setChecked(scene().snapToGrid());
-    m_actions.viewComments->setChecked(m_application.settings().showComments());
-    m_actions.viewChanges->setChecked(m_application.settings().showChanges());
-    m_actions.viewWarnings->setChecked(m_application.settings().showWarnings());
     m_actions.showManualRuns(!isAutoRunOn());
 }
 
 void MainWindow::connectCommands()
 {
     m_actions.connectSwitches(*this, m_groups->all);
+    connectCanvas(*m_graphPane, m_actions, *m_groups, *m_statusBar);
     connect(&m_groups->runs, &RunCommands::autoRunChanged, this, &MainWindow::updateActions);
     connect(&m_undo, &UndoStack::changed, this, &MainWindow::updateActions);
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &MainWindow::updateActions);
@@ -123,6 +122,7 @@ void MainWindow::onSceneChanged(GraphScene *old, GraphScene *current)
     m_wiring->onSceneChanged(old, current);
     current->clearSelection();
     m_graphPane->onAutoZoom();
+    m_groups->view.updateTimingProfile();
     updateActions();
 }
 

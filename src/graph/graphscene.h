@@ -73,6 +73,8 @@ public:
     /// From the node of startConnection() to `to`.
     void connectNodes(Node *to);
     void endConnection();
+    /// Lets the rubber band end there.
+    void setConnectionEnd(const QPointF &point);
     void disconnectSelected(Direction direction);
     /// How many column options a disconnection of the selected nodes would reset.
     int columnDependentOptionsDownstream(Direction direction) const;

@@ -64,6 +64,13 @@ void GraphScene::drawBackground(QPainter *painter, const QRectF &rect)
 
 // Mouse
 
+void GraphScene::setConnectionEnd(const QPointF &point)
+{
+    if (m_connectionGuide) {
+        m_connectionGuide->setEnd(point);
+    }
+}
+
 void GraphScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     QGraphicsScene::mousePressEvent(event);
@@ -87,9 +94,7 @@ void GraphScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
 void GraphScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 {
     QGraphicsScene::mouseMoveEvent(event);
-    if (m_connectionGuide) {
-        m_connectionGuide->setEnd(event->scenePos());
-    }
+    setConnectionEnd(event->scenePos());
 }
 
 void GraphScene::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)

@@ -1,6 +1,7 @@
 #include "app/commands/clipboardcommands.h"
 
 #include "app/documentsession.h"
+#include "app/mainactions.h"
 #include "document/graphfragment.h"
 #include "graph/graphscene.h"
 #include "graph/undostep.h"
@@ -38,7 +39,7 @@ bool ClipboardCommands::canPaste()
     return data && data->hasFormat(QLatin1String(GraphFragment::mimeType));
 }
 
-void ClipboardCommands::paste(const QPointF *position)
+void ClipboardCommands::paste()
 {
     DocumentSession &session = m_context.session;
     if (session.scene().isProcessing()) {
@@ -54,7 +55,9 @@ void ClipboardCommands::paste(const QPointF *position)
     // A scene with a document of its own, so that reading can't change the live one's.
     GraphScene source;
     if (GraphFragment::read(bytes, source, session.path())) {
-        session.scene().pasteScene(source, position);
+        const QVariant place = m_actions.editPaste->data();
+        const QPointF position = place.toPointF();
+        session.scene().pasteScene(source, place.isValid() ? &position : nullptr);
     }
 }
 

@@ -2,25 +2,27 @@
 
 #include "app/commands/commandcontext.h"
 
-class QPointF;
+struct MainActions;
 
 /// Cut, copy and paste of items, and their copies within the graph. Nothing happens during a run.
 class ClipboardCommands
 {
 public:
-    explicit ClipboardCommands(const CommandContext &context)
+    ClipboardCommands(const CommandContext &context, MainActions &actions)
         : m_context(context)
+        , m_actions(actions)
     {
     }
 
     void cut();
     void copy();
-    /// Without a position in the scene the items come beside what is there.
-    void paste(const QPointF *position = nullptr);
+    /// At the place in the scene that the action has as its data, else beside what is there.
+    void paste();
     void duplicateBranch();
     /// Whether the clipboard holds items.
     static bool canPaste();
 
 private:
     const CommandContext m_context;
+    MainActions &m_actions;
 };

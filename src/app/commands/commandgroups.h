@@ -16,7 +16,7 @@ struct CommandGroups
     CommandGroups(const CommandContext &context, MainActions &actions, DocumentCommands &documents)
         : files(context)
         , undo(context, actions)
-        , clipboard(context)
+        , clipboard(context, actions)
         , edit(context)
         , inputs(context)
         , runs(context, actions)

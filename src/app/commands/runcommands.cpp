@@ -7,6 +7,7 @@
 #include "graph/graphscene.h"
 #include "graph/node.h"
 #include "graph/runcontrol.h"
+#include "panes/canvas/timingprofile.h"
 #include "panes/status/logpane.h"
 #include "panes/status/statusbar.h"
 
@@ -72,6 +73,9 @@ void RunCommands::startOpened(bool autoRun)
 void RunCommands::onCompleted()
 {
     m_context.statusBar.onShowMessage(QStringLiteral("Processing completed"));
+    if (m_actions.viewTimingProfile->isChecked()) {
+        showTimingProfile(m_context.session.scene(), true);
+    }
     const int power = RowsMilestone::advance();
     if (power == 0) {
         return;

@@ -5,6 +5,7 @@
 #include "app/mainactions.h"
 #include "graph/graphscene.h"
 #include "panes/canvas/graphpane.h"
+#include "panes/canvas/timingprofile.h"
 #include "panes/status/logpane.h"
 #include "settings/settings.h"
 
@@ -47,6 +48,33 @@ void ViewCommands::setWarningsShown(bool on)
 {
     m_context.application.settings().setShowWarnings(on);
     m_context.session.scene().refresh();
+}
+
+void ViewCommands::setToolTips(CanvasTips tips, bool on)
+{
+    if (on) {
+        m_context.application.settings().setShowCenterPaneTips(tips);
+    }
+}
+
+void ViewCommands::setMagnified(bool on)
+{
+    m_context.graphPane.onMagnifyUnderCursor(on);
+}
+
+void ViewCommands::setTimingProfileShown(bool on)
+{
+    showTimingProfile(m_context.session.scene(), on);
+}
+
+void ViewCommands::updateTimingProfile()
+{
+    setTimingProfileShown(m_actions.viewTimingProfile->isChecked());
+}
+
+void ViewCommands::connectByKeyboard()
+{
+    m_context.graphPane.onConnectByKeyboard();
 }
 
 void ViewCommands::setToolBarShown(bool on)

@@ -3,6 +3,7 @@
 #include "app/commands/commandcontext.h"
 
 struct MainActions;
+enum class CanvasTips;
 
 /// Commands of the View menu.
 class ViewCommands
@@ -21,6 +22,13 @@ public:
     void setCommentsShown(bool on);
     void setChangesShown(bool on);
     void setWarningsShown(bool on);
+    /// Turning one on turns the others off.
+    void setToolTips(CanvasTips tips, bool on);
+    void setMagnified(bool on);
+    void setTimingProfileShown(bool on);
+    /// After a run, and for another scene.
+    void updateTimingProfile();
+    void connectByKeyboard();
     void setToolBarShown(bool on);
     void setLogShown(bool on);
     /// For a document that has come or gone.

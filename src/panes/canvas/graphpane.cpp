@@ -1,22 +1,35 @@
 #include "panes/canvas/graphpane.h"
 
 #include "graph/colors.h"
+#include "graph/connection.h"
 #include "graph/graphscene.h"
 #include "graph/node.h"
+#include "panes/canvas/canvasaccessible.h"
+#include "panes/canvas/canvasmenu.h"
+#include "panes/canvas/magnifier.h"
+#include "panes/canvas/typeablemenu.h"
 #include "settings/product.h"
 #include "settings/settings.h"
+#include "transforms/catalogue.h"
+#include "transforms/frame/transform.h"
 
+#include <QContextMenuEvent>
 #include <QDragEnterEvent>
 #include <QFileInfo>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QPainter>
 #include <QTimer>
+#include <QToolTip>
 #include <QWheelEvent>
 
 namespace {
 
 constexpr double leastFittedWidth = 658.8;
 constexpr double leastFittedHeight = 329.4;
+constexpr double fitMargin = 24.0;
 
 bool isWelcome(const QMimeData *data)
 {
@@ -26,12 +39,19 @@ bool isWelcome(const QMimeData *data)
 } // namespace
 
 GraphPane::GraphPane(QWidget *parent)
-    : QGraphicsView(parent)
+    // Before the base class can ask for an accessible of its own.
+    : QGraphicsView((CanvasAccessible::install(), parent))
 {
     setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
     setDragMode(QGraphicsView::RubberBandDrag);
     setAcceptDrops(true);
     setAccessibleName(QStringLiteral("Center pane"));
+    connect(&m_connection, &KeyboardConnection::message, this, &GraphPane::statusMessage);
+    connect(&m_connection, &KeyboardConnection::targetChanged, this, [this](Node *target) {
+        if (target) {
+            ensureVisible(target);
+        }
+    });
 }
 
 void GraphPane::setGraph(GraphScene *scene)
@@ -39,22 +59,26 @@ void GraphPane::setGraph(GraphScene *scene)
     if (m_scene) {
         m_scene->disconnect(this);
     }
+    m_connection.cancel();
     m_scene = scene;
     setScene(scene);
     connect(scene, &GraphScene::nodesAdded, this, &GraphPane::onNodesAdded);
     connect(scene, &GraphScene::nodesDeleted, this, &GraphPane::onNodesDeleted);
+    connect(scene, &QGraphicsScene::selectionChanged, this, [this] { CanvasAccessible::notifySelection(*this); });
 }
 
 void GraphPane::onNodesAdded()
 {
     onAutoZoom();
     viewport()->update();
+    CanvasAccessible::notifyItems(*this);
 }
 
 void GraphPane::onNodesDeleted()
 {
     onAutoZoom();
     viewport()->update();
+    CanvasAccessible::notifyItems(*this);
 }
 
 void GraphPane::onAutoZoom()
@@ -86,6 +110,8 @@ void GraphPane::fit()
     const double width = qMax(rect.width(), leastFittedWidth);
     const double height = qMax(rect.height(), leastFittedHeight);
     rect = QRectF(rect.center().x() - width / 2, rect.center().y() - height / 2, width, height);
+    // Room for the shadows.
+    rect.adjust(-fitMargin, -fitMargin, fitMargin, fitMargin);
     fitInView(rect, Qt::KeepAspectRatio);
     emit zoomChanged();
 }
@@ -231,4 +257,148 @@ void GraphPane::drawForeground(QPainter *painter, const QRectF &)
         QStringLiteral("ADD YOUR DATA\ndrag files here; or\nclick [%1] or [%2] buttons")
             .arg(QStringLiteral("From File"), QStringLiteral("From Clipboard")));
     painter->restore();
+}
+
+// Keys, menus and tips
+
+void GraphPane::keyPressEvent(QKeyEvent *event)
+{
+    if (m_connection.handleKey(*event) || m_keys.press(*event)) {
+        event->accept();
+    } else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        openContextMenu(selectionPoint());
+    } else {
+        QGraphicsView::keyPressEvent(event);
+    }
+}
+
+void GraphPane::keyReleaseEvent(QKeyEvent *event)
+{
+    if (m_keys.release(*event)) {
+        event->accept();
+    } else {
+        QGraphicsView::keyReleaseEvent(event);
+    }
+}
+
+void GraphPane::onConnectByKeyboard()
+{
+    setFocus();
+    m_connection.start(*m_scene);
+}
+
+QPoint GraphPane::selectionPoint() const
+{
+    const QList<Node *> nodes = m_scene->nodes(true);
+    const QList<Connection *> connections = m_scene->connections(true);
+    if (!nodes.isEmpty()) {
+        return mapFromScene(nodes.first()->centre());
+    }
+    return connections.isEmpty() ? viewport()->rect().center() : mapFromScene(connections.first()->middle());
+}
+
+void GraphPane::openTransformMenu(const QString &typed)
+{
+    auto *menu = new TypeableMenu(*m_scene, typed, this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    // The menu has to be gone before the run begins.
+    connect(menu, &TypeableMenu::transformChosen, this, &GraphPane::addTransform, Qt::QueuedConnection);
+    menu->popup(viewport()->mapToGlobal(selectionPoint()));
+}
+
+void GraphPane::addTransform(const QString &typeName)
+{
+    const std::unique_ptr<Transform> prototype(Catalogue::create(typeName));
+    if (prototype) {
+        m_scene->addTransform(prototype.get());
+    }
+}
+
+void GraphPane::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (isInteractive()) {
+        openContextMenu(event->reason() == QContextMenuEvent::Keyboard ? selectionPoint() : event->pos());
+    }
+    event->accept();
+}
+
+void GraphPane::openContextMenu(const QPoint &place)
+{
+    if (!isInteractive() || m_scene->isProcessing()) {
+        return;
+    }
+    m_connection.cancel();
+    QGraphicsItem *item = itemAt(place);
+    const bool canBeSelected = item && item->flags() & QGraphicsItem::ItemIsSelectable;
+    if (!canBeSelected || !item->isSelected()) {
+        m_scene->clearSelection();
+        if (canBeSelected) {
+            item->setSelected(true);
+        }
+    }
+    QMenu menu(this);
+    menu.setObjectName(QStringLiteral("CanvasMenu"));
+    const QPointF scenePos = mapToScene(place);
+    CanvasMenu(m_actions, *m_scene, scenePos).fill(menu);
+    if (m_actions.paste) {
+        m_actions.paste->setData(scenePos);
+    }
+    menu.exec(viewport()->mapToGlobal(place));
+    if (m_actions.paste) {
+        m_actions.paste->setData(QVariant());
+    }
+}
+
+bool GraphPane::viewportEvent(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        return showToolTip(*static_cast<QHelpEvent *>(event));
+    }
+    if (event->type() == QEvent::Leave && m_magnifies) {
+        viewport()->update();
+    }
+    return QGraphicsView::viewportEvent(event);
+}
+
+bool GraphPane::showToolTip(const QHelpEvent &event)
+{
+    const CanvasTips tips = Settings::current().showCenterPaneTips();
+    const Node *node = nullptr;
+    for (QGraphicsItem *item = itemAt(event.pos()); item && !node; item = item->parentItem()) {
+        node = qobject_cast<Node *>(item->toGraphicsObject());
+    }
+    if (!node || tips == CanvasTips::Off) {
+        QToolTip::hideText();
+        return true;
+    }
+    const QRect area = mapFromScene(node->mapRectToScene(node->boxRect())).boundingRect();
+    QToolTip::showText(event.globalPos(), node->toolTipHtml(tips == CanvasTips::Detailed), viewport(), area);
+    return true;
+}
+
+// Magnifier
+
+void GraphPane::onMagnifyUnderCursor(bool on)
+{
+    m_magnifies = on;
+    viewport()->setMouseTracking(true);
+    viewport()->update();
+}
+
+void GraphPane::mouseMoveEvent(QMouseEvent *event)
+{
+    QGraphicsView::mouseMoveEvent(event);
+    if (m_magnifies) {
+        viewport()->update();
+    }
+}
+
+void GraphPane::paintEvent(QPaintEvent *event)
+{
+    QGraphicsView::paintEvent(event);
+    const QPoint cursor = viewport()->mapFromGlobal(QCursor::pos());
+    if (m_magnifies && viewport()->rect().contains(cursor)) {
+        QPainter painter(viewport());
+        Magnifier::paint(*this, painter, cursor);
+    }
 }

@@ -1,10 +1,15 @@
 #pragma once
 
+#include "panes/canvas/canvasactions.h"
+#include "panes/canvas/canvaskeys.h"
+#include "panes/canvas/keyboardconnection.h"
+
 #include <QGraphicsView>
 #include <QList>
 #include <QUrl>
 
 class GraphScene;
+class TypeableMenu;
 
 /// The view of the canvas: zooms, scrolls and takes dropped files. While it fits the graph it goes on fitting it, until
 /// the user zooms.
@@ -20,6 +25,14 @@ public:
 
     /// Shows another scene; a kept zoom stays as it is. Null only before the first.
     void setGraph(GraphScene *scene);
+
+    /// Null only before the first.
+    GraphScene *graph() const { return m_scene; }
+    /// What its context menu offers.
+    void setActions(const CanvasActions &actions) { m_actions = actions; }
+    KeyboardConnection &keyboardConnection() { return m_connection; }
+    /// Opens the menu of transforms at what is selected, with `typed` entered.
+    void openTransformMenu(const QString &typed);
 
     bool isAutoZoom() const { return m_autoZoom; }
     double scale() const { return transform().m11(); }
@@ -40,13 +53,30 @@ public slots:
     void onZoomOut();
     void onZoomIn(int sensitivity);
     void onZoomOut(int sensitivity);
+    /// A lens follows the cursor.
+    void onMagnifyUnderCursor(bool on);
+    /// Lets the keyboard connect the selected item.
+    void onConnectByKeyboard();
     void onProcessDroppedPaths(const QList<QUrl> &urls, const QPointF &scenePos);
 
 signals:
     /// The scale changed, or whether the graph is kept fitted.
     void zoomChanged();
+    void zoomButtonClicked();
+    /// A key was pressed with one note selected.
+    void typedCharInNote(QChar c);
+    void statusMessage(const QString &text);
+    /// By whoever uses the canvas through its accessible items.
+    void runSelectedRequested();
+    void optionsRequested();
 
 protected:
+    bool viewportEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
@@ -57,7 +87,17 @@ protected:
 private:
     void zoomBy(double factor);
     void fit();
+    bool showToolTip(const QHelpEvent &event);
+    /// Opens the context menu there; what lies under it is selected unless it is already.
+    void openContextMenu(const QPoint &place);
+    /// The middle of what is selected, in the viewport.
+    QPoint selectionPoint() const;
+    void addTransform(const QString &typeName);
 
     GraphScene *m_scene = nullptr;
     bool m_autoZoom = true;
+    bool m_magnifies = false;
+    CanvasActions m_actions;
+    CanvasKeys m_keys{*this};
+    KeyboardConnection m_connection;
 };

@@ -1,0 +1,23 @@
+#include "app/canvaswiring.h"
+
+#include "app/commands/commandgroups.h"
+#include "app/mainactions.h"
+#include "graph/graphenums.h"
+#include "panes/canvas/graphpane.h"
+#include "panes/status/statusbar.h"
+
+void connectCanvas(GraphPane &pane, const MainActions &actions, CommandGroups &groups, StatusBar &statusBar)
+{
+    CanvasActions menu;
+    menu.inputFromFile = actions.inputFromFile;
+    menu.inputFromClipboard = actions.inputFromClipboard;
+    menu.connectTo = actions.editConnect;
+    menu.cut = actions.editCut;
+    menu.copy = actions.editCopy;
+    menu.paste = actions.editPaste;
+    menu.duplicateBranch = actions.editDuplicateBranch;
+    menu.remove = actions.editDelete;
+    pane.setActions(menu);
+    QObject::connect(&pane, &GraphPane::statusMessage, &statusBar, &StatusBar::onShowMessage);
+    QObject::connect(&pane, &GraphPane::runSelectedRequested, &pane, [&groups] { groups.runs.run(RunMode::Selected); });
+}
