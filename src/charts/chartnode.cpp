@@ -2,7 +2,6 @@
 
 #include "graph/colors.h"
 #include "graph/graphscene.h"
-#include "graph/runcontrol.h"
 
 #include <QFileInfo>
 #include <QLocale>
@@ -62,13 +61,10 @@ QString ChartNode::storedYColumns() const
     return m_columns.storedY(upstreamDataset());
 }
 
-ChartNode *ChartNode::clone() const
+Node *ChartNode::cloneKind() const
 {
     auto *copy = new ChartNode(m_options, id());
     copy->m_columns = m_columns;
-    copy->setAlias(alias());
-    copy->setComment(comment());
-    copy->setPos(pos());
     return copy;
 }
 
@@ -132,39 +128,24 @@ void ChartNode::beforeProcess()
     }
 }
 
-void ChartNode::process(bool, bool releaseInputs)
+bool ChartNode::mayRun()
 {
-    if (stopRequested || state() == NodeState::Processed || !canProcess()) {
-        return;
-    }
     m_writtenFiles.clear();
-    const Dataset *upstream = upstreamDataset();
-    if (!upstream || upstreamNodes(false).size() != 1) {
-        m_warnings = QStringList(QStringLiteral("No transforms or inputs connected"));
-        m_infos.clear();
-        setState(NodeState::Processed, false);
-        update();
-        return;
+    if (upstreamNodes(false).size() == 1) {
+        return true;
     }
-    startProcessing();
-    beforeProcess();
-    m_columns.reconnect(*upstream, m_warnings, m_infos);
-    setFraction(0.0);
-    QElapsedTimer timer;
-    timer.start();
-    const bool ok = draw();
-    m_processingMs = timer.elapsed();
-    m_lastProcessed = QDateTime::currentDateTime();
-    setState(ok ? NodeState::Processed : NodeState::Failed, false);
-    emit processingEnd(this);
-    update();
-    if (releaseInputs) {
-        releaseUpstreamDatasets();
-    }
+    m_warnings = QStringList(QStringLiteral("No transforms or inputs connected"));
+    m_infos.clear();
+    setState(NodeState::Processed, false);
+    return false;
 }
 
-/// False, with a warning, when the picture can't be made.
-bool ChartNode::draw()
+void ChartNode::prepareRun()
+{
+    m_columns.reconnect(*upstreamDataset(), m_warnings, m_infos);
+}
+
+bool ChartNode::produce()
 {
     if (m_options.writeFile) {
         m_warnings.append(QStringLiteral("Writing charts is not supported by this version"));

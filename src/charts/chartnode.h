@@ -33,7 +33,6 @@ public:
     QString storedXColumn() const;
     QString storedYColumns() const;
 
-    ChartNode *clone() const override;
     void takeColumnsAsText(const Node &original) override;
     QString name() const override;
     QString listName() const override;
@@ -47,7 +46,6 @@ public:
     int maxInputs() const override { return 1; }
     int maxOutputs() const override { return 0; }
     bool canProcess() const override { return upstreamAllProcessed(); }
-    void process(bool recurse, bool releaseInputs) override;
     void beforeProcess() override;
     void refreshColumnOptions() override { m_columns.allowReconnect(); }
     void remapColumnIds(const QHash<ColumnId, ColumnId> &map) override { m_columns.remap(map); }
@@ -62,7 +60,11 @@ private:
     /// The table of the one input, or null.
     const Dataset *upstreamDataset() const;
     QString columnsText(const QList<ColumnId> &ids) const;
-    bool draw();
+    bool mayRun() override;
+    void prepareRun() override;
+    /// Fails, with a warning, when the picture can't be made.
+    bool produce() override;
+    Node *cloneKind() const override;
 
     ChartOptions m_options;
     ChartColumns m_columns;

@@ -3,6 +3,7 @@
 #include "graph/arrowhead.h"
 #include "graph/colors.h"
 #include "graph/node.h"
+#include "graph/nodelook.h"
 
 #include <QGuiApplication>
 #include <QPainter>
@@ -130,7 +131,7 @@ void Connection::setHovered(bool on)
     m_hovered = on;
     for (Node *node : {m_from, m_to}) {
         if (node) {
-            node->setConnectionHighlighted(on);
+            node->look().setHighlighted(on);
         }
     }
     update();

@@ -9,6 +9,7 @@
 #include "graph/graphedit.h"
 #include "graph/ionode.h"
 #include "graph/nodeadder.h"
+#include "graph/nodelook.h"
 #include "graph/nodeorder.h"
 #include "graph/nodeplacement.h"
 #include "graph/notenode.h"
@@ -275,10 +276,10 @@ void GraphScene::startConnection(Node *node)
     m_connectionGuide = new ConnectionGuide(node->connectionPoint(Direction::Outgoing, 0.5));
     addItem(m_connectionGuide);
     node->setFlag(QGraphicsItem::ItemIsMovable, false);
-    node->hideConnectFromOverlay();
+    node->look().hideConnectFromOverlay();
     clearSelection();
     for (Node *target : connectableTargets(node)) {
-        target->showConnectToOverlay();
+        target->look().showConnectToOverlay();
     }
     update();
 }
@@ -305,7 +306,7 @@ void GraphScene::endConnection()
     m_connectFromNode->setFlag(QGraphicsItem::ItemIsMovable);
     m_connectFromNode = nullptr;
     for (Node *node : nodes()) {
-        node->hideConnectToOverlay();
+        node->look().hideConnectToOverlay();
     }
     update();
 }

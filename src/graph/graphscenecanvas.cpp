@@ -1,6 +1,7 @@
 #include "graph/colors.h"
 #include "graph/connectionguide.h"
 #include "graph/graphscene.h"
+#include "graph/nodelook.h"
 #include "graph/nodeoverlayitem.h"
 #include "graph/nodeplacement.h"
 #include "graph/transformnode.h"
@@ -31,7 +32,7 @@ void GraphScene::setColorsOverride(const Colors *colorsOverride)
 void GraphScene::refresh()
 {
     for (Node *node : nodes()) {
-        node->updateShadow();
+        node->look().updateShadow();
         node->update();
     }
     update();
@@ -41,7 +42,7 @@ void GraphScene::onHighlightTransformNodes(bool on, int transformType)
 {
     for (TransformNode *node : transformNodes()) {
         if (node->transform()->typeId() == transformType) {
-            node->setConnectionHighlighted(on);
+            node->look().setHighlighted(on);
         }
     }
 }

@@ -3,33 +3,19 @@
 #include "graph/colors.h"
 #include "graph/connection.h"
 #include "graph/graphscene.h"
-#include "graph/nodeoverlayitem.h"
-#include "graph/runcontrol.h"
-#include "graph/timingbar.h"
+#include "graph/nodelook.h"
 #include "graph/undostep.h"
 #include "settings/settings.h"
 
-#include <QGraphicsDropShadowEffect>
-
 int Node::s_nextId = 0;
 
-namespace {
-
-constexpr double shadowBlurRadius = 40.0;
-constexpr qint64 progressIntervalMs = 250;
-constexpr double progressStep = 0.02;
-
-} // namespace
-
 Node::Node(int id)
+    : m_look(std::make_unique<NodeLook>(*this))
 {
     setId(id);
     setFlags(ItemIsMovable | ItemIsSelectable | ItemSendsGeometryChanges);
     setAcceptHoverEvents(true);
     setZValue(0);
-    auto *shadow = new QGraphicsDropShadowEffect(this);
-    shadow->setBlurRadius(shadowBlurRadius);
-    setGraphicsEffect(shadow);
 }
 
 Node::~Node()
@@ -37,9 +23,8 @@ Node::~Node()
     for (Connection *connection : qAsConst(m_connections)) {
         connection->forget(this);
     }
-    hideConnectFromOverlay();
-    hideConnectToOverlay();
-    hideTimingBar();
+    // Its items are children of this one.
+    m_look.reset();
 }
 
 void Node::setId(int id)
@@ -173,72 +158,7 @@ NodeStatusIcon Node::statusIcon() const
     return isEmpty() ? NodeStatusIcon::Empty : NodeStatusIcon::UpToDate;
 }
 
-// Running
-
-void Node::startProcessing()
-{
-    m_dataset.clear();
-    m_warnings.clear();
-    m_infos.clear();
-    setState(NodeState::Processing, false);
-    emit processingStart(this);
-}
-
-void Node::onProcessed(qreal fractionProcessed)
-{
-    RunControl::checkMemory();
-    if (fractionProcessed < 1.0 && m_lastFractionTime.isValid() && m_lastFractionTime.elapsed() < progressIntervalMs) {
-        return;
-    }
-    if (fractionProcessed <= 0.0 || fractionProcessed >= 1.0 || qAbs(fractionProcessed - m_fraction) >= progressStep) {
-        setFraction(fractionProcessed);
-        update();
-        emit processed(this, fractionProcessed);
-    }
-    m_lastFractionTime.start();
-}
-
-void Node::reportProgress(qint64 done, qint64 total, int step)
-{
-    if (total > 0 && step > 0 && done % step == 0) {
-        onProcessed(static_cast<qreal>(done) / static_cast<qreal>(total));
-    }
-}
-
-void Node::prepareDownstream()
-{
-    for (Node *node : downstreamNodes(true)) {
-        node->beforeProcess();
-    }
-}
-
-void Node::processDownstream(bool releaseInputs)
-{
-    for (Node *node : downstreamNodes(true)) {
-        node->process(true, releaseInputs);
-    }
-}
-
-bool Node::enterWalk()
-{
-    const quint64 run = RunControl::currentRun();
-    if (run != 0 && m_walkedRun == run) {
-        return false;
-    }
-    m_walkedRun = run;
-    return true;
-}
-
-void Node::releaseUpstreamDatasets()
-{
-    const auto waits = [](const Node *node) { return node->state() == NodeState::NeedsProcessing; };
-    for (Node *source : upstreamNodes(false)) {
-        const QList<Node *> consumers = source->downstreamNodes(false);
-        if (!source->datasetConst().isEmpty() && std::none_of(consumers.begin(), consumers.end(), waits)) {
-            source->clearDataset();
-        }
-    }
-}
+// Columns and copies
 
 void Node::refreshColumnOptions()
 {
@@ -250,4 +170,15 @@ void Node::refreshColumnOptions()
 int Node::columnOptionsInUse(const Node *) const
 {
     return 0;
+}
+
+Node *Node::clone() const
+{
+    Node *copy = cloneKind();
+    copy->setPos(pos());
+    copy->setComment(comment());
+    if (type() != ItemType::Transform) {
+        copy->setAlias(alias());
+    }
+    return copy;
 }

@@ -15,9 +15,7 @@
 class Colors;
 class Connection;
 class GraphScene;
-class NodeOverlayItem;
-class QTimer;
-class TimingBar;
+class NodeLook;
 class UndoStep;
 
 /// A box on the canvas and the table that it last produced: the base of inputs, transforms, outputs, charts and notes.
@@ -37,8 +35,9 @@ public:
     Q_DISABLE_COPY(Node)
 
     // Identity and names
-    /// A new node of the same kind, options, id, position and comment, without data or connections.
-    virtual Node *clone() const = 0;
+    /// A new node of the same kind, options, id, position, comment and, but for transforms, alias; without data or
+    /// connections.
+    Node *clone() const;
     int id() const override { return m_id; }
     void setId(int id);
     /// The id that the next new node gets.
@@ -165,7 +164,7 @@ public:
     virtual bool canProcess() const = 0;
     /// Makes the result when it is stale and all inputs are ready. With `recurse`, goes on downstream; with
     /// `releaseInputs`, drops upstream datasets that nobody waits for.
-    virtual void process(bool recurse, bool releaseInputs) = 0;
+    void process(bool recurse, bool releaseInputs);
     /// Reports done/total at every `step`-th call; a `total` of 0 does nothing.
     void reportProgress(qint64 done, qint64 total, int step);
     virtual void beforeProcess() {}
@@ -201,23 +200,15 @@ public:
     virtual QString imageName() const { return QString(); }
     /// Where a connection touches the box; `offset` runs from 0 at the top to 1 at the bottom.
     QPointF connectionPoint(Direction side, double offset) const;
-    bool isConnectionHighlighted() const { return m_connectionHighlighted; }
-    void setConnectionHighlighted(bool on);
-    /// Takes the shadow's colour from colors().
-    void updateShadow();
-    void showConnectFromOverlay();
-    void showConnectToOverlay();
-    void hideConnectFromOverlay();
-    void hideConnectToOverlay();
-    void showTimingBar(double share);
-    void hideTimingBar();
+    /// What hangs on the box: shadow, handles, timing bar, highlight.
+    NodeLook &look() { return *m_look; }
+    const NodeLook &look() const { return *m_look; }
     QSet<Node *> attachedNotes() const { return m_attachedNotes; }
     virtual bool acceptsDrops() const { return true; }
 
 public slots:
     /// The single entry of progress, 0 to 1: guards the memory ceiling, repaints and lets the window breathe.
     void onProcessed(qreal fractionProcessed);
-    void onUpdateConnectionGuide();
 
 signals:
     void nodePosChanged(QList<Node *> nodes);
@@ -239,38 +230,41 @@ protected:
     void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
     void hoverEnterEvent(QGraphicsSceneHoverEvent *event) override;
     void hoverLeaveEvent(QGraphicsSceneHoverEvent *event) override;
-    /// Clears the old result, goes to Processing and says so.
-    void startProcessing();
-    /// Lets direct downstream nodes look at the new result.
-    void prepareDownstream();
-    /// Calls process() on direct downstream nodes, from top to bottom.
-    void processDownstream(bool releaseInputs);
-    /// False when this run has come through this node before, so that it needn't walk on again.
-    bool enterWalk();
+
+    // What of a run and of a copy differs between kinds (noderun.cpp has the rest)
+    /// False ends a run before it has begun; says why and sets the state.
+    virtual bool mayRun() { return true; }
+    /// The old result is gone and the options know the inputs: time to look for lost columns.
+    virtual void prepareRun() {}
+    /// Makes the result in m_dataset. False when it failed; messages tell why.
+    virtual bool produce() = 0;
+    /// A new node of this kind with these options and this id.
+    virtual Node *cloneKind() const = 0;
+
     /// Lets this node's column options look for lost columns by name. Kinds that nothing is downstream of need only
     /// refreshColumnOptions().
     virtual void allowReconnect() { refreshColumnOptions(); }
-    /// Drops the datasets of direct upstream nodes that no stale node waits for.
-    void releaseUpstreamDatasets();
 
 private:
     int m_id = -1;
     bool m_flagged = false;
     bool m_isPreview = false;
-    bool m_connectionHighlighted = false;
     double m_fraction = 0.0;
     QElapsedTimer m_lastFractionTime;
     QString m_alias;
     QString m_comment;
     QList<Connection *> m_connections;
-    NodeOverlayItem *m_connectFromOverlay = nullptr;
-    NodeOverlayItem *m_connectToOverlay = nullptr;
-    TimingBar *m_timingBar = nullptr;
     QSet<Node *> m_attachedNotes;
-    QTimer *m_connectionGuideTimer = nullptr;
+    std::unique_ptr<NodeLook> m_look;
     std::unique_ptr<UndoStep> m_moveStep;
     quint64 m_walkedRun = 0;
     friend class Connection;
+    void run();
+    void startProcessing();
+    void prepareDownstream();
+    void processDownstream(bool releaseInputs);
+    bool enterWalk();
+    void releaseUpstreamDatasets();
     void applyState(NodeState state);
     void finishMove();
     static int s_nextId;

@@ -3,24 +3,20 @@
 #include "graph/connectionlayout.h"
 #include "graph/graphscene.h"
 #include "graph/node.h"
-#include "graph/nodeoverlayitem.h"
+#include "graph/nodelook.h"
 #include "graph/nodepainter.h"
 #include "graph/nodeplacement.h"
-#include "graph/timingbar.h"
 #include "graph/undostep.h"
 #include "settings/settings.h"
 
-#include <QGraphicsDropShadowEffect>
 #include <QGraphicsSceneMouseEvent>
 #include <QPainter>
-#include <QTimer>
 
 // How a node looks and feels on the canvas.
 
 namespace {
 
 constexpr double margin = NodeLayout::selectedBorderWidth;
-constexpr int hoverDelayMs = 150;
 
 bool showsComment(const Node &node)
 {
@@ -74,81 +70,6 @@ void Node::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
     }
 }
 
-void Node::setConnectionHighlighted(bool on)
-{
-    if (on != m_connectionHighlighted) {
-        m_connectionHighlighted = on;
-        update();
-    }
-}
-
-void Node::updateShadow()
-{
-    auto *shadow = static_cast<QGraphicsDropShadowEffect *>(graphicsEffect());
-    const QColor color = colors().color(Colors::Shadow);
-    shadow->setEnabled(color.isValid());
-    if (color.isValid()) {
-        shadow->setColor(color);
-    }
-}
-
-// Overlays and timing bar
-
-void Node::showConnectFromOverlay()
-{
-    GraphScene *owner = graphScene();
-    if (!m_connectFromOverlay && owner) {
-        m_connectFromOverlay = new ConnectFromNodeOverlayItem(this);
-        connect(m_connectFromOverlay, &NodeOverlayItem::clicked, owner, &GraphScene::startConnection);
-    }
-}
-
-void Node::showConnectToOverlay()
-{
-    GraphScene *owner = graphScene();
-    if (!m_connectToOverlay && owner) {
-        m_connectToOverlay = new ConnectToNodeOverlayItem(this);
-        connect(m_connectToOverlay, &NodeOverlayItem::clicked, owner, &GraphScene::connectNodes);
-    }
-}
-
-void Node::hideConnectFromOverlay()
-{
-    delete m_connectFromOverlay;
-    m_connectFromOverlay = nullptr;
-}
-
-void Node::hideConnectToOverlay()
-{
-    delete m_connectToOverlay;
-    m_connectToOverlay = nullptr;
-}
-
-void Node::showTimingBar(double share)
-{
-    if (m_timingBar) {
-        m_timingBar->setShare(share);
-    } else {
-        m_timingBar = new TimingBar(this, share);
-    }
-}
-
-void Node::hideTimingBar()
-{
-    delete m_timingBar;
-    m_timingBar = nullptr;
-}
-
-void Node::onUpdateConnectionGuide()
-{
-    const GraphScene *owner = graphScene();
-    if (owner && isUnderMouse() && !owner->isConnecting() && !owner->isProcessing() && canAcceptConnection()) {
-        showConnectFromOverlay();
-    } else {
-        hideConnectFromOverlay();
-    }
-}
-
 // Mouse
 
 QVariant Node::itemChange(GraphicsItemChange change, const QVariant &value)
@@ -156,7 +77,7 @@ QVariant Node::itemChange(GraphicsItemChange change, const QVariant &value)
     if (change == ItemPositionHasChanged && !m_connections.isEmpty()) {
         ConnectionLayout::layOut({this});
     } else if (change == ItemSceneHasChanged) {
-        updateShadow();
+        m_look->updateShadow();
     }
     return QGraphicsObject::itemChange(change, value);
 }
@@ -208,18 +129,11 @@ void Node::finishMove()
 void Node::hoverEnterEvent(QGraphicsSceneHoverEvent *event)
 {
     QGraphicsObject::hoverEnterEvent(event);
-    if (!m_connectionGuideTimer) {
-        m_connectionGuideTimer = new QTimer(this);
-        m_connectionGuideTimer->setSingleShot(true);
-        connect(m_connectionGuideTimer, &QTimer::timeout, this, &Node::onUpdateConnectionGuide);
-    }
-    m_connectionGuideTimer->start(hoverDelayMs);
+    m_look->followMouse();
 }
 
 void Node::hoverLeaveEvent(QGraphicsSceneHoverEvent *event)
 {
     QGraphicsObject::hoverLeaveEvent(event);
-    if (m_connectionGuideTimer) {
-        m_connectionGuideTimer->start(hoverDelayMs);
-    }
+    m_look->followMouse();
 }

@@ -2,6 +2,7 @@
 
 #include "graph/colors.h"
 #include "graph/node.h"
+#include "graph/nodelook.h"
 
 #include <QFontMetricsF>
 #include <QGuiApplication>
@@ -169,7 +170,7 @@ QRectF NodeLayout::comment()
 void NodePainter::drawBox(QPainter &painter, const Node &node)
 {
     painter.setRenderHint(QPainter::Antialiasing);
-    const bool emphasised = node.isSelected() || node.isConnectionHighlighted();
+    const bool emphasised = node.isSelected() || node.look().isHighlighted();
     painter.setPen(emphasised ? QPen(selectionColor(node), NodeLayout::selectedBorderWidth)
                               : penOf(node.borderColor(), NodeLayout::borderWidth));
     painter.setBrush(boxBrush(node));

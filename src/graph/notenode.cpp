@@ -56,13 +56,10 @@ NoteNode::NoteNode(int arrow, int id)
 {
 }
 
-NoteNode *NoteNode::clone() const
+Node *NoteNode::cloneKind() const
 {
     auto *copy = new NoteNode(m_arrow, id());
     copy->m_color = m_color;
-    copy->setAlias(alias());
-    copy->setComment(comment());
-    copy->setPos(pos());
     return copy;
 }
 

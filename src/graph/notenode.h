@@ -23,7 +23,6 @@ public:
     const QColor &color() const { return m_color; }
     void setColor(const QColor &color);
 
-    NoteNode *clone() const override;
     QString name() const override;
     QString description() const override;
     QString helpPage() const override;
@@ -33,7 +32,6 @@ public:
     int maxInputs() const override { return 0; }
     int maxOutputs() const override { return 0; }
     bool canProcess() const override { return false; }
-    void process(bool, bool) override {}
     bool acceptsDrops() const override { return false; }
     QString toolTipHtml(bool detail) const override;
     InfoRows kindRows() const override { return {}; }
@@ -46,6 +44,9 @@ public:
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
 private:
+    bool produce() override { return true; }
+    Node *cloneKind() const override;
+
     int m_arrow;
     QColor m_color = Qt::white;
 };

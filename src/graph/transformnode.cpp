@@ -4,7 +4,6 @@
 #include "graph/colors.h"
 #include "graph/connection.h"
 #include "graph/nodepainter.h"
-#include "graph/runcontrol.h"
 #include "settings/settings.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/parameter.h"
@@ -34,12 +33,9 @@ TransformNode::TransformNode(Transform *transform, int id)
 
 TransformNode::~TransformNode() = default;
 
-TransformNode *TransformNode::clone() const
+Node *TransformNode::cloneKind() const
 {
-    auto *copy = new TransformNode(m_transform->clone(), id());
-    copy->setPos(pos());
-    copy->setComment(comment());
-    return copy;
+    return new TransformNode(m_transform->clone(), id());
 }
 
 // What the transform says
@@ -158,7 +154,7 @@ void TransformNode::beforeProcess()
     }
 }
 
-void TransformNode::reconnectColumns()
+void TransformNode::prepareRun()
 {
     for (Parameter *parameter : m_transform->parameters()) {
         parameter->reconnectColumns(m_warnings, m_infos);
@@ -225,36 +221,9 @@ void TransformNode::removeConnection(Connection *connection)
 
 // Running
 
-void TransformNode::process(bool recurse, bool releaseInputs)
+bool TransformNode::produce()
 {
-    if (stopRequested) {
-        return;
-    }
-    if (m_state == NodeState::Processed) {
-        if (!enterWalk()) {
-            return;
-        }
-    } else if (canProcess()) {
-        runTransform();
-        enterWalk();
-        if (releaseInputs) {
-            releaseUpstreamDatasets();
-        }
-    }
-    if (recurse && m_state == NodeState::Processed) {
-        processDownstream(releaseInputs);
-    }
-}
-
-void TransformNode::runTransform()
-{
-    startProcessing();
-    beforeProcess();
-    reconnectColumns();
     const QList<Node *> inputs = upstreamNodes(true);
-    QElapsedTimer timer;
-    timer.start();
-    setFraction(0.0);
     m_transform->clearMessages();
     bool failed = false;
     m_dataset = m_transform->run(asSources(inputs), &failed);
@@ -264,17 +233,9 @@ void TransformNode::runTransform()
     if (!m_transform->isVerify()) {
         m_dataset.clearIssues();
     }
-    m_dataset.assignColumnIds(id());
     m_transform->checkOptions();
-    m_processingMs = timer.elapsed();
-    m_lastProcessed = QDateTime::currentDateTime();
-    setState(failed ? NodeState::Failed : NodeState::Processed, false);
     warnOfWrongInputs(inputs.size());
-    emit processingEnd(this);
-    m_dataset.releaseValuePools();
-    RunControl::countRows(m_dataset.rowCount());
-    prepareDownstream();
-    update();
+    return !failed;
 }
 
 void TransformNode::warnOfWrongInputs(int count)

@@ -26,7 +26,6 @@ public:
     /// Asks the transform whether the order of its inputs has changed, and rebinds them.
     bool updateInputOrder();
 
-    TransformNode *clone() const override;
     QString name() const override;
     QString typeName() const override;
     QString description() const override;
@@ -38,7 +37,6 @@ public:
     int maxOutputs() const override { return unlimited; }
     bool hasInputPreview() const override { return true; }
     bool canProcess() const override { return upstreamAllProcessed(); }
-    void process(bool recurse, bool releaseInputs) override;
     void beforeProcess() override;
     void refreshColumnOptions() override;
     void takeColumnsAsText(const Node &original) override;
@@ -56,8 +54,9 @@ public:
 
 private:
     void allowReconnect() override;
-    void reconnectColumns();
-    void runTransform();
+    void prepareRun() override;
+    bool produce() override;
+    Node *cloneKind() const override;
     /// Too few or too many.
     void warnOfWrongInputs(int count);
     void paintChanges(QPainter *painter) const;

@@ -2,7 +2,6 @@
 
 #include "data/values.h"
 #include "graph/graphscene.h"
-#include "graph/runcontrol.h"
 #include "inputs/filewatch.h"
 
 #include <QFileInfo>
@@ -32,13 +31,9 @@ InputNode::InputNode(const InputOptions &options, int id)
 
 InputNode::~InputNode() = default;
 
-InputNode *InputNode::clone() const
+Node *InputNode::cloneKind() const
 {
-    auto *copy = new InputNode(options(), id());
-    copy->setPos(pos());
-    copy->setComment(comment());
-    copy->setAlias(alias());
-    return copy;
+    return new InputNode(options(), id());
 }
 
 // Options
@@ -91,38 +86,13 @@ QVariantList InputNode::summaryRow() const
 
 // Running
 
-void InputNode::process(bool recurse, bool releaseInputs)
+bool InputNode::produce()
 {
-    if (stopRequested) {
-        return;
-    }
-    if (m_state == NodeState::Processed) {
-        if (!enterWalk()) {
-            return;
-        }
-    } else {
-        readAnew();
-        enterWalk();
-    }
-    if (recurse && m_state != NodeState::Failed) {
-        processDownstream(releaseInputs);
-    }
-}
-
-void InputNode::readAnew()
-{
-    startProcessing();
-    QElapsedTimer timer;
-    timer.start();
-    setFraction(0.0);
     if (m_medium != Medium::File) {
         stopWatching();
     }
-    if (m_medium == Medium::Folder) {
-        readFolder();
-    } else {
-        readSingle();
-    }
+    const bool succeeded = m_medium == Medium::Folder ? readFolder() : readSingle();
+    // Empty columns take part in the count, so that the ids of the others don't hang on what is empty.
     m_dataset.assignColumnIds(id());
     if (m_dataset.hasColumns() && m_options.ignoreEmptyColumns) {
         const int removed = m_dataset.removeEmptyColumns();
@@ -130,20 +100,8 @@ void InputNode::readAnew()
             m_infos.append(QStringLiteral("%1 empty column(s) ignored").arg(formatInteger(removed, true)));
         }
     }
-    m_processingMs = timer.elapsed();
-    m_lastProcessed = QDateTime::currentDateTime();
     warnOfDuplicateHeaderNames();
-    emit processingEnd(this);
-    m_dataset.releaseValuePools();
-    RunControl::countRows(m_dataset.rowCount());
-    prepareDownstream();
-    update();
-}
-
-void InputNode::fail(const QString &warning)
-{
-    m_warnings.append(warning);
-    setState(NodeState::Failed, false);
+    return succeeded;
 }
 
 std::function<void(double)> InputNode::progressPart(double start, double end)

@@ -22,7 +22,6 @@ public:
     explicit InputNode(const InputOptions &options = InputOptions(), int id = -1);
     ~InputNode() override;
     int type() const override { return ItemType::Input; }
-    InputNode *clone() const override;
 
     InputOptions options() const;
     /// Whoever changes options marks the node stale; a change of what is watched takes effect with the next reading.
@@ -56,7 +55,6 @@ public:
     QColor boxColor() const override;
     QColor textColor() const override;
 
-    void process(bool recurse, bool releaseInputs) override;
     void connectToScene(GraphScene *scene) override;
     void goToRest() override;
 
@@ -72,8 +70,11 @@ public slots:
     void onDelayedImport();
 
 private:
-    // Reading (inputnodereading.cpp)
-    void readSingle();
+    bool produce() override;
+    Node *cloneKind() const override;
+
+    // Reading (inputnodereading.cpp); each is false when it failed, which the warnings tell
+    bool readSingle();
     bool readSource(Dataset &dataset);
     bool readClipboard(Dataset &dataset);
     bool readFile(const QString &path, Dataset &dataset, double progressStart, double progressEnd);
@@ -82,7 +83,7 @@ private:
     bool readExcel(spreadsheet::Book &book, const QString &path, const QString &sheet, Dataset &dataset,
         double progressStart, double progressEnd);
     void takeResults(const SourceReader &reader);
-    void finishReading();
+    bool finishReading();
     void applyHeader();
     bool guessHeader() const;
     bool validateSchema(Dataset &dataset);
@@ -91,18 +92,16 @@ private:
 
     // Folders (inputnodefolder.cpp)
     struct FolderReading;
-    void readFolder();
+    bool readFolder();
     void readFolderFile(const QString &path, double progressStart, double progressEnd, FolderReading &reading);
     void readFolderBook(const QString &path, double progressStart, double progressEnd, FolderReading &reading);
     bool finishFolderItem(
         const QString &path, const QString &sheet, bool success, Dataset &dataset, FolderReading &reading);
-    void failFolder();
+    void warnOfEmptyFolder();
 
-    void readAnew();
     void updateWatch();
     void startWatching(const QString &path);
     void stopWatching();
-    void fail(const QString &warning);
     /// What reports progress within a part of the whole.
     std::function<void(double)> progressPart(double start, double end);
 

@@ -28,14 +28,14 @@ struct InputNode::FolderReading
     QStringList mismatches; // told at the end
 };
 
-void InputNode::readFolder()
+bool InputNode::readFolder()
 {
     m_filesRead = 0;
     m_sheetsRead = 0;
     const FolderInput folder = m_options.folder;
     if (folder.folder.isEmpty() || !QFileInfo(folder.folder).isDir()) {
-        fail(QStringLiteral("Folder '%1' not found").arg(absoluteNativePath(folder.folder)));
-        return;
+        m_warnings.append(QStringLiteral("Folder '%1' not found").arg(absoluteNativePath(folder.folder)));
+        return false;
     }
     const QStringList files = listInputFiles(
         folder.folder, {folder.fileMatch}, Settings::current().blockedInputExtensions(), folder.recurse, &m_warnings);
@@ -53,8 +53,8 @@ void InputNode::readFolder()
         m_warnings.append(QStringLiteral("Stopped by user"));
     }
     if (reading.stack.isEmpty()) {
-        failFolder();
-        return;
+        warnOfEmptyFolder();
+        return false;
     }
     const QString fileCount = formatInteger(m_filesRead, true);
     m_infos.append(
@@ -63,10 +63,10 @@ void InputNode::readFolder()
             : QStringLiteral("%1 file(s) read").arg(fileCount));
     m_warnings += reading.mismatches;
     m_dataset = reading.stack.take();
-    setState(NodeState::Processed, false);
+    return true;
 }
 
-void InputNode::failFolder()
+void InputNode::warnOfEmptyFolder()
 {
     const QString extension = QFileInfo(m_options.folder.fileMatch).suffix();
     const int expected = Settings::current().inputTypeOf(extension);
@@ -74,7 +74,7 @@ void InputNode::failFolder()
         m_warnings.append(QStringLiteral("File match filter '%1' may not match data type: %2")
                               .arg(m_options.folder.fileMatch, FileType::label(m_fileType)));
     }
-    fail(QStringLiteral("No files read"));
+    m_warnings.append(QStringLiteral("No files read"));
 }
 
 void InputNode::readFolderFile(const QString &path, double progressStart, double progressEnd, FolderReading &reading)

@@ -26,31 +26,35 @@ QString unknownDatesWarning(const QString &source, const Messages::Examples &dat
 
 } // namespace
 
-void InputNode::readSingle()
+bool InputNode::readSingle()
 {
     if (m_medium == Medium::File ? m_path.isEmpty() : m_options.text.isEmpty()) {
-        setState(NodeState::Processed, false);
-        return;
+        return true;
     }
     if (m_medium == Medium::File) {
         const QString path = absoluteNativePath(m_path);
         if (!QFileInfo::exists(m_path)) {
-            fail(QStringLiteral("File '%1' not found").arg(path));
-            return;
+            m_warnings.append(QStringLiteral("File '%1' not found").arg(path));
+            return false;
         }
         if (Settings::isExtensionBlocked(QFileInfo(m_path).suffix(), Settings::current().blockedInputExtensions())) {
             const QString text = QStringLiteral(
                 "The extension for this file is blocked in 'Preferences>Input Extensions':\n%1");
-            fail(text.arg(path));
-            return;
+            m_warnings.append(text.arg(path));
+            return false;
         }
     }
     // Read aside, so that nobody sees half a table when progress lets events in.
     Dataset dataset;
-    const bool success = readSource(dataset);
+    const bool succeeded = readSource(dataset);
     m_dataset = std::move(dataset);
-    setState(success ? NodeState::Processed : NodeState::Failed, false);
-    finishReading();
+    if (m_medium == Medium::File) {
+        if (succeeded) {
+            updateWatch();
+        }
+        warnOfExtension();
+    }
+    return succeeded && finishReading();
 }
 
 bool InputNode::readSource(Dataset &dataset)
@@ -141,23 +145,13 @@ bool InputNode::readExcel(spreadsheet::Book &book, const QString &path, const QS
 }
 
 /// What is done with a table once it is read.
-void InputNode::finishReading()
+bool InputNode::finishReading()
 {
-    if (m_medium == Medium::File) {
-        if (m_state == NodeState::Processed) {
-            updateWatch();
-        }
-        warnOfExtension();
-    }
-    if (m_state == NodeState::Failed) {
-        return;
-    }
     applyHeader();
     m_previousColumnNames = m_dataset.columnNames();
-    if (!validateSchema(m_dataset)) {
-        setState(NodeState::Failed, false);
-    }
+    const bool isValid = validateSchema(m_dataset);
     addMetaInformation(m_dataset, m_medium == Medium::File ? m_path : QString(), m_readSheet);
+    return isValid;
 }
 
 void InputNode::warnOfExtension()

@@ -1,11 +1,9 @@
 #include "outputs/outputnode.h"
 
 #include "graph/delimiters.h"
-#include "graph/runcontrol.h"
 #include "outputs/filenamevariables.h"
 #include "outputs/outputpaths.h"
 
-#include <QElapsedTimer>
 #include <QFileInfo>
 
 namespace {
@@ -108,7 +106,7 @@ QString OutputNode::expandedPath() const
     return FileNameVariables::expanded(m_path, FileNameVariables::contextOf(graphScene()));
 }
 
-OutputNode *OutputNode::clone() const
+Node *OutputNode::cloneKind() const
 {
     auto *copy = new OutputNode(m_path, m_fileType, id());
     copy->m_medium = m_medium;
@@ -118,9 +116,6 @@ OutputNode *OutputNode::clone() const
     copy->m_encoding = m_encoding;
     copy->m_options = m_options;
     copy->m_columns = m_columns;
-    copy->setAlias(alias());
-    copy->setComment(comment());
-    copy->setPos(pos());
     return copy;
 }
 
@@ -138,56 +133,42 @@ void OutputNode::beforeProcess()
     }
 }
 
-void OutputNode::process(bool, bool releaseInputs)
+bool OutputNode::mayRun()
 {
-    if (stopRequested || state() == NodeState::Processed || !canProcess()) {
-        update();
-        return;
-    }
     m_dataset.clear();
     m_warnings.clear();
     m_infos.clear();
     m_writtenFiles.clear();
-    const QList<Node *> upstream = upstreamNodes(true);
-    if (upstream.size() != 1) {
+    if (upstreamNodes(false).size() != 1) {
         setState(NodeState::Processed, false);
         m_warnings.append(QStringLiteral("No transforms or inputs connected"));
-    } else if (!isMultiFile() && OutputPaths::isBlocked(m_path)) {
+        return false;
+    }
+    if (!isMultiFile() && OutputPaths::isBlocked(m_path)) {
         setState(NodeState::Failed, false);
         m_warnings.append(
             QStringLiteral("The extension for this file is blocked in 'Preferences>Output Extensions':\n") + m_path);
-    } else {
-        runOn(upstream.first()->datasetConst());
+        return false;
     }
-    update();
-    if (releaseInputs) {
-        m_dataset.clear(); // what was written is needed no more, and the item has been reported
-        releaseUpstreamDatasets();
-    }
+    return true;
 }
 
-void OutputNode::runOn(const Dataset &upstream)
+void OutputNode::prepareRun()
 {
-    startProcessing();
-    m_dataset = upstream;
-    m_columns.resolve(m_dataset);
+    m_dataset = upstreamNodes(false).first()->datasetConst();
     m_columns.reconnect(m_dataset, m_warnings, m_infos);
-    QElapsedTimer timer;
-    timer.start();
-    setFraction(0.0);
+}
+
+bool OutputNode::produce()
+{
     bool succeeded = true;
     if (m_options.writeMode == WriteMode::Disabled) {
         m_warnings.append(QStringLiteral("Write mode='%1'").arg(WriteMode::label(WriteMode::Disabled)));
     } else {
         succeeded = writeDataset();
     }
-    m_dataset.assignColumnIds(id());
-    m_processingMs = timer.elapsed();
-    m_lastProcessed = QDateTime::currentDateTime();
     if (m_options.writeHeader) {
         warnOfDuplicateHeaderNames();
     }
-    setState(succeeded ? NodeState::Processed : NodeState::Failed, false);
-    emit processingEnd(this);
-    m_dataset.releaseValuePools();
+    return succeeded;
 }

@@ -51,7 +51,6 @@ public:
     /// The path with its variables replaced as of now.
     QString expandedPath() const;
 
-    OutputNode *clone() const override;
     void takeColumnsAsText(const Node &original) override;
     QString name() const override;
     QString listName() const override;
@@ -62,7 +61,6 @@ public:
     int maxInputs() const override { return 1; }
     int maxOutputs() const override { return 0; }
     bool canProcess() const override { return upstreamAllProcessed(); }
-    void process(bool recurse, bool releaseInputs) override;
     void beforeProcess() override;
     void refreshColumnOptions() override { m_columns.requestReconnect(); }
     void remapColumnIds(const QHash<ColumnId, ColumnId> &map) override { m_columns.remap(map); }
@@ -92,7 +90,10 @@ public:
 private:
     /// The table of the one input, else the copy of the last run; null when neither has columns.
     const Dataset *knownDataset() const;
-    void runOn(const Dataset &upstream);
+    bool mayRun() override;
+    void prepareRun() override;
+    bool produce() override;
+    Node *cloneKind() const override;
     // Each is true unless the item has failed, and adds what there is to tell to the messages.
     bool writeDataset();
     bool writeMultipleFiles();

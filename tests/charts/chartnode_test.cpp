@@ -41,7 +41,7 @@ TEST(ChartNode, ACloneHasEverythingButData)
     chart.setComment(QStringLiteral("why"));
     chart.setPos(3, 4);
     chart.setStoredColumns(QStringLiteral("1*0"), QStringLiteral("2*0"));
-    const std::unique_ptr<ChartNode> copy(chart.clone());
+    const std::unique_ptr<ChartNode> copy(static_cast<ChartNode *>(chart.clone()));
     EXPECT_EQ(copy->id(), 12);
     EXPECT_EQ(copy->pos(), QPointF(3, 4));
     EXPECT_EQ(copy->summaryRow(), chart.summaryRow());

@@ -1,7 +1,6 @@
 #include "fakenodes.h"
 
 #include "data/datasource.h"
-#include "graph/runcontrol.h"
 
 FakeInput::FakeInput(const Dataset &table, int id)
     : IONode(id)
@@ -9,7 +8,7 @@ FakeInput::FakeInput(const Dataset &table, int id)
 {
 }
 
-FakeInput *FakeInput::clone() const
+Node *FakeInput::cloneKind() const
 {
     return new FakeInput(m_table, id());
 }
@@ -19,41 +18,21 @@ QString FakeInput::resultText() const
     return m_failing ? QStringLiteral("Error reading") : QStringLiteral("Read");
 }
 
-void FakeInput::process(bool recurse, bool releaseInputs)
+bool FakeInput::produce()
 {
-    if (stopRequested) {
-        return;
+    ++m_runs;
+    if (!m_failing) {
+        m_dataset = m_table;
     }
-    if (state() != NodeState::Processed) {
-        startProcessing();
-        ++m_runs;
-        if (!m_failing) {
-            m_dataset = m_table;
-            m_dataset.assignColumnIds(id());
-        }
-        setState(m_failing ? NodeState::Failed : NodeState::Processed, false);
-        emit processingEnd(this);
-        prepareDownstream();
-    }
-    if (recurse && state() != NodeState::Failed) {
-        processDownstream(releaseInputs);
-    }
+    return !m_failing;
 }
 
-void FakeOutput::process(bool, bool releaseInputs)
+bool FakeOutput::produce()
 {
-    if (stopRequested || state() == NodeState::Processed || !canProcess()) {
-        return;
-    }
-    startProcessing();
     for (const Node *source : upstreamNodes(true)) {
         m_dataset = source->datasetConst();
     }
-    setState(NodeState::Processed, false);
-    emit processingEnd(this);
-    if (releaseInputs) {
-        releaseUpstreamDatasets();
-    }
+    return true;
 }
 
 Dataset ProbeTransform::run(const QList<DataSource *> &inputs, bool *hasIssues)

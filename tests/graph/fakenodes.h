@@ -16,7 +16,6 @@ public:
     void setFailing(bool on) { m_failing = on; }
     int runs() const { return m_runs; }
 
-    FakeInput *clone() const override;
     QString name() const override { return QStringLiteral("data.csv"); }
     QString description() const override { return QStringLiteral("Input from File."); }
     QString helpPage() const override { return QStringLiteral("Input_data"); }
@@ -24,7 +23,6 @@ public:
     int maxInputs() const override { return 0; }
     int maxOutputs() const override { return unlimited; }
     bool canProcess() const override { return true; }
-    void process(bool recurse, bool releaseInputs) override;
     InfoRows kindRows() const override { return {}; }
     InfoRows optionRows() const override { return {}; }
     QColor borderColor() const override { return Qt::black; }
@@ -32,6 +30,9 @@ public:
     QColor textColor() const override { return Qt::black; }
 
 private:
+    bool produce() override;
+    Node *cloneKind() const override;
+
     Dataset m_table;
     bool m_failing = false;
     int m_runs = 0;
@@ -49,7 +50,6 @@ public:
     int type() const override { return ItemType::Output; }
     using IONode::warnOfDuplicateHeaderNames;
 
-    FakeOutput *clone() const override { return new FakeOutput(id()); }
     QString name() const override { return QStringLiteral("out.csv"); }
     QString description() const override { return QStringLiteral("Output to File."); }
     QString helpPage() const override { return QStringLiteral("Output_data"); }
@@ -57,7 +57,6 @@ public:
     int maxInputs() const override { return 1; }
     int maxOutputs() const override { return 0; }
     bool canProcess() const override { return upstreamAllProcessed(); }
-    void process(bool recurse, bool releaseInputs) override;
     void refreshColumnOptions() override { ++m_refreshes; }
     int refreshes() const { return m_refreshes; }
     InfoRows kindRows() const override { return {}; }
@@ -67,6 +66,9 @@ public:
     QColor textColor() const override { return Qt::black; }
 
 private:
+    bool produce() override;
+    Node *cloneKind() const override { return new FakeOutput(id()); }
+
     int m_refreshes = 0;
 };
 

@@ -3,6 +3,7 @@
 #include "graph/arrowhead.h"
 #include "graph/colors.h"
 #include "graph/delimiters.h"
+#include "graph/nodelook.h"
 #include "graph/notenode.h"
 #include "graph/timingbar.h"
 
@@ -59,12 +60,12 @@ TEST_F(LookTest, TimingBarsGoFromGreenToRed)
     EXPECT_EQ(TimingBar::color(1).hue(), 0);
     EXPECT_EQ(TimingBar::color(0.5).hue(), 21);
     Node *in = input("in", 0, 0);
-    in->showTimingBar(0.2);
-    in->showTimingBar(0.4);
+    in->look().showTimingBar(0.2);
+    in->look().showTimingBar(0.4);
     ASSERT_EQ(in->childItems().size(), 1) << "one bar, however often";
     EXPECT_EQ(in->childItems().first()->boundingRect().center().x() + in->childItems().first()->x(),
         in->boxRect().center().x());
-    in->hideTimingBar();
+    in->look().hideTimingBar();
     EXPECT_TRUE(in->childItems().isEmpty());
 }
 
@@ -89,8 +90,8 @@ TEST_F(LookTest, EveryKindPaints)
     TransformNode *a = probe("a", 1, 0, {in});
     a->setComment("why");
     in->setSelected(true);
-    in->showTimingBar(0.5);
-    in->showConnectFromOverlay();
+    in->look().showTimingBar(0.5);
+    in->look().showConnectFromOverlay();
     auto *note = new NoteNode(NoteNode::Left);
     place(note, "note", 2, 0);
     note->setComment("text\nover lines");

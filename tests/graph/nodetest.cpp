@@ -152,7 +152,7 @@ TEST_F(NodeTest, ClonesKeepIdPlaceAndCommentButNoAlias)
 {
     TransformNode *pad = transform("Pad", "mine", 2, 3, {input("in", 0, 0)}, "2");
     pad->setComment("why");
-    const std::unique_ptr<TransformNode> copy(pad->clone());
+    const std::unique_ptr<TransformNode> copy(static_cast<TransformNode *>(pad->clone()));
     EXPECT_EQ(copy->id(), pad->id());
     EXPECT_EQ(copy->pos(), pad->pos());
     EXPECT_EQ(copy->comment(), "why");

@@ -2,6 +2,7 @@
 
 #include "graph/graphhooks.h"
 #include "graph/nodefactory.h"
+#include "graph/nodelook.h"
 #include "graph/nodeplacement.h"
 #include "graph/notenode.h"
 #include "graph/undostep.h"
@@ -132,7 +133,7 @@ TEST_F(SceneTest, DrawingAConnection)
     EXPECT_EQ(changed.size(), 1);
     EXPECT_EQ(pad->transform()->parameter("Columns")->node(), static_cast<DataSource *>(in));
 
-    in->showConnectFromOverlay();
+    in->look().showConnectFromOverlay();
     press(scene, in->connectionPoint(Direction::Outgoing, 0.5));
     EXPECT_TRUE(scene.isConnecting());
     press(scene, {-500, -500});

@@ -352,7 +352,7 @@ TEST_F(InputNodeTest, ACloneHasAllOptionsAndNoData)
     node.setComment("note");
     node.setAlias("in");
     node.setPos(10, 20);
-    const std::unique_ptr<InputNode> copy(node.clone());
+    const std::unique_ptr<InputNode> copy(static_cast<InputNode *>(node.clone()));
     EXPECT_EQ(copy->options().values(), options.values());
     EXPECT_EQ(copy->summaryRow(), node.summaryRow());
     EXPECT_EQ(copy->id(), 12);

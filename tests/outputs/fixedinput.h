@@ -17,13 +17,13 @@ public:
 
     void setTable(const Dataset &table)
     {
+        m_table = table;
         m_dataset = table;
         m_dataset.assignColumnIds(id());
         setState(NodeState::Processed, true);
     }
 
     int type() const override { return ItemType::Input; }
-    FixedInput *clone() const override { return nullptr; }
     QString name() const override { return QString(); }
     QString description() const override { return QString(); }
     QString helpPage() const override { return QString(); }
@@ -31,10 +31,19 @@ public:
     int maxInputs() const override { return 0; }
     int maxOutputs() const override { return unlimited; }
     bool canProcess() const override { return true; }
-    void process(bool, bool) override {}
     InfoRows kindRows() const override { return {}; }
     InfoRows optionRows() const override { return {}; }
     QColor borderColor() const override { return QColor(); }
     QColor boxColor() const override { return QColor(); }
     QColor textColor() const override { return QColor(); }
+
+private:
+    bool produce() override
+    {
+        m_dataset = m_table;
+        return true;
+    }
+    Node *cloneKind() const override { return new FixedInput(m_table); }
+
+    Dataset m_table;
 };

@@ -351,7 +351,7 @@ TEST(OutputNode, ClonesWithEveryOption)
     options.headerOnlyIfEmpty = false;
     node.setOptions(options);
     node.columns().setStored("1", "2", "3");
-    const std::unique_ptr<OutputNode> copy(node.clone());
+    const std::unique_ptr<OutputNode> copy(static_cast<OutputNode *>(node.clone()));
     EXPECT_EQ(copy->summaryRow(), node.summaryRow());
     EXPECT_EQ(copy->pos(), node.pos());
     EXPECT_EQ(copy->sheetName(), QString("S"));
