@@ -7,6 +7,7 @@
 #include "app/testdocument.h"
 #include "graph/connection.h"
 #include "graph/graphscene.h"
+#include "graph/nodelook.h"
 #include "graph/notenode.h"
 #include "graph/runcontrol.h"
 #include "graph/transformnode.h"
@@ -266,12 +267,12 @@ TEST_F(CanvasTest, TheKeyboardConnects)
     ASSERT_TRUE(scene().isConnecting());
     KeyboardConnection &connection = pane().keyboardConnection();
     const Node *first = connection.target();
-    EXPECT_TRUE(first->isConnectionHighlighted());
+    EXPECT_TRUE(first->look().isHighlighted());
     EXPECT_TRUE(messages.last().contains(first->name()));
     press(Qt::Key_Down);
     const Node *second = connection.target();
     EXPECT_NE(second, first);
-    EXPECT_FALSE(first->isConnectionHighlighted());
+    EXPECT_FALSE(first->look().isHighlighted());
     press(Qt::Key_Down);
     EXPECT_EQ(connection.target(), first) << "round to the first";
     press(Qt::Key_Escape);
@@ -286,7 +287,7 @@ TEST_F(CanvasTest, TheKeyboardConnects)
     press(Qt::Key_Return);
     EXPECT_TRUE(joined->isDirectlyConnectedTo(&node(lowId)));
     EXPECT_EQ(selected(), joined->id());
-    EXPECT_FALSE(joined->isConnectionHighlighted());
+    EXPECT_FALSE(joined->look().isHighlighted());
     trigger("m_editUndoAction");
     EXPECT_TRUE(node(lowId).connections(Direction::Both).isEmpty());
 }

@@ -2,6 +2,7 @@
 
 #include "graph/graphscene.h"
 #include "graph/node.h"
+#include "graph/nodelook.h"
 #include "graph/nodeorder.h"
 
 #include <QKeyEvent>
@@ -45,7 +46,7 @@ Node *KeyboardConnection::target() const
 void KeyboardConnection::choose(int index)
 {
     if (Node *old = target()) {
-        old->setConnectionHighlighted(false);
+        old->look().setHighlighted(false);
     }
     m_index = index;
     Node *chosen = target();
@@ -53,7 +54,7 @@ void KeyboardConnection::choose(int index)
         cancel();
         return;
     }
-    chosen->setConnectionHighlighted(true);
+    chosen->look().setHighlighted(true);
     m_scene->setConnectionEnd(chosen->connectionPoint(Direction::Incoming, 0.5));
     emit targetChanged(chosen);
     emit message(QStringLiteral("Connect '%1' to '%2': Enter connects, arrow keys choose, Esc ends")
@@ -101,7 +102,7 @@ void KeyboardConnection::finish(bool connects)
     const QPointer<Node> from = m_from;
     const QPointer<Node> chosen = target();
     if (chosen) {
-        chosen->setConnectionHighlighted(false);
+        chosen->look().setHighlighted(false);
     }
     m_scene.clear();
     m_targets.clear();

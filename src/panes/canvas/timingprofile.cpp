@@ -2,6 +2,7 @@
 
 #include "graph/graphscene.h"
 #include "graph/node.h"
+#include "graph/nodelook.h"
 
 void showTimingProfile(GraphScene &scene, bool on)
 {
@@ -12,9 +13,9 @@ void showTimingProfile(GraphScene &scene, bool on)
     }
     for (Node *node : nodes) {
         if (on && node->type() != ItemType::Note) {
-            node->showTimingBar(static_cast<double>(node->processingMs()) / longest);
+            node->look().showTimingBar(static_cast<double>(node->processingMs()) / longest);
         } else {
-            node->hideTimingBar();
+            node->look().hideTimingBar();
         }
     }
 }
