@@ -1,5 +1,5 @@
 #include "spreadsheet/book.h"
-#include "spreadsheet/xlsxeditbook.h"
+#include "spreadsheet/xlsx/xlsxeditbook.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "spreadsheet/xlsxeditbook.h"
+#include "spreadsheet/xlsx/xlsxeditbook.h"
 
 #define DECLARATION "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\r\n"
 #define MAIN "xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\""

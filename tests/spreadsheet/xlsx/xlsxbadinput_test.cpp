@@ -1,5 +1,5 @@
+#include "spreadsheet/xlsx/xlsxtestbook.h"
 #include "spreadsheet/xlsx/ziparchive.h"
-#include "spreadsheet/xlsxtestbook.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,5 +1,5 @@
 #include "spreadsheet/xlsx/relationships.h"
-#include "spreadsheet/xlsxtestbook.h"
+#include "spreadsheet/xlsx/xlsxtestbook.h"
 
 #include <QTextCodec>
 #include <gtest/gtest.h>

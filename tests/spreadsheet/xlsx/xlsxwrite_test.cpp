@@ -1,5 +1,5 @@
 #include "spreadsheet/book.h"
-#include "spreadsheet/xlsxwritepackage.h"
+#include "spreadsheet/xlsx/xlsxwritepackage.h"
 
 #include <QDir>
 #include <QFile>

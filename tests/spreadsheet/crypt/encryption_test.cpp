@@ -1,5 +1,5 @@
 #include "spreadsheet/xls/compoundfile.h"
-#include "xlstestbook.h"
+#include "spreadsheet/xls/xlstestbook.h"
 
 #include <QFile>
 #include <QRandomGenerator>

@@ -1,4 +1,4 @@
-#include "spreadsheet/xlsxwritepackage.h"
+#include "spreadsheet/xlsx/xlsxwritepackage.h"
 
 #include <QFile>
 #include <zip.h>

@@ -1,5 +1,5 @@
 #include "spreadsheet/xlsx/stylecolors.h"
-#include "spreadsheet/xlsxtestbook.h"
+#include "spreadsheet/xlsx/xlsxtestbook.h"
 
 #include <gtest/gtest.h>
 

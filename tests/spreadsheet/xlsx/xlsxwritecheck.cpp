@@ -1,5 +1,5 @@
 #include "spreadsheet/cellreference.h"
-#include "spreadsheet/xlsxwritepackage.h"
+#include "spreadsheet/xlsx/xlsxwritepackage.h"
 
 #include <QDir>
 #include <QDomDocument>

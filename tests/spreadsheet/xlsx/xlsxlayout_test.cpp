@@ -1,4 +1,4 @@
-#include "spreadsheet/xlsxtestbook.h"
+#include "spreadsheet/xlsx/xlsxtestbook.h"
 
 #include <gtest/gtest.h>
 
