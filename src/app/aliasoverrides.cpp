@@ -1,9 +1,10 @@
 #include "app/aliasoverrides.h"
 
 #include "charts/chartnode.h"
+#include "files/filesheet.h"
 #include "graph/graphscene.h"
-#include "inputs/inputnode.h"
-#include "outputs/outputnode.h"
+#include "inputnode/inputnode.h"
+#include "outputnode/outputnode.h"
 #include "platform/paths.h"
 
 #include <QFileInfo>
@@ -11,11 +12,11 @@
 namespace {
 
 /// Parts the sheet in brackets from the path of a workbook; without one, the item's sheet stays.
-IONode::FileSheet parted(const QString &value, const IONode &node)
+FileSheet parted(const QString &value, const IONode &node)
 {
-    IONode::FileSheet source{value, node.sheetName()};
+    FileSheet source{value, node.sheetName()};
     if (FileType::isExcel(node.fileType()) && !QFileInfo::exists(value)) {
-        const IONode::FileSheet split = IONode::splitFileSheet(value);
+        const FileSheet split = splitFileSheet(value);
         source = split.file == value ? source : split;
     }
     return source;
@@ -54,7 +55,7 @@ private:
             return input->medium() == Medium::Folder ? setFolder(*input) : setFile(*input);
         }
         if (auto *output = qobject_cast<OutputNode *>(&node)) {
-            const IONode::FileSheet target = parted(m_value, *output);
+            const FileSheet target = parted(m_value, *output);
             output->setPath(target.file, target.sheet);
         } else if (auto *chart = qobject_cast<ChartNode *>(&node)) {
             chart->setPath(m_value);
@@ -71,7 +72,7 @@ private:
         if (input.medium() != Medium::File) {
             return QString();
         }
-        const IONode::FileSheet source = parted(m_value, input);
+        const FileSheet source = parted(m_value, input);
         const QFileInfo file(source.file);
         if (!file.isFile()) {
             return QStringLiteral("File '%1' does not exist").arg(m_value);

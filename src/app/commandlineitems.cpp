@@ -1,9 +1,10 @@
 #include "app/commandlineitems.h"
 
 #include "charts/chartnode.h"
+#include "files/filesheet.h"
 #include "graph/graphscene.h"
-#include "inputs/inputnode.h"
-#include "outputs/outputnode.h"
+#include "inputnode/inputnode.h"
+#include "outputnode/outputnode.h"
 
 #include <algorithm>
 
@@ -22,7 +23,7 @@ CommandLineItem inputItem(const InputNode &input)
     item.kind = CommandLineItem::Input;
     item.alias = input.alias();
     item.isFolder = input.medium() == Medium::Folder;
-    item.path = item.isFolder ? input.path() : IONode::fileSheetText(input.path(), input.sheetName());
+    item.path = item.isFolder ? input.path() : fileSheetText(input.path(), input.sheetName());
     item.isConnected = !input.allDownstreamOfKind(ItemType::Output, false).isEmpty()
                        || !input.allDownstreamOfKind(ItemType::Chart, false).isEmpty();
     return item;
@@ -40,7 +41,7 @@ CommandLineItem leafItem(const Node &node, CommandLineItem::Kind kind)
 CommandLineItem outputItem(const OutputNode &output)
 {
     CommandLineItem item = leafItem(output, CommandLineItem::Output);
-    item.path = IONode::fileSheetText(output.path(), output.sheetName());
+    item.path = fileSheetText(output.path(), output.sheetName());
     item.writeMode = output.writeMode();
     item.lacksFilesColumn = output.isMultiFile() && output.storedMultiFileColumn().isEmpty();
     return item;

@@ -4,9 +4,10 @@
 #include "app/runlog.h"
 #include "charts/chartnode.h"
 #include "data/values.h"
+#include "files/filesheet.h"
 #include "graph/graphscene.h"
 #include "graph/transformnode.h"
-#include "outputs/outputnode.h"
+#include "outputnode/outputnode.h"
 
 #include <QDateTime>
 
@@ -155,7 +156,7 @@ void CommandLineReport::countOutput(const OutputNode &output)
     for (const QString &path : output.writtenFiles()) {
         ++m_outputWrites[path];
         if (options.writeMode == WriteMode::Overwrite) {
-            ++m_replacements[onlySheet ? IONode::fileSheetText(path, output.lastSheetName()) : path];
+            ++m_replacements[onlySheet ? fileSheetText(path, output.lastSheetName()) : path];
         }
     }
 }

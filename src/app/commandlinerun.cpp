@@ -7,7 +7,7 @@
 #include "app/rowsmilestone.h"
 #include "app/runlog.h"
 #include "graph/runcontrol.h"
-#include "outputs/outputnode.h"
+#include "outputnode/outputnode.h"
 #include "panes/dialogs/insufficientmemorydialog.h"
 #include "platform/console.h"
 #include "settings/product.h"

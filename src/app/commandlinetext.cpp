@@ -1,5 +1,6 @@
 #include "app/commandlinetext.h"
 
+#include "files/filesheet.h"
 #include "graph/ionode.h"
 #include "outputs/outputenums.h"
 
@@ -194,7 +195,7 @@ QString looped(const QString &command, const CommandLineTextOptions &options)
 LoopPattern loopPatternOf(const QString &path)
 {
     LoopPattern pattern;
-    const QString file = IONode::splitFileSheet(path).file;
+    const QString file = splitFileSheet(path).file;
     pattern.worksheetSuffix = path.mid(file.size());
     const QFileInfo info(file);
     pattern.folder = QDir::toNativeSeparators(info.absolutePath());

@@ -7,8 +7,8 @@
 #include "app/recentdocuments.h"
 #include "app/recoveryfile.h"
 #include "graph/graphscene.h"
-#include "graph/waitcursor.h"
 #include "panes/dialogs/prompts.h"
+#include "platform/waitcursor.h"
 #include "settings/product.h"
 #include "settings/settings.h"
 

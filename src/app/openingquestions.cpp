@@ -3,8 +3,8 @@
 #include "charts/chartnode.h"
 #include "data/values.h"
 #include "graph/graphscene.h"
-#include "inputs/inputnode.h"
-#include "outputs/outputnode.h"
+#include "inputnode/inputnode.h"
+#include "outputnode/outputnode.h"
 #include "panes/dialogs/prompts.h"
 #include "settings/settings.h"
 

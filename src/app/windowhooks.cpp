@@ -8,12 +8,12 @@
 #include "graph/graphhooks.h"
 #include "graph/runcontrol.h"
 #include "graph/undostep.h"
-#include "graph/waitcursor.h"
-#include "outputs/outputnode.h"
+#include "outputnode/outputnode.h"
 #include "panes/canvas/graphpane.h"
 #include "panes/dialogs/insufficientmemorydialog.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/dialogs/texteditdlg.h"
+#include "platform/waitcursor.h"
 #include "settings/settings.h"
 
 WindowHooks::WindowHooks(const CommandContext &context, DocumentCommands &documents)

@@ -5,8 +5,8 @@
 #include "graph/graphscene.h"
 #include "graph/notenode.h"
 #include "graph/transformnode.h"
-#include "inputs/inputnode.h"
-#include "outputs/outputnode.h"
+#include "inputnode/inputnode.h"
+#include "outputnode/outputnode.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/parameter.h"
 

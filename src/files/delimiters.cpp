@@ -1,4 +1,4 @@
-#include "graph/delimiters.h"
+#include "files/delimiters.h"
 
 QStringList DelimiterKind::labels()
 {

@@ -1,6 +1,6 @@
-#include "graph/excellimits.h"
+#include "files/excellimits.h"
 
-#include "graph/filetypes.h"
+#include "settings/filetypes.h"
 
 namespace {
 

@@ -1,12 +1,11 @@
-#include "graph/excelmessages.h"
+#include "files/excelmessages.h"
 
-#include "graph/ionode.h"
+#include "files/filesheet.h"
 
 QString ExcelMessages::notLoaded(const QString &path, const QString &reason)
 {
     return withReason(
-        QStringLiteral("Unable to load Excel workbook '%1' information.").arg(IONode::absoluteNativePath(path)),
-        reason);
+        QStringLiteral("Unable to load Excel workbook '%1' information.").arg(absoluteNativePath(path)), reason);
 }
 
 QString ExcelMessages::withReason(const QString &text, const QString &reason)

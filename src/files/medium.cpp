@@ -1,4 +1,4 @@
-#include "graph/filetypes.h"
+#include "files/medium.h"
 
 QString Medium::label(int medium)
 {

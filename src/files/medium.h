@@ -1,15 +1,6 @@
 #pragma once
 
-#include "settings/filetypes.h"
-
-namespace FileType {
-
-inline bool isExcel(int type)
-{
-    return type == ExcelXlsx || type == ExcelXls;
-}
-
-} // namespace FileType
+#include <QString>
 
 /// Where a table comes from or goes to. The numbers stand in documents.
 namespace Medium {

@@ -6,7 +6,7 @@
 #include "graph/nodeorder.h"
 #include "graph/nodetext.h"
 #include "graph/runcontrol.h"
-#include "graph/waitcursor.h"
+#include "platform/waitcursor.h"
 #include "settings/settings.h"
 #include "transforms/frame/documentcontext.h"
 

@@ -6,7 +6,7 @@
 #include "graph/nodecopies.h"
 #include "graph/nodeplacement.h"
 #include "graph/undostep.h"
-#include "graph/waitcursor.h"
+#include "platform/waitcursor.h"
 
 #include <algorithm>
 

@@ -5,7 +5,7 @@
 #include "graph/graphscene.h"
 #include "graph/transformnode.h"
 #include "graph/undostep.h"
-#include "graph/waitcursor.h"
+#include "platform/waitcursor.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/parameter.h"
 

@@ -16,7 +16,7 @@
 #include "graph/runcontrol.h"
 #include "graph/transformnode.h"
 #include "graph/undostep.h"
-#include "graph/waitcursor.h"
+#include "platform/waitcursor.h"
 #include "transforms/catalogue.h"
 #include "transforms/frame/transform.h"
 

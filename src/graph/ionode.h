@@ -1,7 +1,8 @@
 #pragma once
 
-#include "graph/filetypes.h"
+#include "files/medium.h"
 #include "graph/node.h"
+#include "settings/filetypes.h"
 
 /// What inputs and outputs share: where the data lies and in what form.
 class IONode : public Node
@@ -28,18 +29,6 @@ public:
     void setCustomDelimiter(QChar c) { m_customDelimiter = c; }
     const QString &encoding() const { return m_encoding; }
     void setEncoding(const QString &name) { m_encoding = name; }
-
-    /// `path` made absolute, with the system's separators.
-    static QString absoluteNativePath(const QString &path);
-    /// The path, with "[sheet]" behind it when there is a sheet.
-    static QString fileSheetText(const QString &path, const QString &sheet);
-    struct FileSheet
-    {
-        QString file;
-        QString sheet;
-    };
-    /// Takes "file[sheet]" apart; a text that doesn't end in square brackets is all file.
-    static FileSheet splitFileSheet(const QString &text);
 
     QVariantList summaryRow() const override;
 

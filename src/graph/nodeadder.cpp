@@ -1,7 +1,7 @@
 #include "graph/nodeadder.h"
 
+#include "files/excellimits.h"
 #include "graph/connection.h"
-#include "graph/excellimits.h"
 #include "graph/graphhooks.h"
 #include "graph/graphscene.h"
 #include "graph/ionode.h"
@@ -12,7 +12,7 @@
 #include "graph/runcontrol.h"
 #include "graph/transformnode.h"
 #include "graph/undostep.h"
-#include "graph/waitcursor.h"
+#include "platform/waitcursor.h"
 #include "settings/product.h"
 #include "settings/settings.h"
 #include "transforms/frame/transform.h"

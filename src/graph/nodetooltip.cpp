@@ -1,4 +1,5 @@
 #include "data/values.h"
+#include "files/filesheet.h"
 #include "graph/ionode.h"
 #include "graph/nodetext.h"
 
@@ -134,7 +135,7 @@ InfoRows Node::commentRows() const
 InfoRows Node::fileRows(const QString &path)
 {
     const QFileInfo file(path);
-    InfoRows rows{{QStringLiteral("File location"), IONode::absoluteNativePath(path)},
+    InfoRows rows{{QStringLiteral("File location"), absoluteNativePath(path)},
         {QStringLiteral("File readable"), NodeText::yesNo(file.isReadable())},
         {QStringLiteral("File writable"), NodeText::yesNo(file.isWritable())}};
     if (file.exists()) {
@@ -148,7 +149,7 @@ InfoRows Node::fileRows(const QString &path)
 InfoRows Node::folderRows(const QString &path, const QString &mask, bool recurse)
 {
     const QFileInfo folder(path);
-    return {{QStringLiteral("Folder location"), IONode::absoluteNativePath(path)},
+    return {{QStringLiteral("Folder location"), absoluteNativePath(path)},
         {QStringLiteral("Folder readable"), NodeText::yesNo(folder.isReadable())},
         {QStringLiteral("Folder created"), timeText(folder.birthTime())},
         {QStringLiteral("Folder modified"), timeText(folder.lastModified())},

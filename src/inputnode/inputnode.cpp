@@ -1,4 +1,4 @@
-#include "inputs/inputnode.h"
+#include "inputnode/inputnode.h"
 
 #include "data/values.h"
 #include "graph/graphscene.h"

@@ -1,4 +1,5 @@
-#include "inputs/inputnode.h"
+#include "files/filesheet.h"
+#include "inputnode/inputnode.h"
 
 #include "data/values.h"
 #include "inputs/excelreader.h"

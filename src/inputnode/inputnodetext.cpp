@@ -1,8 +1,9 @@
 #include "data/values.h"
+#include "files/filesheet.h"
 #include "graph/colors.h"
 #include "graph/nodetext.h"
+#include "inputnode/inputnode.h"
 #include "inputs/delimitedreader.h"
-#include "inputs/inputnode.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #include "inputs/delimiterguess.h"
 
 #include "data/values.h"
-#include "graph/delimiters.h"
+#include "files/delimiters.h"
 
 #include <QStringList>
 #include <array>

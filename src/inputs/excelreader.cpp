@@ -1,8 +1,9 @@
 #include "inputs/excelreader.h"
 
-#include "graph/excelmessages.h"
-#include "graph/ionode.h"
+#include "files/excelmessages.h"
+#include "files/filesheet.h"
 #include "inputs/readmessages.h"
+#include "settings/filetypes.h"
 #include "settings/settings.h"
 
 #include <QFileInfo>
@@ -129,7 +130,7 @@ std::unique_ptr<Book> loadExcelBook(int fileType, const QString &path, QString *
         }
         *error = ExcelMessages::notLoaded(path, book->errorMessage());
     } catch (const std::bad_alloc &) {
-        *error = tooBigToRead(IONode::absoluteNativePath(path));
+        *error = tooBigToRead(absoluteNativePath(path));
     }
     return nullptr;
 }
@@ -153,7 +154,7 @@ bool readExcelSheet(Book &book, const QString &path, const QString &sheet, const
         readSheet(book, *found, options, progress, result);
     } catch (const std::bad_alloc &) {
         *result = ExcelReadResult();
-        result->error = tooBigToRead(IONode::absoluteNativePath(path));
+        result->error = tooBigToRead(absoluteNativePath(path));
         return false;
     }
     book.releaseSheet(position);

@@ -1,7 +1,7 @@
 #include "inputs/excelsheets.h"
 
 #include "data/values.h"
-#include "graph/ionode.h"
+#include "files/filesheet.h"
 #include "inputs/excelreader.h"
 #include "inputs/readmessages.h"
 
@@ -63,7 +63,7 @@ ExcelSheetEntry listExcelSheets(int fileType, const QString &path, QString *mess
 {
     message->clear();
     const QFileInfo file(path);
-    const QString shownPath = IONode::absoluteNativePath(path);
+    const QString shownPath = absoluteNativePath(path);
     if (!file.exists()) {
         *message = QStringLiteral("File '%1' not found.").arg(shownPath);
         return {};

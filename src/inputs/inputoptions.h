@@ -1,8 +1,9 @@
 #pragma once
 
-#include "graph/delimiters.h"
-#include "graph/filetypes.h"
+#include "files/delimiters.h"
+#include "files/medium.h"
 #include "inputs/inputschema.h"
+#include "settings/filetypes.h"
 
 #include <QChar>
 #include <QList>

@@ -1,6 +1,6 @@
 #include "inputs/listinputfiles.h"
 
-#include "graph/ionode.h"
+#include "files/filesheet.h"
 #include "platform/paths.h"
 #include "settings/settings.h"
 
@@ -61,7 +61,7 @@ private:
 
     void warn(const char *text, const QString &path)
     {
-        m_warnings.append(QString::fromLatin1(text).arg(IONode::absoluteNativePath(path)));
+        m_warnings.append(QString::fromLatin1(text).arg(absoluteNativePath(path)));
     }
 
     const QStringList m_filters;

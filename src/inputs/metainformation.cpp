@@ -1,7 +1,7 @@
 #include "inputs/metainformation.h"
 
 #include "data/values.h"
-#include "graph/ionode.h"
+#include "files/filesheet.h"
 #include "platform/username.h"
 
 #include <QDateTime>
@@ -47,7 +47,7 @@ const Variable table[] = {
     {"DataColumns", false, [](const Context &c) { return formatInteger(c.source.columns, false); }},
     {"DataValues", false,
         [](const Context &c) { return formatInteger(qlonglong(c.source.rows) * c.source.columns, false); }},
-    {"FilePath", true, [](const Context &c) { return IONode::absoluteNativePath(c.source.path); }},
+    {"FilePath", true, [](const Context &c) { return absoluteNativePath(c.source.path); }},
     {"FolderPath", true, [](const Context &c) { return QDir::toNativeSeparators(c.file.absolutePath()); }},
     {"FileName", true, [](const Context &c) { return c.file.fileName(); }},
     {"FileSizeBytes", true, [](const Context &c) { return formatInteger(c.file.size(), false); }},

@@ -2,7 +2,7 @@
 
 #include "data/dataset.h"
 #include "data/values.h"
-#include "graph/ionode.h"
+#include "files/filesheet.h"
 #include "inputs/delimitedreader.h"
 #include "inputs/fixedwidthreader.h"
 #include "inputs/jsonreader.h"
@@ -50,7 +50,7 @@ qint64 lineAt(const QString &path, const QString &encoding, qint64 position)
 bool SourceReader::readFile(const QString &path, Dataset *dataset)
 {
     QFile file(path);
-    const QString name = IONode::absoluteNativePath(path);
+    const QString name = absoluteNativePath(path);
     if (!platform::openDataFile(file)) {
         m_warnings.append(QStringLiteral("Unable to read '%1'").arg(name));
         return false;

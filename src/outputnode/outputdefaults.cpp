@@ -1,6 +1,6 @@
-#include "outputs/outputdefaults.h"
+#include "outputnode/outputdefaults.h"
 
-#include "outputs/outputnode.h"
+#include "outputnode/outputnode.h"
 #include "outputs/outputpaths.h"
 #include "settings/settings.h"
 

@@ -1,7 +1,7 @@
-#include "outputs/outputnode.h"
+#include "outputnode/outputnode.h"
 
-#include "graph/delimiters.h"
-#include "outputs/filenamevariables.h"
+#include "files/delimiters.h"
+#include "outputnode/filenamecontext.h"
 #include "outputs/outputpaths.h"
 
 #include <QFileInfo>
@@ -103,7 +103,7 @@ const Dataset *OutputNode::knownDataset() const
 
 QString OutputNode::expandedPath() const
 {
-    return FileNameVariables::expanded(m_path, FileNameVariables::contextOf(graphScene()));
+    return FileNameVariables::expanded(m_path, fileNameContext(graphScene()));
 }
 
 Node *OutputNode::cloneKind() const

@@ -1,8 +1,9 @@
-#include "graph/excellimits.h"
+#include "files/excellimits.h"
+#include "files/filesheet.h"
 #include "graph/graphscene.h"
+#include "outputnode/outputnode.h"
 #include "outputs/excelformats.h"
 #include "outputs/excelwriter.h"
-#include "outputs/outputnode.h"
 #include "outputs/outputpaths.h"
 #include "outputs/sheetstyle.h"
 #include "settings/product.h"
@@ -16,7 +17,7 @@ namespace {
 
 QString doneText(const ExcelWriteRequest &request, bool existed)
 {
-    const QString path = IONode::absoluteNativePath(request.path);
+    const QString path = absoluteNativePath(request.path);
     if (!existed) {
         return QStringLiteral("Created file '%1'").arg(path);
     }

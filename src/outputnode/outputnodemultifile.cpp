@@ -1,9 +1,10 @@
 #include "data/values.h"
+#include "files/filesheet.h"
 #include "graph/graphscene.h"
-#include "outputs/filenamevariables.h"
+#include "outputnode/filenamecontext.h"
+#include "outputnode/outputnode.h"
 #include "outputs/multifilesummary.h"
 #include "outputs/multifiletargets.h"
-#include "outputs/outputnode.h"
 
 #include <QFile>
 
@@ -50,7 +51,7 @@ bool OutputNode::writeMultipleFiles()
 /// Says what is about to be written; false when that is nothing, or the user doesn't want it.
 bool OutputNode::confirm(const MultiFileTargets &plan)
 {
-    const FileNameVariables::Context context = FileNameVariables::contextOf(graphScene());
+    const FileNameVariables::Context context = fileNameContext(graphScene());
     QStringList existing;
     QStringList created;
     for (const MultiFileTargets::Target &target : plan.targets) {

@@ -1,7 +1,8 @@
 #include "data/values.h"
+#include "files/delimiters.h"
+#include "files/filesheet.h"
 #include "graph/colors.h"
-#include "graph/delimiters.h"
-#include "outputs/outputnode.h"
+#include "outputnode/outputnode.h"
 
 #include <QDir>
 #include <QFileInfo>

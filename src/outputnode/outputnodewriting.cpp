@@ -1,11 +1,12 @@
 #include "data/values.h"
-#include "graph/delimiters.h"
+#include "files/delimiters.h"
+#include "files/filesheet.h"
+#include "outputnode/filenamecontext.h"
+#include "outputnode/outputnode.h"
 #include "outputs/delimitedwriter.h"
-#include "outputs/filenamevariables.h"
 #include "outputs/htmlwriter.h"
 #include "outputs/jsonwriter.h"
 #include "outputs/markdownwriter.h"
-#include "outputs/outputnode.h"
 #include "outputs/outputpaths.h"
 #include "outputs/outputtree.h"
 #include "outputs/plaintextwriter.h"
@@ -97,7 +98,7 @@ ColumnMaps OutputNode::columnMaps() const
 
 bool OutputNode::writeFile(QString path, QString sheet, const Dataset &dataset, const ColumnMaps &maps)
 {
-    FileNameVariables::expand(path, sheet, FileNameVariables::contextOf(graphScene()));
+    FileNameVariables::expand(path, sheet, fileNameContext(graphScene()));
     m_lastFilePath = path;
     m_lastSheetName = sheet;
     const bool written = FileType::isExcel(m_fileType) ? writeExcelFile(path, sheet, dataset, maps.excel)
@@ -282,7 +283,7 @@ void OutputNode::warnOfInvalidCharacters(int count)
 
 QString OutputNode::expandedComment() const
 {
-    return FileNameVariables::expanded(m_options.fileComment, FileNameVariables::contextOf(graphScene()));
+    return FileNameVariables::expanded(m_options.fileComment, fileNameContext(graphScene()));
 }
 
 bool OutputNode::shouldWriteHeader(const QString &path) const

@@ -1,11 +1,11 @@
 #include "outputs/excelwriter.h"
 
-#include "graph/excelmessages.h"
-#include "graph/ionode.h"
-#include "graph/waitcursor.h"
+#include "files/excelmessages.h"
+#include "files/filesheet.h"
 #include "outputs/cellrows.h"
 #include "outputs/excelbook.h"
 #include "outputs/sheetrowwriter.h"
+#include "platform/waitcursor.h"
 
 #include <QFileInfo>
 #include <new>
@@ -59,7 +59,7 @@ public:
     SheetWriting(const ExcelWriteRequest &request, ExcelWriteReport *report)
         : m_request(request)
         , m_report(*report)
-        , m_shownPath(IONode::absoluteNativePath(request.path))
+        , m_shownPath(absoluteNativePath(request.path))
         , m_book(ExcelBook::kindOf(request.fileType))
     {
     }
@@ -161,7 +161,7 @@ bool writeSheet(const ExcelWriteRequest &request, ExcelWriteReport *report)
         return SheetWriting(request, report).write();
     } catch (const std::bad_alloc &) {
         report->error = QStringLiteral("Unable to open/create Excel workbook '%1'.")
-                            .arg(IONode::absoluteNativePath(request.path));
+                            .arg(absoluteNativePath(request.path));
         return false;
     }
 }

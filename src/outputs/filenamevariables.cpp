@@ -1,7 +1,5 @@
 #include "outputs/filenamevariables.h"
 
-#include "graph/graphscene.h"
-#include "graph/ionode.h"
 #include "platform/paths.h"
 #include "platform/username.h"
 #include "settings/version.h"
@@ -84,22 +82,6 @@ void replaceDatesAndHost(QString &text, const QString &documentPath, const QDate
 }
 
 } // namespace
-
-FileNameVariables::Context FileNameVariables::contextOf(const GraphScene *scene)
-{
-    Context context;
-    if (!scene) {
-        return context;
-    }
-    context.documentPath = scene->documentPath();
-    const QList<IONode *> inputs = scene->inputNodes();
-    for (const IONode *input : inputs) {
-        if (input->medium() != Medium::Clipboard && !input->alias().isEmpty()) {
-            context.sources.append({input->alias(), input->path(), input->sheetName()});
-        }
-    }
-    return context;
-}
 
 void FileNameVariables::expand(QString &path, QString &sheet, const Context &context, const QDateTime &now)
 {

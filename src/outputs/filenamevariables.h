@@ -5,8 +5,6 @@
 #include <QString>
 #include <QStringList>
 
-class GraphScene;
-
 /// Variables in braces that may stand in the path of a file to be written, in its sheet's name and in its comment:
 /// parts of an input's path by the input's alias, date and time, and where and by whom the program is run.
 namespace FileNameVariables {
@@ -27,9 +25,6 @@ struct Context
     /// Empty while the document isn't saved.
     QString documentPath;
 };
-
-/// The inputs and the document of `scene`, which may be null.
-Context contextOf(const GraphScene *scene);
 
 /// Replaces the variables in both texts; what isn't one stays. `now` is the time that date and time are taken from.
 void expand(QString &path, QString &sheet, const Context &context, const QDateTime &now = QDateTime::currentDateTime());

@@ -2,7 +2,7 @@
 
 #include "data/cellcolumn.h"
 #include "data/rowkeyindex.h"
-#include "graph/ionode.h"
+#include "files/filesheet.h"
 #include "outputs/outputpaths.h"
 #include "platform/paths.h"
 
@@ -67,7 +67,7 @@ public:
         if (text.endsWith(QLatin1Char('/')) || text.endsWith(QLatin1Char('\\'))) {
             return {EndsInFolder};
         }
-        IONode::FileSheet target = IONode::splitFileSheet(text);
+        FileSheet target = splitFileSheet(text);
         // Documents may come from a system that separates folders by backslashes.
         target.file.replace(QLatin1Char('\\'), QLatin1Char('/'));
         if (QDir::isRelativePath(target.file)) {
@@ -83,7 +83,7 @@ public:
     QStringList takeBlocked() { return std::exchange(m_newlyBlocked, {}); }
 
 private:
-    Reading readAbsolute(const IONode::FileSheet &target)
+    Reading readAbsolute(const FileSheet &target)
     {
         const QFileInfo file(target.file);
         if (file.isRelative()) {

@@ -1,8 +1,8 @@
 #include "outputs/sheetstyle.h"
 
-#include "graph/ionode.h"
-#include "graph/waitcursor.h"
+#include "files/filesheet.h"
 #include "outputs/excelbook.h"
+#include "platform/waitcursor.h"
 
 #include <QFileInfo>
 #include <map>
@@ -22,7 +22,7 @@ bool isSameFile(const QString &a, const QString &b)
 /// Null with the reason in `error`.
 Sheet *open(Book &book, const QString &path, const QString &sheet, QString *error)
 {
-    const QString shownPath = IONode::absoluteNativePath(path);
+    const QString shownPath = absoluteNativePath(path);
     if (!book.load(path)) {
         *error = QStringLiteral("Unable to read '%1'.").arg(shownPath);
         return nullptr;
@@ -153,7 +153,7 @@ bool copySheetStyle(int templateType, const QString &templatePath, const QString
     }
     StyleCopy(from, *model, &book, target).copy();
     if (!book.save(path)) {
-        *error = QStringLiteral("Unable to save changes to '%1'.").arg(IONode::absoluteNativePath(path));
+        *error = QStringLiteral("Unable to save changes to '%1'.").arg(absoluteNativePath(path));
         return false;
     }
     return true;

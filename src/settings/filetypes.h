@@ -27,6 +27,11 @@ QString label(int type);
 QString defaultExtension(int type);
 /// The line that lists of types show.
 QString description(int type);
+/// True for the kinds of workbook.
+inline bool isExcel(int type)
+{
+    return type == ExcelXlsx || type == ExcelXls;
+}
 /// The types that can be written, in the order of lists.
 const QList<int> &outputTypes();
 /// The types that can be read, in the order of lists.

@@ -2,8 +2,8 @@
 #include "app/boxanswers.h"
 #include "app/commandlinedialog.h"
 #include "graph/graphscene.h"
-#include "inputs/inputnode.h"
-#include "outputs/outputnode.h"
+#include "inputnode/inputnode.h"
+#include "outputnode/outputnode.h"
 #include "settings/settings.h"
 #include "support/printers.h"
 

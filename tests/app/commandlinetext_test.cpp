@@ -1,8 +1,8 @@
 #include "app/commandlineitems.h"
 #include "app/commandlinetext.h"
 #include "graph/graphscene.h"
-#include "inputs/inputnode.h"
-#include "outputs/outputnode.h"
+#include "inputnode/inputnode.h"
+#include "outputnode/outputnode.h"
 #include "support/printers.h"
 
 #include <gtest/gtest.h>

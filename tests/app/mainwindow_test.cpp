@@ -11,7 +11,7 @@
 #include "graph/graphscene.h"
 #include "graph/ionode.h"
 #include "graph/runcontrol.h"
-#include "outputs/outputnode.h"
+#include "outputnode/outputnode.h"
 #include "panes/canvas/graphpane.h"
 #include "panes/status/logpane.h"
 #include "panes/status/statusbar.h"

@@ -13,7 +13,7 @@
 #include "graph/runcontrol.h"
 #include "graph/transformnode.h"
 #include "graph/undostep.h"
-#include "outputs/outputnode.h"
+#include "outputnode/outputnode.h"
 #include "settings/settings.h"
 #include "support/waitfor.h"
 #include "transforms/catalogue.h"

@@ -1,6 +1,6 @@
 #include "charts/chartnode.h"
 #include "graph/graphscene.h"
-#include "inputs/inputnode.h"
+#include "inputnode/inputnode.h"
 #include "support/printers.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "graphfixture.h"
 
+#include "files/delimiters.h"
 #include "graph/arrowhead.h"
 #include "graph/colors.h"
-#include "graph/delimiters.h"
 #include "graph/nodelook.h"
 #include "graph/notenode.h"
 #include "graph/timingbar.h"

@@ -1,7 +1,7 @@
 #include "graph/runcontrol.h"
+#include "inputnode/inputnode.h"
 #include "inputs/clipboardtext.h"
 #include "inputs/delimitedreader.h"
-#include "inputs/inputnode.h"
 #include "inputs/listinputfiles.h"
 #include "settings/settings.h"
 #include "support/grid.h"

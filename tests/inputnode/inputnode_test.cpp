@@ -1,4 +1,4 @@
-#include "inputs/inputnode.h"
+#include "inputnode/inputnode.h"
 
 #include "graph/runcontrol.h"
 #include "inputs/delimitedreader.h"

@@ -1,6 +1,6 @@
 #include "graph/graphscene.h"
 #include "graph/runcontrol.h"
-#include "inputs/inputnode.h"
+#include "inputnode/inputnode.h"
 #include "support/grid.h"
 #include "support/waitfor.h"
 

@@ -1,7 +1,7 @@
 #include "inputs/delimitedreader.h"
 
 #include "data/dataset.h"
-#include "graph/delimiters.h"
+#include "files/delimiters.h"
 #include "inputs/referencereader.h"
 #include "inputs/textsource.h"
 #include "support/grid.h"

@@ -1,8 +1,8 @@
 #include "inputs/excelreader.h"
 
 #include "data/controlspace.h"
-#include "graph/filetypes.h"
 #include "inputs/excelsheets.h"
+#include "settings/filetypes.h"
 #include "spreadsheet/datesystem.h"
 #include "spreadsheet/format.h"
 #include "support/grid.h"

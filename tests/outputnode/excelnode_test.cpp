@@ -1,5 +1,5 @@
 #include "outputflow.h"
-#include "sheetview.h"
+#include "outputs/sheetview.h"
 #include "support/printers.h"
 
 #include <QFileInfo>

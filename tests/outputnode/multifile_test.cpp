@@ -1,7 +1,8 @@
+#include "files/filesheet.h"
 #include "outputflow.h"
 #include "outputs/multifilesummary.h"
 #include "outputs/multifiletargets.h"
-#include "sheetview.h"
+#include "outputs/sheetview.h"
 #include "support/printers.h"
 
 #include <QDir>
@@ -32,7 +33,7 @@ QStringList targetTexts(const MultiFileTargets &plan)
 {
     QStringList texts;
     for (const MultiFileTargets::Target &target : plan.targets) {
-        QString text = IONode::fileSheetText(target.file, target.sheet) + ':';
+        QString text = fileSheetText(target.file, target.sheet) + ':';
         for (const int row : target.rows) {
             text += ' ' + QString::number(row);
         }

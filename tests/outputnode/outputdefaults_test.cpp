@@ -1,6 +1,6 @@
-#include "graph/delimiters.h"
-#include "outputs/outputdefaults.h"
-#include "outputs/outputnode.h"
+#include "files/delimiters.h"
+#include "outputnode/outputdefaults.h"
+#include "outputnode/outputnode.h"
 #include "support/scopedsettings.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 
 #include "fixedinput.h"
 #include "graph/graphscene.h"
-#include "outputs/outputnode.h"
+#include "outputnode/outputnode.h"
 #include "support/grid.h"
 #include "support/scopedsettings.h"
 

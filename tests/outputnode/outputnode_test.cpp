@@ -1,5 +1,5 @@
+#include "files/delimiters.h"
 #include "graph/connection.h"
-#include "graph/delimiters.h"
 #include "graph/runcontrol.h"
 #include "outputflow.h"
 #include "support/printers.h"

@@ -1,5 +1,3 @@
-#include "fixedinput.h"
-#include "graph/graphscene.h"
 #include "outputs/filenamevariables.h"
 #include "support/printers.h"
 
@@ -63,18 +61,4 @@ TEST(FileNameVariables, AreAllListedByName)
         SCOPED_TRACE(name.toStdString());
         EXPECT_FALSE(FileNameVariables::expanded(name, {}).contains('{'));
     }
-}
-
-TEST(FileNameVariables, TakeTheInputsOfAScene)
-{
-    GraphScene scene;
-    scene.setDocumentPath("/docs/d.transform");
-    scene.insertNode(new FixedInput(Dataset(), "file", "/in/a.xlsx", "S"), QPointF());
-    scene.insertNode(new FixedInput(Dataset(), "clip", "/in/b.csv", "", Medium::Clipboard), QPointF());
-    scene.insertNode(new FixedInput(Dataset(), "", "/in/c.csv"), QPointF());
-    scene.insertNode(new FixedInput(Dataset(), "folder", "/in/d", "", Medium::Folder), QPointF());
-    const FileNameVariables::Context context = FileNameVariables::contextOf(&scene);
-    EXPECT_EQ(
-        FileNameVariables::expanded("{file}-{clip}-{folder}-{transformfname}", context), QString("a_S-{clip}-d-d"));
-    EXPECT_EQ(FileNameVariables::contextOf(nullptr).sources.size(), 0);
 }

@@ -5,7 +5,7 @@
 #include "document/graphfragment.h"
 #include "graph/graphscene.h"
 #include "graph/undostep.h"
-#include "graph/waitcursor.h"
+#include "platform/waitcursor.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

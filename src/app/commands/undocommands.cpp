@@ -5,8 +5,8 @@
 #include "app/undostack.h"
 #include "graph/graphscene.h"
 #include "graph/runcontrol.h"
-#include "graph/waitcursor.h"
 #include "panes/canvas/graphpane.h"
+#include "platform/waitcursor.h"
 #include "settings/settings.h"
 
 UndoCommands::UndoCommands(const CommandContext &context, MainActions &actions)
