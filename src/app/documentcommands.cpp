@@ -6,6 +6,7 @@
 #include "app/openingquestions.h"
 #include "app/recentdocuments.h"
 #include "app/recoveryfile.h"
+#include "data/values.h"
 #include "graph/graphscene.h"
 #include "panes/dialogs/prompts.h"
 #include "platform/waitcursor.h"
@@ -147,7 +148,9 @@ bool DocumentCommands::openDocument(const QString &givenPath)
         m_prompts.critical(QStringLiteral("Unable to open '%1': %2").arg(QDir::toNativeSeparators(path), error));
         return false;
     }
-    setDocumentLocale(loaded.locale);
+    if (!loaded.locale.isEmpty()) {
+        setDocumentLocale(QLocale(loaded.locale), true);
+    }
     if (!loaded.notAdded.isEmpty()) {
         m_prompts.warning(loaded.notAdded);
     }
@@ -174,19 +177,17 @@ bool DocumentCommands::openDocument(const QString &givenPath)
     return true;
 }
 
-void DocumentCommands::setDocumentLocale(const QString &name)
+void DocumentCommands::setDocumentLocale(const QLocale &locale, bool warn)
 {
-    const QLocale locale(name);
-    if (name.isEmpty() || locale == QLocale()) {
+    if (locale == QLocale()) {
         return;
     }
     QLocale::setDefault(locale);
     emit localeChanged();
-    if (Settings::current().warnOnLocaleChange()) {
+    if (warn && Settings::current().warnOnLocaleChange()) {
         m_prompts.information(
             QStringLiteral("The locale has changed to %1.\nYou can turn off this warning in 'Preferences'.")
-                .arg(QStringLiteral("%1/%2").arg(
-                    QLocale::languageToString(locale.language()), QLocale::countryToString(locale.country()))));
+                .arg(localeName(locale)));
     }
 }
 

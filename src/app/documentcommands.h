@@ -29,6 +29,8 @@ public:
     /// Keeps a copy for the case that the program ends unexpectedly, at most once a minute.
     void refreshRecoveryFile();
     void saveRecoveryNow();
+    /// Reads and writes values by this locale from now on; with `warn`, tells so if the settings want that.
+    void setDocumentLocale(const QLocale &locale, bool warn);
 
 public slots:
     void onNew();
@@ -56,7 +58,6 @@ private:
     bool confirmReplacing(const QString &path);
     bool saveToPath(const QString &path);
     void setCurrentPath(const QString &path);
-    void setDocumentLocale(const QString &name);
     void tellOfLoss(const LoadedDocument &loaded);
     bool isBusy() const;
 

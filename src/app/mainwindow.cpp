@@ -50,7 +50,7 @@ MainWindow::MainWindow(Application &application, const CommandLine &commandLine,
     buildPanes();
     const CommandContext context{
         application, m_session, m_undo, m_prompts, *m_graphPane, *m_logPane, *m_statusBar, *this};
-    m_groups = std::make_unique<CommandGroups>(context, m_actions, *m_documents);
+    m_groups = std::make_unique<CommandGroups>(context, m_actions, *m_documents, m_recentDocuments);
     m_hooks = std::make_unique<WindowHooks>(context, *m_documents);
     m_actions.build(*this, m_groups->all);
     m_recentMenu = std::make_unique<RecentMenu>(*m_actions.recentMenu, m_recentDocuments, m_session, *m_documents);
@@ -158,7 +158,7 @@ void MainWindow::start()
 void MainWindow::onStarted()
 {
     const Settings &settings = m_application.settings();
-    const QString path = startDocument(m_application, m_commandLineOptions, m_prompts);
+    const QString path = startDocument(m_application, m_commandLineOptions, m_recentDocuments, m_prompts);
     if (!path.isEmpty() && QFileInfo::exists(path)) {
         m_documents->openDocument(path);
     }

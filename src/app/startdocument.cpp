@@ -2,11 +2,14 @@
 
 #include "app/application.h"
 #include "app/commandline.h"
+#include "app/recentdocuments.h"
 #include "app/recoveryfile.h"
+#include "panes/dialogs/openrecentdialog.h"
 #include "panes/dialogs/prompts.h"
 #include "settings/settings.h"
 
-QString startDocument(Application &application, const CommandLine &commandLine, Prompts &prompts)
+QString startDocument(
+    Application &application, const CommandLine &commandLine, const RecentDocuments &recent, Prompts &prompts)
 {
     if (RecoveryFile::canBeOffered()
         && prompts.confirm(QStringLiteral("An automatic recovery file was created %1 ago. Do you wish to open it?")
@@ -17,8 +20,14 @@ QString startDocument(Application &application, const CommandLine &commandLine, 
         return commandLine.document;
     }
     const Settings &settings = application.settings();
-    if (commandLine.newWindow || settings.openPreviousAtStart() != StartChoice::Previous
-        || settings.previousPath().isEmpty()) {
+    if (commandLine.newWindow) {
+        return QString();
+    }
+    if (settings.openPreviousAtStart() == StartChoice::RecentWindow && !recent.windowEntries().isEmpty()) {
+        OpenRecentDialog dialog(recent.windowEntries(), prompts.window());
+        return prompts.exec(dialog) == QDialog::Accepted ? dialog.path() : QString();
+    }
+    if (settings.openPreviousAtStart() != StartChoice::Previous || settings.previousPath().isEmpty()) {
         return QString();
     }
     return application.applicationDir().absoluteFilePath(settings.previousPath());

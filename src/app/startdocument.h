@@ -4,8 +4,11 @@
 
 class Application;
 class Prompts;
+class RecentDocuments;
 struct CommandLine;
 
 /// The path of the document that a window begins with, or nothing: the recovery file if the person wants it, else what
-/// the command line names, else the one that was open last, as the settings say.
-QString startDocument(Application &application, const CommandLine &commandLine, Prompts &prompts);
+/// the command line names, else the one that was open last or one that is chosen from
+/// a list, as the settings say.
+QString startDocument(
+    Application &application, const CommandLine &commandLine, const RecentDocuments &recent, Prompts &prompts);

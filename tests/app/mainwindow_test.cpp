@@ -1,6 +1,7 @@
 #include "app/application.h"
 #include "app/boxanswers.h"
 #include "app/documentcommands.h"
+#include "app/documentsession.h"
 #include "app/mainwindow.h"
 #include "app/openingquestions.h"
 #include "app/recoveryfile.h"
@@ -22,15 +23,18 @@
 #include "transforms/frame/documentcontext.h"
 
 #include <QClipboard>
+#include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
+#include <QPlainTextEdit>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QToolBar>
 #include <QUrl>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
@@ -604,3 +608,68 @@ TEST_F(MainWindowTest, EveryActionSaysWhatItIs)
 }
 
 } // namespace
+
+namespace {
+
+/// A person who changes what a dialog shows before accepting it.
+class EditingPrompts : public ScriptedPrompts
+{
+public:
+    std::function<void(QDialog &)> edit;
+    int exec(QDialog &dialog) override
+    {
+        edit(dialog);
+        dialog.accept();
+        return dialog.result();
+    }
+};
+
+} // namespace
+
+TEST_F(MainWindowTest, NotesAndLocaleBelongToTheDocument)
+{
+    EditingPrompts prompts;
+    m_window.reset();
+    m_window = std::make_unique<MainWindow>(*Application::instance(), CommandLine(), m_log, &prompts);
+    m_window->start();
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(open("flow.transform"));
+    prompts.edit = [](QDialog &) {};
+    action("m_fileNotesAction").trigger();
+    action("m_editLocaleAction").trigger();
+    EXPECT_FALSE(m_window->isWindowModified()) << "nothing was changed";
+
+    prompts.edit = [](QDialog &dialog) { dialog.findChild<QPlainTextEdit *>()->setPlainText("why"); };
+    action("m_fileNotesAction").trigger();
+    EXPECT_TRUE(m_window->isWindowModified());
+    EXPECT_EQ(m_window->session().notes(), QStringLiteral("why"));
+    action("m_fileSaveAction").trigger();
+    EXPECT_FALSE(m_window->isWindowModified());
+
+    QFile::remove(path("out.csv"));
+    const QLocale before;
+    prompts.edit = [](QDialog &dialog) {
+        dialog.findChildren<QComboBox *>().first()->setCurrentText(QStringLiteral("German"));
+    };
+    action("m_editLocaleAction").trigger();
+    EXPECT_EQ(QLocale().language(), QLocale::German);
+    EXPECT_TRUE(m_window->isWindowModified());
+    EXPECT_EQ(readFile(path("out.csv")), "a\n1\n") << "everything has run again";
+    QLocale::setDefault(before);
+}
+
+TEST_F(MainWindowTest, ADocumentOfTheRecentListOpens)
+{
+    ASSERT_TRUE(open("flow.transform"));
+    EditingPrompts prompts;
+    prompts.edit = [](QDialog &) {};
+    m_window.reset();
+    Application::instance()->settings().setOpenPreviousAtStart(StartChoice::RecentWindow);
+    m_window = std::make_unique<MainWindow>(*Application::instance(), CommandLine(), m_log, &prompts);
+    m_window->start();
+    EXPECT_TRUE(waitFor([this] { return !m_window->session().path().isEmpty(); })) << "at the start";
+    action("m_fileNewAction").trigger();
+    EXPECT_TRUE(m_window->session().path().isEmpty());
+    action("m_fileOpenRecentAction").trigger();
+    EXPECT_EQ(m_window->session().path(), path("flow.transform"));
+}

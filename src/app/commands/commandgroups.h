@@ -13,11 +13,12 @@
 /// The groups of commands, and what the table of actions sees of them.
 struct CommandGroups
 {
-    CommandGroups(const CommandContext &context, MainActions &actions, DocumentCommands &documents)
-        : files(context)
+    CommandGroups(
+        const CommandContext &context, MainActions &actions, DocumentCommands &documents, RecentDocuments &recent)
+        : files(context, documents, recent)
         , undo(context, actions)
         , clipboard(context, actions)
-        , edit(context)
+        , edit(context, documents)
         , inputs(context)
         , runs(context, actions)
         , view(context, actions)

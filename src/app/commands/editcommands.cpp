@@ -1,10 +1,14 @@
 #include "app/commands/editcommands.h"
 
+#include "app/documentcommands.h"
 #include "app/documentsession.h"
 #include "graph/connection.h"
 #include "graph/graphscene.h"
 #include "graph/node.h"
+#include "graph/runcontrol.h"
 #include "graph/undostep.h"
+#include "panes/dialogs/localedialog.h"
+#include "panes/dialogs/prompts.h"
 #include "panes/status/statusbar.h"
 
 void EditCommands::deleteSelected()
@@ -36,4 +40,24 @@ void EditCommands::setSnapToGrid(bool on)
     }
     m_context.session.setModified(true);
     m_context.statusBar.onShowMessage(on ? QStringLiteral("snap on") : QStringLiteral("snap off"));
+}
+
+void EditCommands::editLocale()
+{
+    DocumentSession &session = m_context.session;
+    if (session.scene().isProcessing()) {
+        return;
+    }
+    LocaleDialog dialog(QLocale(), &m_context.window);
+    if (m_context.prompts.exec(dialog) != QDialog::Accepted || dialog.chosenLocale() == QLocale()) {
+        return;
+    }
+    m_documents.setDocumentLocale(dialog.chosenLocale(), false);
+    session.setModified(true);
+    for (Node *node : session.scene().nodes()) {
+        node->setState(NodeState::NeedsProcessing, false);
+    }
+    stopRequested = false;
+    session.scene().runChangesIfAuto();
+    stopRequested = false;
 }

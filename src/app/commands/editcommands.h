@@ -2,12 +2,15 @@
 
 #include "app/commands/commandcontext.h"
 
+class DocumentCommands;
+
 /// Commands on the items of the canvas.
 class EditCommands
 {
 public:
-    explicit EditCommands(const CommandContext &context)
+    EditCommands(const CommandContext &context, DocumentCommands &documents)
         : m_context(context)
+        , m_documents(documents)
     {
     }
 
@@ -15,7 +18,10 @@ public:
     void selectAll();
     /// Turning the grid on moves every item to it.
     void setSnapToGrid(bool on);
+    /// Another locale reads numbers and dates otherwise, so everything needs to run again.
+    void editLocale();
 
 private:
     const CommandContext m_context;
+    DocumentCommands &m_documents;
 };

@@ -1,12 +1,40 @@
 #include "app/commands/filecommands.h"
 
 #include "app/commandlinedialog.h"
+#include "app/documentcommands.h"
 #include "app/documentsession.h"
+#include "app/recentdocuments.h"
 #include "graph/graphscene.h"
+#include "panes/dialogs/notesdialog.h"
+#include "panes/dialogs/openrecentdialog.h"
 #include "panes/dialogs/prompts.h"
 
 #include <QCoreApplication>
 #include <QProcess>
+
+void FileCommands::openRecent()
+{
+    if (m_context.session.scene().isProcessing()) {
+        return;
+    }
+    OpenRecentDialog dialog(m_recent.windowEntries(), &m_context.window);
+    if (m_context.prompts.exec(dialog) == QDialog::Accepted && !dialog.path().isEmpty()) {
+        m_documents.onOpenPath(dialog.path());
+    }
+}
+
+void FileCommands::editNotes()
+{
+    DocumentSession &session = m_context.session;
+    if (session.scene().isProcessing()) {
+        return;
+    }
+    NotesDialog dialog(session.notes(), &m_context.window);
+    if (m_context.prompts.exec(dialog) == QDialog::Accepted && dialog.notes() != session.notes()) {
+        session.setNotes(dialog.notes());
+        session.setModified(true);
+    }
+}
 
 void FileCommands::newWindow()
 {

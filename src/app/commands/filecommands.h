@@ -2,15 +2,22 @@
 
 #include "app/commands/commandcontext.h"
 
+class DocumentCommands;
+class RecentDocuments;
+
 /// Commands of the File menu beside New, Open and Save.
 class FileCommands
 {
 public:
-    explicit FileCommands(const CommandContext &context)
+    FileCommands(const CommandContext &context, DocumentCommands &documents, RecentDocuments &recent)
         : m_context(context)
+        , m_documents(documents)
+        , m_recent(recent)
     {
     }
 
+    void openRecent();
+    void editNotes();
     /// Starts the program once more.
     void newWindow();
     void showCommandLine();
@@ -18,4 +25,6 @@ public:
 
 private:
     const CommandContext m_context;
+    DocumentCommands &m_documents;
+    RecentDocuments &m_recent;
 };
