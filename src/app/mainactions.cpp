@@ -2,6 +2,7 @@
 
 #include "app/actiontable.h"
 #include "app/commands/actionstate.h"
+#include "panes/icons.h"
 #include "settings/settings.h"
 
 #include <QActionGroup>
@@ -17,7 +18,7 @@ QAction *makeAction(const ActionRow &row, QMainWindow &window, Commands &command
 {
     auto *action = new QAction(QString::fromLatin1(row.text), &window);
     action->setObjectName(QString::fromLatin1(row.name));
-    action->setIcon(QIcon::fromTheme(QString::fromLatin1(row.icon)));
+    action->setIcon(Icons::icon(QString::fromLatin1(row.icon)));
     QList<QKeySequence> keys;
     for (const QString &key : QString::fromLatin1(row.shortcut).split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
         keys.append(QKeySequence(key));
@@ -70,6 +71,13 @@ void MainActions::setFirstStates(const Settings &settings)
     viewWarnings->setChecked(settings.showWarnings());
     QAction *const tips[] = {viewToolTipsOff, viewToolTipsBrief, viewToolTipsDetailed};
     tips[static_cast<int>(settings.showCenterPaneTips())]->setChecked(true);
+}
+
+void MainActions::updateIcons()
+{
+    for (const ActionRow &row : ActionTable()) {
+        (this->*row.action)->setIcon(Icons::icon(QString::fromLatin1(row.icon)));
+    }
 }
 
 void MainActions::updateIconSize()

@@ -90,6 +90,8 @@ struct MainActions
     void showManualRuns(bool show);
     /// Gives the tool bar the icons of the size that the settings say.
     void updateIconSize();
+    /// Takes the icons anew, in their light or dark form.
+    void updateIcons();
 
 private:
     void makeActions(QMainWindow &window, Commands &commands);

@@ -13,6 +13,7 @@
 #include "app/settingsfollower.h"
 #include "app/startdocument.h"
 #include "app/startup.h"
+#include "app/uithemes.h"
 #include "app/windowhooks.h"
 #include "app/windowlayout.h"
 #include "graph/graphscene.h"
@@ -105,6 +106,7 @@ void MainWindow::setFirstStates()
 
 void MainWindow::connectCommands()
 {
+    m_groups->view.themes().onUpdateUITheme();
     m_actions.connectSwitches(*this, m_groups->all);
     connectCanvas(*m_graphPane, m_actions, *m_groups, *m_statusBar);
     connect(&m_groups->runs, &RunCommands::autoRunChanged, this, &MainWindow::updateActions);
@@ -187,6 +189,11 @@ void MainWindow::closeEvent(QCloseEvent *event)
 bool MainWindow::isAutoRunOn() const
 {
     return scene().isAutoRunOn();
+}
+
+UiThemes &MainWindow::themes()
+{
+    return m_groups->view.themes();
 }
 
 void MainWindow::releaseDatasets()

@@ -20,6 +20,7 @@ class RunLog;
 class SceneWiring;
 class SettingsFollower;
 class StatusBar;
+class UiThemes;
 class WindowHooks;
 struct CommandGroups;
 
@@ -40,6 +41,7 @@ public:
     DocumentSession &session() { return m_session; }
     DocumentCommands &documents() { return *m_documents; }
     UndoStack &undoStack() { return m_undo; }
+    UiThemes &themes();
 
     // For a program that has to close
     void releaseDatasets();

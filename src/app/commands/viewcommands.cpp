@@ -3,6 +3,8 @@
 #include "app/application.h"
 #include "app/documentsession.h"
 #include "app/mainactions.h"
+#include "app/tips.h"
+#include "app/uithemes.h"
 #include "graph/graphscene.h"
 #include "panes/canvas/graphpane.h"
 #include "panes/canvas/timingprofile.h"
@@ -11,6 +13,30 @@
 
 #include <QSignalBlocker>
 #include <QToolBar>
+
+namespace {
+
+constexpr int colorsTipMs = 20000;
+
+} // namespace
+
+ViewCommands::ViewCommands(const CommandContext &context, MainActions &actions)
+    : m_context(context)
+    , m_actions(actions)
+    , m_themes(std::make_unique<UiThemes>(context.application, actions))
+{
+    QObject::connect(m_themes.get(), &UiThemes::logMessage, &context.logPane, &LogPane::onShowLogMessage);
+}
+
+ViewCommands::~ViewCommands() = default;
+
+void ViewCommands::toggleTheme()
+{
+    m_themes->toggle();
+    Tips::showOnce(QStringLiteral("top_center_pane_colors"), QStringLiteral("Center pane colors"),
+        QStringLiteral("You can change the Center pane colors in the 'Colors' tab of the 'Preferences' window."),
+        colorsTipMs, &m_context.graphPane);
+}
 
 void ViewCommands::setZoomFit(bool on)
 {

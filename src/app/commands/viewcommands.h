@@ -2,6 +2,9 @@
 
 #include "app/commands/commandcontext.h"
 
+#include <memory>
+
+class UiThemes;
 struct MainActions;
 enum class CanvasTips;
 
@@ -9,16 +12,15 @@ enum class CanvasTips;
 class ViewCommands
 {
 public:
-    ViewCommands(const CommandContext &context, MainActions &actions)
-        : m_context(context)
-        , m_actions(actions)
-    {
-    }
+    ViewCommands(const CommandContext &context, MainActions &actions);
+    ~ViewCommands();
 
     void setZoomFit(bool on);
     void zoomIn();
     void zoomOut();
     void zoomSelected();
+    void toggleTheme();
+    UiThemes &themes() { return *m_themes; }
     void setCommentsShown(bool on);
     void setChangesShown(bool on);
     void setWarningsShown(bool on);
@@ -39,4 +41,5 @@ public:
 private:
     const CommandContext m_context;
     MainActions &m_actions;
+    const std::unique_ptr<UiThemes> m_themes;
 };
