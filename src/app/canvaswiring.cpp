@@ -4,6 +4,7 @@
 #include "app/mainactions.h"
 #include "graph/graphenums.h"
 #include "panes/canvas/graphpane.h"
+#include "panes/status/nodestatuswidget.h"
 #include "panes/status/statusbar.h"
 
 void connectCanvas(GraphPane &pane, const MainActions &actions, CommandGroups &groups, StatusBar &statusBar)
@@ -18,6 +19,8 @@ void connectCanvas(GraphPane &pane, const MainActions &actions, CommandGroups &g
     menu.duplicateBranch = actions.editDuplicateBranch;
     menu.remove = actions.editDelete;
     pane.setActions(menu);
+    QObject::connect(&statusBar.itemStatus(), &NodeStatusWidget::iconClicked, &pane,
+        [&groups](NodeStatusIcon icon) { groups.view.selectIconsOfType(icon); });
     QObject::connect(&pane, &GraphPane::statusMessage, &statusBar, &StatusBar::onShowMessage);
     QObject::connect(&pane, &GraphPane::runSelectedRequested, &pane, [&groups] { groups.runs.run(RunMode::Selected); });
 }

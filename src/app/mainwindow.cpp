@@ -22,6 +22,7 @@
 #include "panes/canvas/graphpane.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/status/logpane.h"
+#include "panes/status/nodestatuswidget.h"
 #include "panes/status/statusbar.h"
 #include "settings/settings.h"
 
@@ -221,6 +222,7 @@ void MainWindow::onUpdateTitle()
 
 void MainWindow::onNodeDataChanged(Node *node)
 {
+    m_statusBar->itemStatus().showCounts(scene());
     if (node->state() == NodeState::Processed) {
         m_statusBar->onShowMessage(QStringLiteral("%1 updated").arg(node->name()));
     }
@@ -279,21 +281,11 @@ void MainWindow::onAllowUserInteraction(bool allow)
 
 void MainWindow::updateActions()
 {
-    ActionState state;
+    ActionState state = actionState(m_session, m_undo, *m_graphPane);
     state.isRunning = !m_allowsInteraction;
-    state.isAutoRunOn = isAutoRunOn();
-    state.hasItems = !scene().nodes().isEmpty();
-    state.hasSelectedItems = !scene().nodes(true).isEmpty();
-    state.hasSelection = state.hasSelectedItems || !scene().connections(true).isEmpty();
-    state.isStale = !scene().nodesInState(NodeState::NeedsProcessing).isEmpty()
-                    || !scene().nodesInState(NodeState::Failed).isEmpty();
-    state.canUndo = m_undo.canUndo();
-    state.canRedo = m_undo.canRedo();
-    state.canPaste = ClipboardCommands::canPaste();
-    state.canZoomIn = m_graphPane->canZoomIn();
-    state.canZoomOut = m_graphPane->canZoomOut();
     state.hasRecentDocuments = !m_recentMenu->isEmpty();
     m_actions.updateEnabled(state);
+    m_statusBar->itemStatus().showCounts(scene());
     if (m_actions.runChanged->isEnabled()) {
         m_groups->runs.showRunTip();
     }

@@ -14,6 +14,7 @@
 #include "panes/canvas/graphpane.h"
 #include "panes/canvas/transformchoice.h"
 #include "panes/canvas/typeablemenu.h"
+#include "panes/status/nodestatuswidget.h"
 #include "settings/settings.h"
 #include "support/printers.h"
 #include "support/waitfor.h"
@@ -26,6 +27,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QToolButton>
 #include <QToolTip>
 #include <gtest/gtest.h>
 
@@ -437,4 +439,23 @@ TEST_F(CanvasTest, ZoomSelectedStaysWithinTheLimits)
     EXPECT_FALSE(pane().isAutoZoom());
     const QPointF middle = pane().mapToScene(pane().viewport()->rect().center());
     EXPECT_TRUE(node(sortId).mapRectToScene(node(sortId).boxRect()).contains(middle));
+}
+
+TEST_F(CanvasTest, TheStatusBarCountsItemsByStatus)
+{
+    auto &status = *m_window->findChild<NodeStatusWidget *>();
+    EXPECT_TRUE(status.toolTip().startsWith(QStringLiteral("Item status: 4 ok.\n"))) << status.toolTip().toStdString();
+    trigger("m_runAutoAction");
+    QFile::remove(path("in.csv"));
+    select(topId);
+    trigger("m_runSelectedAction");
+    EXPECT_EQ(status.toolTip(), QStringLiteral("Item status: 1 ok, 2 need update, 1 error(s).\n"
+                                               "Click an icon to select and zoom to items with that status."));
+    for (QToolButton *button : status.findChildren<QToolButton *>()) {
+        if (button->accessibleName() == QStringLiteral("2 need update")) {
+            button->click();
+        }
+    }
+    EXPECT_EQ(scene().nodes(true).size(), 2);
+    EXPECT_TRUE(node(sortId).isSelected() && node(outputId).isSelected());
 }

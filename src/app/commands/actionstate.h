@@ -1,5 +1,9 @@
 #pragma once
 
+class DocumentSession;
+class GraphPane;
+class UndoStack;
+
 /// What it depends on which actions are enabled.
 struct ActionState
 {
@@ -16,3 +20,6 @@ struct ActionState
     bool canZoomOut = true;
     bool hasRecentDocuments = false;
 };
+
+/// What document, undo and canvas say; whether a run is on and whether documents are remembered is for the caller.
+ActionState actionState(const DocumentSession &session, const UndoStack &undo, const GraphPane &pane);

@@ -6,6 +6,7 @@
 #include "app/tips.h"
 #include "app/uithemes.h"
 #include "graph/graphscene.h"
+#include "graph/node.h"
 #include "panes/canvas/graphpane.h"
 #include "panes/canvas/timingprofile.h"
 #include "panes/status/logpane.h"
@@ -29,6 +30,16 @@ ViewCommands::ViewCommands(const CommandContext &context, MainActions &actions)
 }
 
 ViewCommands::~ViewCommands() = default;
+
+void ViewCommands::selectIconsOfType(NodeStatusIcon icon)
+{
+    GraphScene &scene = m_context.session.scene();
+    scene.clearSelection();
+    for (Node *node : scene.nodes()) {
+        node->setSelected(node->statusIcon() == icon);
+    }
+    zoomSelected();
+}
 
 void ViewCommands::toggleTheme()
 {

@@ -7,6 +7,7 @@
 class UiThemes;
 struct MainActions;
 enum class CanvasTips;
+enum class NodeStatusIcon;
 
 /// Commands of the View menu.
 class ViewCommands
@@ -19,6 +20,8 @@ public:
     void zoomIn();
     void zoomOut();
     void zoomSelected();
+    /// Selects the items with that status, and zooms to them.
+    void selectIconsOfType(NodeStatusIcon icon);
     void toggleTheme();
     UiThemes &themes() { return *m_themes; }
     void setCommentsShown(bool on);

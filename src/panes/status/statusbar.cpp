@@ -2,6 +2,7 @@
 
 #include "data/values.h"
 #include "graph/runcontrol.h"
+#include "panes/status/nodestatuswidget.h"
 #include "settings/settingkey.h"
 #include "settings/settings.h"
 #include "settings/settingsnotifier.h"
@@ -46,7 +47,9 @@ StatusBar::StatusBar(QWidget *parent)
     : QStatusBar(parent)
     , m_heart(new QLabel)
     , m_locale(new QLabel)
+    , m_statistics(new QLabel)
     , m_progress(new QProgressBar)
+    , m_itemStatus(new NodeStatusWidget)
     , m_memory(new QLabel)
 {
     m_locale->setToolTip(QStringLiteral("The current locale. You can change locale in 'Preferences'."));
@@ -56,10 +59,15 @@ StatusBar::StatusBar(QWidget *parent)
     m_heart->setFixedSize(heartSide, heartSide);
     addPermanentWidget(m_heart);
     addPermanentWidget(m_locale);
+    addPermanentWidget(m_statistics);
     addPermanentWidget(m_progress);
+    addPermanentWidget(m_itemStatus);
     addPermanentWidget(m_memory);
     m_heart->hide();
     m_progress->hide();
+    m_statistics->hide();
+    m_statistics->setToolTip(QStringLiteral("Simple statistics on up to %1 selected cells in the data table.")
+                                 .arg(formatInteger(mostCellsInStatistics, true)));
     onUpdateLocale();
     onUpdateMemory();
     connect(&Settings::current().notifier(), &SettingsNotifier::changed, this, [this](const QString &key) {
@@ -84,6 +92,12 @@ void StatusBar::showSelection(int items, int connections)
     const QString connectionText = QStringLiteral("%1 %2").arg(formatInteger(connections, true),
         connections == 1 ? QStringLiteral("conection") : QStringLiteral("connections"));
     onShowMessage(QStringLiteral("%1 selected").arg(itemText + QStringLiteral(", ") + connectionText));
+}
+
+void StatusBar::showStatistics(const QString &text)
+{
+    m_statistics->setText(text);
+    m_statistics->setVisible(!text.isEmpty());
 }
 
 void StatusBar::onHeartBeat()

@@ -4,6 +4,7 @@
 
 class QLabel;
 class QProgressBar;
+class NodeStatusWidget;
 
 /// Messages, a heart that beats during work, the locale, how far a run is and how much memory it takes.
 class StatusBar : public QStatusBar
@@ -12,8 +13,14 @@ class StatusBar : public QStatusBar
 
 public:
     static constexpr int messageMs = 2000;
+    /// More selected cells than these aren't looked at.
+    static constexpr int mostCellsInStatistics = 100000;
 
     explicit StatusBar(QWidget *parent = nullptr);
+
+    NodeStatusWidget &itemStatus() { return *m_itemStatus; }
+    /// Figures of the cells that are selected in a table; empty for none.
+    void showStatistics(const QString &text);
 
 public slots:
     /// Shows a message for two seconds.
@@ -32,7 +39,9 @@ private:
 
     QLabel *m_heart;
     QLabel *m_locale;
+    QLabel *m_statistics;
     QProgressBar *m_progress;
+    NodeStatusWidget *m_itemStatus;
     QLabel *m_memory;
     int m_beat = 0;
 };

@@ -1,0 +1,27 @@
+#include "app/commands/actionstate.h"
+
+#include "app/commands/clipboardcommands.h"
+#include "app/documentsession.h"
+#include "app/undostack.h"
+#include "graph/connection.h"
+#include "graph/graphscene.h"
+#include "graph/node.h"
+#include "panes/canvas/graphpane.h"
+
+ActionState actionState(const DocumentSession &session, const UndoStack &undo, const GraphPane &pane)
+{
+    const GraphScene &scene = session.scene();
+    ActionState state;
+    state.isAutoRunOn = scene.isAutoRunOn();
+    state.hasItems = !scene.nodes().isEmpty();
+    state.hasSelectedItems = !scene.nodes(true).isEmpty();
+    state.hasSelection = state.hasSelectedItems || !scene.connections(true).isEmpty();
+    state.isStale = !scene.nodesInState(NodeState::NeedsProcessing).isEmpty()
+                    || !scene.nodesInState(NodeState::Failed).isEmpty();
+    state.canUndo = undo.canUndo();
+    state.canRedo = undo.canRedo();
+    state.canPaste = ClipboardCommands::canPaste();
+    state.canZoomIn = pane.canZoomIn();
+    state.canZoomOut = pane.canZoomOut();
+    return state;
+}
