@@ -7,8 +7,7 @@
 namespace spreadsheet {
 namespace {
 
-constexpr int relativeCell = 0x2C, relativeArea = 0x2D;
-constexpr int toPlain = 8; // between the codes of relative and plain references
+constexpr int toPlain = 8; // from PtgRefN to PtgRef, and from PtgAreaN to PtgArea
 
 quint16 wordAt(const QByteArray &bytes, int at)
 {
@@ -20,12 +19,13 @@ void setWord(QByteArray &bytes, int at, int value)
     qToLittleEndian<quint16>(static_cast<quint16>(value), bytes.data() + at);
 }
 
-/// The code of an operand or function as a reference.
+/// The code of an operand or function as a reference: bits 5 and 6 of a Ptg are its class.
 int withoutClass(int code)
 {
     return code < 0x40 ? code : 0x20 | (code & 0x1F);
 }
 
+/// A PtgAttr has two bytes of data; PtgAttrChoose has a table of jumps behind them, one more than it counts.
 int attributeSize(const QByteArray &tokens, int at)
 {
     constexpr int head = 4;
@@ -63,27 +63,28 @@ int tokenSize(const QByteArray &tokens, int at)
         return 4;
     case OperandCode::number:
         return 9;
-    case 0x23: // name
+    case OperandCode::name:
     case OperandCode::cell:
-    case 0x2A: // deleted cell
-    case relativeCell:
+    case OperandCode::deletedCell:
+    case OperandCode::relativeCell:
         return 5;
-    case 0x39: // name in another workbook
+    case OperandCode::nameElsewhere:
     case OperandCode::sheetCell:
-    case 0x3C: // deleted cell of a sheet
+    case OperandCode::deletedSheetCell:
         return 7;
     case OperandCode::area:
-    case 0x2B: // deleted area
-    case relativeArea:
+    case OperandCode::deletedArea:
+    case OperandCode::relativeArea:
         return 9;
     case OperandCode::sheetArea:
-    case 0x3D: // deleted area of a sheet
+    case OperandCode::deletedSheetArea:
         return 11;
     default:
         return code >= OperandCode::add && code <= OperandCode::missingArgument ? 1 : 0;
     }
 }
 
+/// A formula shared by many cells (ShrFmla) gives places as offsets from the cell that uses it (PtgRefN, PtgAreaN).
 /// Adds the cell's place to the parts of a corner that are relative to it.
 void movePlace(QByteArray &tokens, int rowAt, int columnAt, int row, int column)
 {
@@ -108,10 +109,10 @@ bool expandSharedTokens(QByteArray *tokens, int row, int column)
             return false;
         }
         const int code = static_cast<uchar>(expanded.at(at));
-        if (withoutClass(code) == relativeCell) {
+        if (withoutClass(code) == OperandCode::relativeCell) {
             movePlace(expanded, at + 1, at + 3, row, column);
             expanded[at] = static_cast<char>(code - toPlain);
-        } else if (withoutClass(code) == relativeArea) {
+        } else if (withoutClass(code) == OperandCode::relativeArea) {
             movePlace(expanded, at + 1, at + 5, row, column);
             movePlace(expanded, at + 3, at + 7, row, column);
             expanded[at] = static_cast<char>(code - toPlain);

@@ -48,7 +48,8 @@ unsigned TokenCompiler::classOffset(Class kind)
     return OperandCode::arrayClass;
 }
 
-/// The class of a reference or array constant.
+/// The class of a reference or array constant: that asked for, but a value is an array inside what works on whole
+/// arrays.
 TokenCompiler::Class TokenCompiler::operandClass(Wanted wanted)
 {
     return wanted.kind == Class::Value && wanted.inArray ? Class::Array : wanted.kind;
@@ -114,6 +115,7 @@ bool TokenCompiler::put(int index, Wanted wanted)
     return true;
 }
 
+/// Whole numbers of 16 bits are PtgInt, all others PtgNum.
 bool TokenCompiler::putNumber(double number)
 {
     const auto whole = static_cast<unsigned>(number >= 0 && number <= 0xFFFF ? number : 0);
@@ -159,7 +161,7 @@ bool TokenCompiler::putReference(const FormulaNode &reference, Wanted wanted)
     return true;
 }
 
-/// An expression of references stands behind a code that gives its size and class.
+/// An expression of references stands behind a PtgMemFunc, which gives its size and class.
 bool TokenCompiler::putReferenceOperator(int index, Wanted wanted)
 {
     m_tokens.u8(OperandCode::referenceExpression + classOffset(operandClass(wanted)));
@@ -222,7 +224,8 @@ bool TokenCompiler::putArgument(const FormulaNode &call, size_t argument, bool i
                        : put(call.parts[argument], {static_cast<Class>(kind), inArray});
 }
 
-/// IF, with jumps over what isn't to be worked out.
+/// IF as the format has it: PtgAttrIf jumps to the second alternative, PtgAttrGoto behind each to the end of the call.
+/// Distances of PtgAttrGoto are one less than the bytes to skip.
 bool TokenCompiler::putCondition(const FormulaNode &call, bool inArray)
 {
     if (!putArgument(call, 0, inArray)) {
@@ -244,7 +247,8 @@ bool TokenCompiler::putCondition(const FormulaNode &call, bool inArray)
     return true;
 }
 
-/// CHOOSE, with a table of jumps, counted from the table's beginning.
+/// CHOOSE as the format has it: PtgAttrChoose with a table of jumps, counted from the table's beginning, and a
+/// PtgAttrGoto behind each alternative.
 bool TokenCompiler::putChoice(const FormulaNode &call, bool inArray)
 {
     if (!putArgument(call, 0, inArray)) {
@@ -288,6 +292,7 @@ int TokenCompiler::putAttribute(unsigned attribute, unsigned value)
     return m_tokens.size() - 2;
 }
 
+/// A PtgArray; its items stand behind all codes of the formula (PtgExtraArray), row by row.
 bool TokenCompiler::putArray(const FormulaNode &array, Wanted wanted)
 {
     constexpr int reserved = 4;
@@ -305,7 +310,12 @@ bool TokenCompiler::putArray(const FormulaNode &array, Wanted wanted)
 
 bool TokenCompiler::putArrayItem(const FormulaNode &item)
 {
-    enum : unsigned { numberItem = 0x01, textItem = 0x02, booleanItem = 0x04, errorItem = 0x10 };
+    enum : unsigned {
+        numberItem = 0x01,  // SerNum
+        textItem = 0x02,    // SerStr
+        booleanItem = 0x04, // SerBool
+        errorItem = 0x10    // SerErr
+    };
     switch (item.kind) {
     case FormulaNodeKind::Number:
         m_arrays.u8(numberItem);
