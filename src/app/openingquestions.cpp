@@ -7,6 +7,7 @@
 #include "outputnode/outputnode.h"
 #include "panes/dialogs/prompts.h"
 #include "settings/settings.h"
+#include "text/cappedlist.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -15,7 +16,6 @@
 
 namespace {
 
-constexpr int mostMissing = 5;
 constexpr int mostWritten = 20;
 
 /// Asks for other sources in the place of those that inputs of one medium name and that are gone.
@@ -223,14 +223,11 @@ bool OpeningQuestions::replaceMissingInputs(GraphScene &scene, const QString &do
 
 QString OpeningQuestions::missingList(const QStringList &paths)
 {
-    QStringList lines;
-    for (const QString &path : paths.mid(0, mostMissing)) {
-        lines.append(path.isEmpty() ? QStringLiteral("<unset>") : QDir::toNativeSeparators(path));
+    CappedList list;
+    for (const QString &path : paths) {
+        list.add(path.isEmpty() ? QStringLiteral("<unset>") : QDir::toNativeSeparators(path));
     }
-    if (paths.size() > mostMissing) {
-        lines.append(QStringLiteral("+ %1 more").arg(formatInteger(paths.size() - mostMissing, true)));
-    }
-    return lines.join(QLatin1Char('\n'));
+    return list.lines("more", "more").join(QLatin1Char('\n'));
 }
 
 QString OpeningQuestions::writtenFilesList(const GraphScene &scene)

@@ -60,7 +60,7 @@ public:
                           : reinterpret_cast<const char *>(m_bits & 0xFFFFFFFFFFFFULL);
     }
 
-    /// Number of bytes of the stored form.
+    /// Number of bytes of the WTF-8.
     int size() const
     {
         if (isInline()) {

@@ -15,7 +15,7 @@ public:
 
 private:
     QString m_text;
-    QByteArray m_bytes; ///< stored form, in lower case when that counts
+    QByteArray m_bytes; ///< WTF-8, in lower case when that counts
     Qt::CaseSensitivity m_cs;
     bool m_plain; ///< a search by bytes finds the same
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/numberfigures.h"
+#include "data/descriptivestatistics.h"
 #include "data/valuefrequencies.h"
 
 #include <QDate>
@@ -59,7 +59,7 @@ struct ColumnProfile
     // Numbers
     double m_minNumber = std::numeric_limits<double>::max();
     double m_maxNumber = std::numeric_limits<double>::lowest();
-    NumberFigures m_numbers; ///< in the order of the rows, when asked for
+    DescriptiveStatistics m_numbers; ///< in the order of the rows, when asked for
 
     // Dates
     QString m_dateFormat; ///< empty when none was found

@@ -5,7 +5,7 @@
 #include <QByteArray>
 #include <QStringList>
 
-/// Writes values as one line of delimited text, in stored form. Unquoted output can't hold delimiters and line breaks:
+/// Writes values as one line of delimited text, in WTF-8. Unquoted output can't hold delimiters and line breaks:
 /// they become blanks, or underscores where the blank is the delimiter, and the values changed so are counted.
 class CsvEncoder
 {

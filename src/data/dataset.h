@@ -6,6 +6,7 @@
 class QMimeData;
 class QTextStream;
 struct ColumnProfile;
+struct RowSorting;
 
 /// The one table type: named columns of text cells, with an id for each column and optional drill-down and
 /// verification tables. A plain value; copies share their columns until one is written to.
@@ -82,13 +83,9 @@ public:
     bool previousCell(RowIndex &row, ColumnIndex &column) const;
 
     // Order of the rows
-    /// Sorts the rows by `columns`, the 1-based numbers of the key columns in order of importance, negative for
-    /// descending; rows that are equal by all keep their order. With `intelligent`, columns of dates under one of
-    /// `dateFormats` and of numbers go by value where both cells have one, all else by text. With `addRank` the last
-    /// column takes ranks of `rankType` (RowRanks::Type), for each text of column number `rankBy` on its own, 0 for
-    /// none. `info`, which may be null, is told what each column was sorted as.
-    void sortRows(const QList<int> &columns, const QStringList &dateFormats, bool addRank, int rankType, int rankBy,
-        bool localeAware, bool caseSensitive, bool intelligent, QString *info);
+    /// Rows that are equal by all columns keep their order. `info`, if not null, is told what each column was sorted
+    /// as.
+    void sortRows(const RowSorting &sorting, QString *info = nullptr);
 
     // Column tests over a sample from the top (see values.h for how a text is read)
     bool isColumnNumeric(ColumnIndex column, bool ignoreCurrency, int maxRows) const;
@@ -97,7 +94,10 @@ public:
     bool isColumnJsonNumber(ColumnIndex column) const;
     /// True when one format fits all of the first `sampleSize` non-empty values; `matchedFormat`, when given, takes the
     /// first format that fits most of them.
-    bool isColumnDate(ColumnIndex column, const QStringList &formats, QString *matchedFormat, int sampleSize) const;
+    bool isColumnDate(
+        ColumnIndex column, const QStringList &formats, QString *matchedFormat, int sampleSize = dateSample) const;
+    /// How many values usually tell whether a column holds dates.
+    static constexpr int dateSample = 50;
     enum ColumnType { Text = 0, Numeric = 1, Boolean = 2, Date = 3, Time = 4 };
     ColumnType columnType(
         ColumnIndex column, const QStringList &formats, QString *matchedFormat, bool ignoreCurrency) const;

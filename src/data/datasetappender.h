@@ -7,7 +7,7 @@
 class DatasetAppender
 {
 public:
-    /// A text in storage form within the bytes given with them.
+    /// A text in WTF-8 within the bytes given with them.
     struct Text
     {
         quint32 offset = 0;

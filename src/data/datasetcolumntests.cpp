@@ -6,7 +6,6 @@
 namespace {
 
 constexpr int sampledRows = 100;
-constexpr int sampledDates = 50;
 
 enum Verdict { Counts, PassedOver, Refused };
 
@@ -116,5 +115,5 @@ Dataset::ColumnType Dataset::columnType(
     if (isColumnTime(column)) {
         return Time;
     }
-    return isColumnDate(column, formats, matchedFormat, sampledDates) ? Date : Text;
+    return isColumnDate(column, formats, matchedFormat) ? Date : Text;
 }

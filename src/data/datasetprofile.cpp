@@ -9,9 +9,8 @@ namespace {
 void chooseDateFormat(
     ColumnProfile &profile, const Dataset &dataset, ColumnIndex column, const QStringList &dateFormats)
 {
-    constexpr int sampledDates = 50;
     if (!dateFormats.isEmpty()) {
-        dataset.isColumnDate(column, dateFormats, &profile.m_dateFormat, sampledDates);
+        dataset.isColumnDate(column, dateFormats, &profile.m_dateFormat);
     }
 }
 

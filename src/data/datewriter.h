@@ -13,7 +13,7 @@ public:
     explicit DateWriter(const QString &format, const QLocale &locale = QLocale());
 
     QString text(const QDate &date) const;
-    /// Replaces what `out` holds by the text in storage form.
+    /// Replaces what `out` holds by the text in WTF-8.
     void write(const QDate &date, TextBuffer &out) const;
     /// The same for a day of the Gregorian calendar that exists.
     void write(int year, int month, int day, TextBuffer &out) const;

@@ -37,7 +37,7 @@ private:
     NumberReader m_numbers;
 
     QString m_text;
-    QByteArray m_bytes;            ///< stored form
+    QByteArray m_bytes;            ///< WTF-8
     bool m_wholeCharacters = true; ///< no half of a surrogate pair: a search by bytes finds the same
     QDate m_date;
     bool m_isNumber = false;

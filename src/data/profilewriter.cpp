@@ -115,7 +115,7 @@ QString ProfileWriter::text(ProfileLine line, const ColumnProfile &profile) cons
 
 QString ProfileWriter::statistic(ProfileLine line, const ColumnProfile &profile) const
 {
-    const NumberFigures &numbers = profile.m_numbers;
+    const DescriptiveStatistics &numbers = profile.m_numbers;
     switch (line) {
     case ProfileLine::Sum:
         return measure(numbers.sum(), true);

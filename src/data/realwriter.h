@@ -11,7 +11,7 @@ public:
     explicit RealWriter(bool withGrouping = false, int decimals = -1, bool trimZeros = true);
 
     QString text(double value) const;
-    /// Replaces what `out` holds by the text in storage form.
+    /// Replaces what `out` holds by the text in WTF-8.
     void write(double value, TextBuffer &out) const;
 
 private:

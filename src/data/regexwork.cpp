@@ -1,6 +1,7 @@
 #include "data/regexwork.h"
 
 #include "data/values.h"
+#include "text/cappedlist.h"
 
 namespace {
 
@@ -13,7 +14,6 @@ struct Step
 constexpr int firstLimit = 1000000;
 constexpr Step steps[] = {{20, 20000}, {1000, 2000}};
 constexpr int shownText = 50;
-constexpr int shownPatterns = 5;
 
 } // namespace
 
@@ -69,16 +69,17 @@ void RegexWork::noteUnreadable(const QString &pattern, const QString &text)
 
 QStringList RegexWork::lines(const List &list, const char *reason)
 {
-    QStringList lines;
-    for (const GivenUp &given : list.mid(0, shownPatterns)) {
-        lines.append(
-            QStringLiteral("Regular expression '%1' %2 %3 %4, treated as not matching. E.g. '%5'")
+    CappedList told;
+    for (const GivenUp &given : list) {
+        told.add([&] {
+            return QStringLiteral("Regular expression '%1' %2 %3 %4, treated as not matching. E.g. '%5'")
                 .arg(ellipsized(given.pattern, shownText), QLatin1String(reason), formatInteger(given.count, true),
-                    given.count == 1 ? QStringLiteral("value") : QStringLiteral("values"), given.first));
+                    given.count == 1 ? QStringLiteral("value") : QStringLiteral("values"), given.first);
+        });
     }
-    if (list.size() > shownPatterns) {
-        lines.last().append(
-            QStringLiteral("\n+ %1 other regular expressions").arg(formatInteger(list.size() - shownPatterns, true)));
+    QStringList lines = told.texts();
+    if (told.others() > 0) {
+        lines.last() += QLatin1Char('\n') + told.othersLine("other regular expression", "other regular expressions");
     }
     return lines;
 }

@@ -1,6 +1,6 @@
 #include "data/dataset.h"
-#include "data/rowranks.h"
 #include "data/rowsorter.h"
+#include "data/rowsorting.h"
 #include "data/values.h"
 
 #include <algorithm>
@@ -16,21 +16,19 @@ struct SortedColumn
     QString dateFormat;
 };
 
-QVector<SortedColumn> classified(
-    const Dataset &dataset, const QList<int> &columns, const QStringList &dateFormats, bool intelligent)
+QVector<SortedColumn> classified(const Dataset &dataset, const RowSorting &sorting)
 {
-    constexpr int dateSample = 50;
     constexpr int numberSample = 100;
     QVector<SortedColumn> result;
-    for (const int number : columns) {
+    for (const int number : sorting.columns) {
         SortedColumn sorted;
         sorted.column = toIndex(ColumnNumber(std::abs(number)));
         sorted.descending = number < 0;
         if (number == 0 || sorted.column.toInt() >= dataset.columnCount()) {
             continue;
         }
-        if (intelligent) {
-            if (dataset.isColumnDate(sorted.column, dateFormats, &sorted.dateFormat, dateSample)) {
+        if (sorting.byValue) {
+            if (dataset.isColumnDate(sorted.column, sorting.dateFormats, &sorted.dateFormat)) {
                 sorted.type = RowSortKey::Date;
             } else if (dataset.isColumnNumeric(sorted.column, true, numberSample)) {
                 sorted.type = RowSortKey::Number;
@@ -57,25 +55,22 @@ QString report(const Dataset &dataset, const QVector<SortedColumn> &columns)
 
 } // namespace
 
-void Dataset::sortRows(const QList<int> &columns, const QStringList &dateFormats, bool addRank, int rankType,
-    int rankBy, bool localeAware, bool caseSensitive, bool intelligent, QString *info)
+void Dataset::sortRows(const RowSorting &sorting, QString *info)
 {
-    const QVector<SortedColumn> sortedColumns = classified(*this, columns, dateFormats, intelligent);
+    const QVector<SortedColumn> sortedColumns = classified(*this, sorting);
     if (!hasRows() || sortedColumns.isEmpty()) {
         return;
     }
     std::vector<RowSortKey> keys;
     for (const SortedColumn &sorted : sortedColumns) {
         keys.emplace_back(column(sorted.column), sorted.type, sorted.dateFormat,
-            RowSortKey::TextRules{localeAware, caseSensitive}, sorted.descending);
+            RowSortKey::TextRules{sorting.localeAware, sorting.caseSensitive}, sorted.descending);
     }
     const QVector<int> order = RowSorter(keys).sorted();
     CellColumn ranks;
-    if (addRank) {
-        const auto type = rankType < 0 || rankType > RowRanks::Cumulative ? RowRanks::Minimum
-                                                                          : static_cast<RowRanks::Type>(rankType);
-        const bool isSplit = rankBy > 0 && rankBy <= columnCount();
-        ranks = RowRanks(keys, order).ranks(type, isSplit ? &m_columns.at(rankBy - 1) : nullptr);
+    if (sorting.addRank) {
+        const bool isSplit = sorting.rankBy > 0 && sorting.rankBy <= columnCount();
+        ranks = RowRanks(keys, order).ranks(sorting.rankType, isSplit ? &m_columns.at(sorting.rankBy - 1) : nullptr);
     }
     keys.clear(); // lets the old cells go column by column
     if (!std::is_sorted(order.cbegin(), order.cend())) {
@@ -83,7 +78,7 @@ void Dataset::sortRows(const QList<int> &columns, const QStringList &dateFormats
             cells = cells.gathered(order);
         }
     }
-    if (addRank) {
+    if (sorting.addRank) {
         m_columns.last() = ranks;
     }
     clearValueCaches();

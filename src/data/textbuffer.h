@@ -4,10 +4,10 @@
 
 #include <QVarLengthArray>
 
-/// Room for one text in its storage form; texts of usual length take no memory of their own.
+/// Room for one text in WTF-8; texts of usual length take no memory of their own.
 using TextBuffer = QVarLengthArray<char, 256>;
 
-/// Replaces what `buffer` holds by the stored form of `text`.
+/// Replaces what `buffer` holds by the WTF-8 of `text`.
 inline void setText(TextBuffer &buffer, const QString &text)
 {
     buffer.resize(TextCoding::encodedCapacity(text.constData(), text.size()));

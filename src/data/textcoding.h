@@ -3,23 +3,23 @@
 #include <QByteArray>
 #include <QString>
 
-/// The storage form of text: UTF-8, but with unpaired surrogates written as three bytes each, so that every QString
-/// comes back as it went in. Two texts are equal exactly when their bytes are.
+/// The form in which cells hold text: WTF-8, which is UTF-8 with unpaired surrogates written as three bytes each, so
+/// that every QString comes back as it went in. Two texts are equal exactly when their bytes are.
 namespace TextCoding {
 
-/// Text of `size` stored bytes.
+/// Text of `size` bytes of WTF-8.
 QString decode(const char *bytes, int size);
-/// Appends the stored form of `text` to `out`.
+/// Appends the WTF-8 of `text` to `out`.
 void appendEncoded(QByteArray &out, const QChar *text, int size);
 /// Most bytes that `size` UTF-16 units can take.
 constexpr qint64 maxEncodedSize(qint64 size)
 {
     return size * 3;
 }
-/// Bytes to keep free for the stored form of `text`: the most that it can take or, for a very long text, what it does
+/// Bytes to keep free for the WTF-8 of `text`: the most that it can take or, for a very long text, what it does
 /// take. Throws std::length_error for a text that no cell can hold.
 int encodedCapacity(const QChar *text, int size);
-/// Writes the stored form to `out`, which has room for encodedCapacity(text, size); returns the bytes written.
+/// Writes the WTF-8 to `out`, which has room for encodedCapacity(text, size); returns the bytes written.
 int encode(char *out, const QChar *text, int size);
 /// True when no byte is above 127.
 bool isAscii(const char *bytes, int size);

@@ -2,7 +2,7 @@
 
 #include "data/cell.h"
 
-/// The order of texts by UTF-16 code unit, as QString::compare has it, found on their stored forms. It differs from
+/// The order of texts by UTF-16 code unit, as QString::compare has it, found on their WTF-8. It differs from
 /// that of the bytes where characters outside the first plane meet the last ones of it.
 namespace TextOrder {
 

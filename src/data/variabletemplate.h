@@ -24,7 +24,7 @@ public:
     /// True when every row gives the same text.
     bool isConstant() const { return m_pieces.isEmpty(); }
     QString text(const Dataset &dataset, RowIndex row) const;
-    /// Replaces what `out` holds by the text in storage form.
+    /// Replaces what `out` holds by the text in WTF-8.
     void write(const Dataset &dataset, RowIndex row, TextBuffer &out) const;
 
 private:

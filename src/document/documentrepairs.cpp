@@ -1,5 +1,7 @@
 #include "document/documentrepairs.h"
 
+#include "transforms/frame/messages.h"
+
 namespace {
 
 constexpr int longestName = 40;
@@ -28,13 +30,11 @@ const Wording wordings[DocumentRepairs::KindCount] = {
 
 void DocumentRepairs::add(Kind kind, const QString &what)
 {
-    Messages::Examples &examples = m_examples[kind];
-    if (!examples.wantsText()) {
-        examples.addHidden();
-        return;
-    }
-    const QString text = what.simplified();
-    examples.add(text.size() > longestName ? text.left(longestName) + QStringLiteral("...") : text);
+    CappedList &examples = m_examples[kind];
+    examples.add([&what] {
+        const QString text = what.simplified();
+        return text.size() > longestName ? text.left(longestName) + QStringLiteral("...") : text;
+    });
 }
 
 void DocumentRepairs::addConnection(Kind kind, int startId, int endId)
@@ -46,14 +46,14 @@ QStringList DocumentRepairs::lines() const
 {
     QStringList result;
     for (int kind = 0; kind < KindCount; ++kind) {
-        const Messages::Examples &examples = m_examples[kind];
+        const CappedList &examples = m_examples[kind];
         if (examples.count() == 0) {
             continue;
         }
         const QString heading = examples.count() == 1
                                     ? QString::fromLatin1(wordings[kind].one)
                                     : QString::fromLatin1(wordings[kind].many).arg(Messages::count(examples.count()));
-        result.append(heading + QStringLiteral(": ") + examples.lines("other", "others").join(QStringLiteral(", ")));
+        result.append(heading + QStringLiteral(": ") + examples.lines().join(QStringLiteral(", ")));
     }
     return result;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "transforms/frame/messages.h"
+#include "text/cappedlist.h"
 
 #include <QStringList>
 
@@ -28,5 +28,5 @@ public:
     QStringList lines() const;
 
 private:
-    Messages::Examples m_examples[KindCount];
+    CappedList m_examples[KindCount];
 };

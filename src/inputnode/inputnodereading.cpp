@@ -1,13 +1,15 @@
 #include "files/filesheet.h"
 #include "inputnode/inputnode.h"
 
+#include "data/columnbuilder.h"
 #include "data/values.h"
 #include "inputs/excelreader.h"
 #include "inputs/metainformation.h"
 #include "inputs/schemacheck.h"
 #include "inputs/sourcereader.h"
 #include "settings/settings.h"
-#include "transforms/frame/newcolumn.h"
+#include "text/cappedlist.h"
+#include "transforms/frame/messages.h"
 
 #include <QFileInfo>
 
@@ -15,14 +17,14 @@
 
 namespace {
 
-QString unknownDatesWarning(const QString &source, const Messages::Examples &dates)
+QString unknownDatesWarning(const QString &source, const CappedList &dates)
 {
     const QString text = dates.count() == 1
                              ? QStringLiteral(
                                  "%1 cell of '%2' has a date format but holds no date and was read as empty: %3")
                              : QStringLiteral(
                                  "%1 cells of '%2' have a date format but hold no dates and were read as empty: %3");
-    return text.arg(Messages::count(dates.count()), source, dates.lines("other", "others").join(QStringLiteral(", ")));
+    return text.arg(Messages::count(dates.count()), source, dates.lines().join(QStringLiteral(", ")));
 }
 
 } // namespace
@@ -215,6 +217,6 @@ void InputNode::addMetaInformation(Dataset &dataset, const QString &path, const 
     } else if (m_options.metaPosition == InputOptions::MetaLastRow) {
         dataset.appendRow({text});
     } else {
-        dataset.appendColumn(NewColumn::filled(text, dataset.rowCount()), m_options.metaColumnName);
+        dataset.appendColumn(ColumnBuilder::filled(text, dataset.rowCount()), m_options.metaColumnName);
     }
 }

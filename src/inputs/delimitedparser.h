@@ -15,7 +15,7 @@ struct DelimitedSyntax
     bool ignoreRepeatedDelimiter = false;
 };
 
-/// Parts text in storage form into rows and cells. It takes whole rows only, so between two calls there is no state:
+/// Parts text in WTF-8 into rows and cells. It takes whole rows only, so between two calls there is no state:
 /// the caller comes again with what was left and more behind it.
 class DelimitedParser
 {
@@ -47,7 +47,7 @@ private:
     template<bool quotes>
     char *takeEnd(Cursor &cursor, RowBatch &batch) const;
 
-    QByteArray m_delimiter; // storage form
+    QByteArray m_delimiter; // WTF-8
     bool m_quotes;
     bool m_ignoreRepeated;
     bool m_lineFeedDelimits = false;

@@ -13,7 +13,7 @@ struct DelimiterGuess
     int kind;     ///< a value of DelimiterKind
     QString info; ///< tells of the guess and how it came about
 
-    /// Counts the candidates in the first sampleSize characters of `text`, which is in storage form. Comma wins when
+    /// Counts the candidates in the first sampleSize characters of `text`, which is in WTF-8. Comma wins when
     /// none is there.
     static DelimiterGuess fromText(const char *text, int size);
 };

@@ -173,11 +173,7 @@ void ExcelCells::noteUnknownDate(int row, int column)
     if (isIgnored) {
         return;
     }
-    if (m_unknownDates.wantsText()) {
-        m_unknownDates.add(QString::fromLatin1(spreadsheet::cellReference(row, column)));
-    } else {
-        m_unknownDates.addHidden();
-    }
+    m_unknownDates.add([&] { return QString::fromLatin1(spreadsheet::cellReference(row, column)); });
 }
 
 /// Cells that share a text in the workbook share it in the table, and it is cleaned once.

@@ -3,7 +3,7 @@
 #include "data/cellcolumn.h"
 #include "inputs/exceldates.h"
 #include "inputs/shortestreal.h"
-#include "transforms/frame/messages.h"
+#include "text/cappedlist.h"
 
 #include <functional>
 #include <vector>
@@ -39,7 +39,7 @@ public:
 
     /// Cells such as "B7" whose numbers have a date format but are no dates, by rows; they are empty in the table.
     /// Those of hidden rows and columns that are to be ignored don't count.
-    const Messages::Examples &unknownDates() const { return m_unknownDates; }
+    const CappedList &unknownDates() const { return m_unknownDates; }
 
 private:
     void readRows(const std::function<void(double)> &progress);
@@ -73,5 +73,5 @@ private:
     std::vector<char> m_buffer;     // for one text
     quint32 m_lastFormat = 0xFFFFFFFF;
     bool m_lastFormatIsDate = false;
-    Messages::Examples m_unknownDates;
+    CappedList m_unknownDates;
 };

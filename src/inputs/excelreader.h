@@ -3,6 +3,7 @@
 #include "data/dataset.h"
 #include "inputs/excelcells.h"
 #include "spreadsheet/book.h"
+#include "text/cappedlist.h"
 
 #include <memory>
 
@@ -14,8 +15,8 @@ struct ExcelReadResult
     int hiddenRowCount = 0;
     int hiddenColumnCount = 0;
     int emptyRowCount = 0;
-    Messages::Examples unknownDates; ///< see ExcelCells
-    QString error;                   ///< empty when all went well, and for a file that isn't there
+    CappedList unknownDates; ///< see ExcelCells
+    QString error;           ///< empty when all went well, and for a file that isn't there
 };
 
 /// A workbook that nothing was loaded into yet, .xls for FileType::ExcelXls and .xlsx for all other types; null for an

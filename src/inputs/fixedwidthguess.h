@@ -9,7 +9,7 @@
 class FixedWidthGuess
 {
 public:
-    /// Takes the next line, in storage form.
+    /// Takes the next line, in WTF-8.
     void addLine(const char *begin, const char *end);
     /// True when further lines can't change the result.
     bool hasEnough() const;

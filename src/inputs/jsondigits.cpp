@@ -65,18 +65,15 @@ void JsonDigits::check(const char *begin, const char *end, double value)
     if (source.power == read.power && source.digits == read.digits) {
         return;
     }
-    if (++m_count <= mostShown) {
+    m_numbers.add([&] {
         const int size = static_cast<int>(qMin<qint64>(end - begin, longestShown + 1));
-        m_shown.append(ellipsized(QString::fromLatin1(begin, size), longestShown));
-    }
+        return ellipsized(QString::fromLatin1(begin, size), longestShown);
+    });
 }
 
 void JsonDigits::forgetRecord()
 {
-    m_count = m_countBefore;
-    while (m_shown.size() > m_count) {
-        m_shown.removeLast();
-    }
+    m_numbers.truncate(m_countBefore);
 }
 
 void JsonDigits::checkAll(const char *begin, const char *end)
@@ -103,15 +100,12 @@ void JsonDigits::checkAll(const char *begin, const char *end)
 
 QString JsonDigits::warning() const
 {
-    if (m_count == 0) {
+    const qint64 count = m_numbers.count();
+    if (count == 0) {
         return QString();
     }
-    const QString others = m_count > mostShown
-                               ? QStringLiteral(" + %1 %2")
-                                     .arg(formatInteger(m_count - mostShown, true),
-                                         m_count == mostShown + 1 ? QStringLiteral("other") : QStringLiteral("others"))
-                               : QString();
+    const QString others = m_numbers.others() > 0 ? QLatin1Char(' ') + m_numbers.othersLine() : QString();
     return QStringLiteral("%1 %2 above %3 read with other digits: %4%5")
-        .arg(formatInteger(m_count, true), m_count == 1 ? QStringLiteral("number") : QStringLiteral("numbers"),
-            formatInteger(static_cast<qlonglong>(limit), true), m_shown.join(QStringLiteral(", ")), others);
+        .arg(formatInteger(count, true), count == 1 ? QStringLiteral("number") : QStringLiteral("numbers"),
+            formatInteger(static_cast<qlonglong>(limit), true), m_numbers.texts().join(QStringLiteral(", ")), others);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QStringList>
+#include "text/cappedlist.h"
 
 /// Numbers of JSON that are whole and too large for each whole number to have a double of its own: those that come out
 /// with other digits than the source has.
@@ -11,7 +11,7 @@ public:
     static constexpr double limit = 9007199254740992.0;
 
     /// Looks at the numbers of the next record from now on.
-    void startRecord() { m_countBefore = m_count; }
+    void startRecord() { m_countBefore = m_numbers.count(); }
     /// Forgets what was found since startRecord().
     void forgetRecord();
     /// Looks at one number, whose value the caller has.
@@ -22,9 +22,6 @@ public:
     QString warning() const;
 
 private:
-    static constexpr int mostShown = 5;
-
-    qint64 m_count = 0;
+    CappedList m_numbers;
     qint64 m_countBefore = 0;
-    QStringList m_shown; // the first ones
 };

@@ -20,7 +20,7 @@ bool isValid(const char *bytes, quint32 size);
 constexpr int markSize = 3;
 /// True when the text starts with U+FEFF: a byte order mark where a document begins, a character elsewhere.
 bool startsWithMark(const char *bytes, quint32 size);
-/// Writes the text that valid escapes stand for to `out`, in storage form; never longer than it was. Returns its size.
+/// Writes the text that valid escapes stand for to `out`, in WTF-8; never longer than it was. Returns its size.
 quint32 unescape(const char *bytes, quint32 size, char *out);
 
 } // namespace JsonString

@@ -23,7 +23,7 @@ QString shown(const QDate &date)
     return QLocale::system().toString(date, QLocale::ShortFormat);
 }
 
-struct Context
+struct ReadFile
 {
     const MetaSource &source;
     QFileInfo file;
@@ -34,31 +34,31 @@ struct Variable
 {
     const char *name;
     bool ofFile;
-    QString (*value)(const Context &context);
+    QString (*value)(const ReadFile &context);
 };
 
 // Numbers that go into cells come without grouping.
 const Variable table[] = {
-    {"CurrentDateTime", false, [](const Context &c) { return shown(c.now); }},
-    {"CurrentDate", false, [](const Context &c) { return shown(c.now.date()); }},
-    {"ComputerName", false, [](const Context &) { return QSysInfo::machineHostName(); }},
-    {"UserName", false, [](const Context &) { return platform::userName(); }},
-    {"DataRows", false, [](const Context &c) { return formatInteger(c.source.rows, false); }},
-    {"DataColumns", false, [](const Context &c) { return formatInteger(c.source.columns, false); }},
+    {"CurrentDateTime", false, [](const ReadFile &c) { return shown(c.now); }},
+    {"CurrentDate", false, [](const ReadFile &c) { return shown(c.now.date()); }},
+    {"ComputerName", false, [](const ReadFile &) { return QSysInfo::machineHostName(); }},
+    {"UserName", false, [](const ReadFile &) { return platform::userName(); }},
+    {"DataRows", false, [](const ReadFile &c) { return formatInteger(c.source.rows, false); }},
+    {"DataColumns", false, [](const ReadFile &c) { return formatInteger(c.source.columns, false); }},
     {"DataValues", false,
-        [](const Context &c) { return formatInteger(qlonglong(c.source.rows) * c.source.columns, false); }},
-    {"FilePath", true, [](const Context &c) { return absoluteNativePath(c.source.path); }},
-    {"FolderPath", true, [](const Context &c) { return QDir::toNativeSeparators(c.file.absolutePath()); }},
-    {"FileName", true, [](const Context &c) { return c.file.fileName(); }},
-    {"FileSizeBytes", true, [](const Context &c) { return formatInteger(c.file.size(), false); }},
-    {"FileCreatedDateTime", true, [](const Context &c) { return shown(c.file.birthTime()); }},
-    {"FileUpdatedDateTime", true, [](const Context &c) { return shown(c.file.lastModified()); }},
-    {"FileCreatedDate", true, [](const Context &c) { return shown(c.file.birthTime().date()); }},
-    {"FileUpdatedDate", true, [](const Context &c) { return shown(c.file.lastModified().date()); }},
-    {"FileSheetName", true, [](const Context &c) { return c.source.sheet; }},
+        [](const ReadFile &c) { return formatInteger(qlonglong(c.source.rows) * c.source.columns, false); }},
+    {"FilePath", true, [](const ReadFile &c) { return absoluteNativePath(c.source.path); }},
+    {"FolderPath", true, [](const ReadFile &c) { return QDir::toNativeSeparators(c.file.absolutePath()); }},
+    {"FileName", true, [](const ReadFile &c) { return c.file.fileName(); }},
+    {"FileSizeBytes", true, [](const ReadFile &c) { return formatInteger(c.file.size(), false); }},
+    {"FileCreatedDateTime", true, [](const ReadFile &c) { return shown(c.file.birthTime()); }},
+    {"FileUpdatedDateTime", true, [](const ReadFile &c) { return shown(c.file.lastModified()); }},
+    {"FileCreatedDate", true, [](const ReadFile &c) { return shown(c.file.birthTime().date()); }},
+    {"FileUpdatedDate", true, [](const ReadFile &c) { return shown(c.file.lastModified().date()); }},
+    {"FileSheetName", true, [](const ReadFile &c) { return c.source.sheet; }},
 };
 
-QString valueOf(const QStringRef &name, const Context &context, bool *known)
+QString valueOf(const QStringRef &name, const ReadFile &context, bool *known)
 {
     for (const Variable &variable : table) {
         if (name == QLatin1String(variable.name)) {
@@ -84,7 +84,7 @@ QStringList MetaInformation::variables()
 
 QString MetaInformation::expand(const QString &text, const MetaSource &source)
 {
-    const Context context{source, QFileInfo(source.path), QDateTime::currentDateTime()};
+    const ReadFile context{source, QFileInfo(source.path), QDateTime::currentDateTime()};
     QString result;
     int done = 0;
     // One pass from the left: what a variable stands for is never looked into.

@@ -1,7 +1,7 @@
 #include "inputs/schemacheck.h"
 
+#include "data/columnbuilder.h"
 #include "data/dataset.h"
-#include "transforms/frame/newcolumn.h"
 
 #include <QHash>
 
@@ -135,7 +135,7 @@ void SchemaCheck::addMissing(Columns &columns, int place)
         return;
     }
     const QString value = m_schema.missingValue(place);
-    columns.output.appendColumn(NewColumn::filled(value, columns.input.rowCount()), name);
+    columns.output.appendColumn(ColumnBuilder::filled(value, columns.input.rowCount()), name);
     columns.outputStatuses.append(QStringLiteral("Added missing"));
     m_warnings.append(QStringLiteral("Schema change: Added missing column '%1' with values '%2' to position %3")
                           .arg(name, value, shown(place)));

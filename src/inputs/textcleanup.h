@@ -2,7 +2,7 @@
 
 #include <QtGlobal>
 
-/// Clean-up of cells in storage form, as QString::trimmed() and the rule for control characters would do it.
+/// Clean-up of cells in WTF-8, as QString::trimmed() and the rule for control characters would do it.
 namespace TextCleanup {
 
 /// Number of bytes of the whitespace character at `bytes`, 0 when there is none there; at most `size` bytes are read.

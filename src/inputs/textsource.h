@@ -6,7 +6,7 @@
 
 class QIODevice;
 
-/// Turns the bytes of a device into text in storage form (see TextCoding), with the meaning that a QTextStream with
+/// Turns the bytes of a device into text in WTF-8, with the meaning that a QTextStream with
 /// the same codec gives. UTF-8, the usual case, passes through without being decoded as long as it is valid.
 class TextSource
 {

@@ -6,7 +6,7 @@
 #include <functional>
 
 /// Makes records of what an XML parser meets: one of each child of the document element. Names and texts are given in
-/// storage form.
+/// WTF-8.
 class XmlRecordBuilder
 {
 public:

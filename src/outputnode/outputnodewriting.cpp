@@ -220,15 +220,9 @@ void OutputNode::writeDelimited(TextSink &sink, const TextLayout &layout, const 
 void OutputNode::writeJson(
     TextSink &sink, const TextLayout &layout, const Dataset &dataset, const JsonColumnTypes &types)
 {
-    const JsonWriter::Issues issues = JsonWriter::write(sink, dataset, types, m_options.removeEmpty, layout);
-    const qint64 others = issues.count - issues.texts.size();
-    m_warnings.append(issues.texts);
-    if (others > 0) {
-        m_warnings.append(
-            QStringLiteral("+ %1 other JSON type %2")
-                .arg(formatInteger(others, true), others == 1 ? QStringLiteral("issue") : QStringLiteral("issues")));
-    }
-    if (issues.count > 0) {
+    const CappedList issues = JsonWriter::write(sink, dataset, types, m_options.removeEmpty, layout);
+    m_warnings.append(issues.lines("other JSON type issue", "other JSON type issues"));
+    if (!issues.isEmpty()) {
         m_warnings.append(QString());
     }
     if (m_options.jsonTypeMode == JsonTypeMode::Automatic) {

@@ -7,7 +7,6 @@
 namespace {
 
 /// Non-empty values that a search for a date format looks at.
-constexpr int dateSample = 50;
 
 int statedFormat(ColumnId column, int mode, const QHash<ColumnId, int> &chosen)
 {
@@ -59,7 +58,7 @@ ExcelFormats automaticExcelFormats(const Dataset &dataset, int mode, const QHash
         int format = statedFormat(dataset.columnId(column), mode, chosen);
         QString dateFormat;
         if (format == ExcelColumnFormat::Date) {
-            dataset.isColumnDate(column, dates, &dateFormat, dateSample);
+            dataset.isColumnDate(column, dates, &dateFormat);
         } else if (format == ExcelColumnFormat::Automatic) {
             format = formatOf(dataset.columnType(column, dates, &dateFormat, false));
             result.automatic.append(column.toInt());

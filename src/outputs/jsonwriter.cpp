@@ -62,7 +62,7 @@ public:
             m_sink.append(m_lineEnding);
         }
     }
-    const JsonWriter::Issues &issues() const { return m_issues; }
+    const CappedList &issues() const { return m_issues; }
 
 private:
     const OutputTree::Node &node(int number) const { return m_tree.nodes()[static_cast<size_t>(number)]; }
@@ -87,7 +87,7 @@ private:
     std::vector<int> m_types;
     std::vector<int> m_open;
     bool m_afterSibling = false;
-    JsonWriter::Issues m_issues;
+    CappedList m_issues;
 };
 
 Writer::Writer(TextSink &sink, OutputTree &tree, const JsonColumnTypes &types, const QByteArray &lineEnding)
@@ -195,16 +195,15 @@ void Writer::writeValue(int type, const Cell &value, int column)
 void Writer::writeNull(int type, const Cell &value, int column)
 {
     m_sink.append("null", 4);
-    if (m_issues.texts.size() < JsonWriter::Issues::maxTexts) {
-        m_issues.texts.append(QStringLiteral("'%1' not of type %2 in column %3.")
-                                  .arg(value.text(), JsonColumnType::label(type), QString::number(column + 1)));
-    }
-    ++m_issues.count;
+    m_issues.add([&] {
+        return QStringLiteral("'%1' not of type %2 in column %3.")
+            .arg(value.text(), JsonColumnType::label(type), QString::number(column + 1));
+    });
 }
 
 } // namespace
 
-JsonWriter::Issues JsonWriter::write(
+CappedList JsonWriter::write(
     TextSink &sink, const Dataset &dataset, const JsonColumnTypes &types, bool removeEmpty, const TextLayout &layout)
 {
     OutputTree tree = buildOutputTree(dataset, removeEmpty);

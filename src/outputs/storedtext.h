@@ -10,7 +10,7 @@
 class Dataset;
 class TextSink;
 
-/// Text in storage form that lies elsewhere.
+/// Text in WTF-8 that lies elsewhere.
 struct StoredText
 {
     const char *bytes;

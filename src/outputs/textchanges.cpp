@@ -4,6 +4,7 @@
 #include "data/numberscan.h"
 #include "data/values.h"
 #include "outputs/excelformats.h"
+#include "text/cappedlist.h"
 #include "transforms/frame/messages.h"
 
 namespace {
@@ -99,23 +100,20 @@ QString TextChanges::line(const QStringList &columnNames) const
 {
     constexpr int namedColumns = 50;
     constexpr int shownLength = 50;
-    QStringList columns;
-    int count = 0;
+    CappedList columns(namedColumns);
     for (size_t i = 0; i < m_columns.size(); ++i) {
         const Column &column = m_columns[i];
-        if (column.kind && ++count <= namedColumns) {
-            columns.append(QStringLiteral("'%1' ('%2' to a %3)")
-                               .arg(ellipsized(columnNames.at(static_cast<int>(i)), shownLength),
-                                   ellipsized(column.firstText, shownLength), QLatin1String(column.kind)));
+        if (column.kind) {
+            columns.add([&] {
+                return QStringLiteral("'%1' ('%2' to a %3)")
+                    .arg(ellipsized(columnNames.at(static_cast<int>(i)), shownLength),
+                        ellipsized(column.firstText, shownLength), QLatin1String(column.kind));
+            });
         }
     }
-    if (count > columns.size()) {
-        const int others = count - columns.size();
-        columns.append(
-            QStringLiteral("+ %1 %2").arg(Messages::count(others), Messages::word(others, "other", "others")));
-    }
-    return count == 0 ? QString()
-                      : QStringLiteral("Automatic formats change texts in %1 %2: %3")
-                            .arg(Messages::count(count), Messages::word(count, "column", "columns"),
-                                columns.join(QStringLiteral(", ")));
+    return columns.isEmpty()
+               ? QString()
+               : QStringLiteral("Automatic formats change texts in %1 %2: %3")
+                     .arg(Messages::count(columns.count()), Messages::word(columns.count(), "column", "columns"),
+                         columns.lines().join(QStringLiteral(", ")));
 }

@@ -8,7 +8,7 @@
 
 class QIODevice;
 
-/// Writes text in its storage form (see TextCoding) to a device in a named encoding, through one large buffer. The
+/// Writes text in WTF-8 to a device in a named encoding, through one large buffer. The
 /// bytes are those that a QTextStream with this codec name and setting of the byte order mark would write: an unknown
 /// name leaves the locale's codec, the mark goes in front of the first text, and no text gives no mark.
 class TextSink

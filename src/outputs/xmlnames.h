@@ -9,9 +9,9 @@ namespace XmlNames {
 
 /// The five characters with a meaning of their own, as references.
 const ByteReplacements &references();
-/// In storage form.
+/// In WTF-8.
 QByteArray escaped(const QString &text);
-/// The name as a tag, in storage form: escaped, without exclamation marks in front, hyphens for spaces; "_" when
+/// The name as a tag, in WTF-8: escaped, without exclamation marks in front, hyphens for spaces; "_" when
 /// nothing is left.
 QByteArray tag(const QString &name);
 /// What is wrong with a column name as a tag, as a warning; empty for nothing.

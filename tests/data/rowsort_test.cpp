@@ -1,4 +1,5 @@
 #include "data/dataset.h"
+#include "data/rowsorting.h"
 #include "data/values.h"
 #include "support/grid.h"
 #include "support/randomtext.h"
@@ -11,21 +12,21 @@ namespace {
 
 const QStringList formats{"M/d/yyyy", "d/M/yyyy", "yyyy-M-d"};
 
-/// The arguments of sortRows().
-struct Sorting
+/// By the first column, unless a test says otherwise.
+struct Sorting : RowSorting
 {
-    QList<int> columns{1};
-    bool localeAware = false;
-    bool caseSensitive = true;
-    bool intelligent = true;
-    bool addRank = false;
-    int rankType = 0;
-    int rankBy = 0;
-
+    Sorting(const QList<int> &sortedColumns = {1}, bool byLocale = false, bool withCase = true, bool withValues = true)
+    {
+        columns = sortedColumns;
+        dateFormats = formats;
+        byValue = withValues;
+        localeAware = byLocale;
+        caseSensitive = withCase;
+    }
     QString apply(Dataset &dataset) const
     {
         QString info;
-        dataset.sortRows(columns, formats, addRank, rankType, rankBy, localeAware, caseSensitive, intelligent, &info);
+        dataset.sortRows(*this, &info);
         return info;
     }
 };
@@ -33,7 +34,7 @@ struct Sorting
 Sorting textual()
 {
     Sorting sorting;
-    sorting.intelligent = false;
+    sorting.byValue = false;
     return sorting;
 }
 
@@ -162,23 +163,22 @@ TEST(RowSort, Ranks)
     const struct
     {
         const char *what;
-        int type;
+        RowRanks::Type type;
         QStringList cells;
         QStringList ranks;
     } cases[] = {
-        {"minimum", 0, {"5", "7", "5"}, {"1", "1", "3"}},
-        {"average", 1, {"5", "7", "5"}, {"1.5", "1.5", "3"}},
-        {"maximum", 2, {"5", "7", "5"}, {"2", "2", "3"}},
-        {"dense", 3, {"5", "7", "5"}, {"1", "1", "2"}},
-        {"cumulative", 4, {"5", "7", "5"}, {"0.666666666666667", "0.666666666666667", "1"}},
-        {"cumulative fractions add up", 4, {"1", "2", "3"}, {"0.333333333333333", "0.666666666666667", "1"}},
-        {"an unknown type is minimum", 5, {"5", "7", "5"}, {"1", "1", "3"}},
-        {"so is a negative one", -1, {"5", "7", "5"}, {"1", "1", "3"}},
-        {"average in the middle", 1, {"1", "2", "2", "3"}, {"1", "2.5", "2.5", "4"}},
-        {"numbers are the same by value", 3, {"1", "1.0", "$1", "2"}, {"1", "1", "1", "2"}},
-        {"long whole numbers are the same digit by digit", 3,
+        {"minimum", RowRanks::Minimum, {"5", "7", "5"}, {"1", "1", "3"}},
+        {"average", RowRanks::Average, {"5", "7", "5"}, {"1.5", "1.5", "3"}},
+        {"maximum", RowRanks::Maximum, {"5", "7", "5"}, {"2", "2", "3"}},
+        {"dense", RowRanks::Dense, {"5", "7", "5"}, {"1", "1", "2"}},
+        {"cumulative", RowRanks::Cumulative, {"5", "7", "5"}, {"0.666666666666667", "0.666666666666667", "1"}},
+        {"cumulative fractions add up", RowRanks::Cumulative, {"1", "2", "3"},
+            {"0.333333333333333", "0.666666666666667", "1"}},
+        {"average in the middle", RowRanks::Average, {"1", "2", "2", "3"}, {"1", "2.5", "2.5", "4"}},
+        {"numbers are the same by value", RowRanks::Dense, {"1", "1.0", "$1", "2"}, {"1", "1", "1", "2"}},
+        {"long whole numbers are the same digit by digit", RowRanks::Dense,
             {"9007199254740993", "9007199254740992", "9007199254740992.0"}, {"1", "1", "2"}},
-        {"empty cells are the same", 3, {"", "", "4"}, {"1", "1", "2"}},
+        {"empty cells are the same", RowRanks::Dense, {"", "", "4"}, {"1", "1", "2"}},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.what);
@@ -227,9 +227,9 @@ public:
         for (const int number : sorting.columns) {
             QString format;
             const ColumnIndex column(std::abs(number) - 1);
-            const bool isDate = sorting.intelligent && dataset.isColumnDate(column, formats, &format, 50);
+            const bool isDate = sorting.byValue && dataset.isColumnDate(column, formats, &format);
             m_formats.append(isDate ? format : QString());
-            m_numeric.append(sorting.intelligent && !isDate && dataset.isColumnNumeric(column, true, 100));
+            m_numeric.append(sorting.byValue && !isDate && dataset.isColumnNumeric(column, true, 100));
         }
     }
 

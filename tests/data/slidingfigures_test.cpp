@@ -1,4 +1,4 @@
-#include "data/slidingfigures.h"
+#include "data/rollingstatistics.h"
 #include "data/statistics.h"
 
 #include <QtGlobal>
@@ -12,7 +12,7 @@ namespace {
 
 using Figure = std::function<double(double *, double *)>;
 
-std::vector<double> oneByOne(const std::vector<double> &numbers, const SlidingWindows &windows, const Figure &figure)
+std::vector<double> oneByOne(const std::vector<double> &numbers, const RollingWindows &windows, const Figure &figure)
 {
     std::vector<double> figures;
     for (size_t i = 0; i < windows.count(); ++i) {
@@ -45,9 +45,9 @@ std::vector<double> randomNumbers(std::mt19937 &random, int kind, int count)
 }
 
 /// Windows of rows that follow one another, cut at both ends.
-SlidingWindows steadyWindows(int numbers, int size)
+RollingWindows steadyWindows(int numbers, int size)
 {
-    SlidingWindows windows;
+    RollingWindows windows;
     for (int end = 1; end < numbers + size; ++end) {
         windows.add(std::min(numbers, std::max(0, end - size)), std::min(numbers, end));
     }
@@ -55,9 +55,9 @@ SlidingWindows steadyWindows(int numbers, int size)
 }
 
 /// Windows whose bounds rise by chance, now and then by much.
-SlidingWindows randomWindows(std::mt19937 &random, int numbers, int count)
+RollingWindows randomWindows(std::mt19937 &random, int numbers, int count)
 {
-    SlidingWindows windows;
+    RollingWindows windows;
     int begin = 0;
     int end = 0;
     for (int i = 0; i < count; ++i) {
@@ -68,25 +68,25 @@ SlidingWindows randomWindows(std::mt19937 &random, int numbers, int count)
     return windows;
 }
 
-TEST(SlidingFigures, AreThoseOfEachWindowOnItsOwn)
+TEST(RollingStatistics, AreThoseOfEachWindowOnItsOwn)
 {
     std::mt19937 random(7);
     for (int round = 0; round < 200; ++round) {
         SCOPED_TRACE(round);
         const int count = static_cast<int>(random() % 300);
         const std::vector<double> numbers = randomNumbers(random, round % 4, count);
-        const SlidingWindows windows = round % 8 < 4 ? randomWindows(random, count, static_cast<int>(random() % 300))
+        const RollingWindows windows = round % 8 < 4 ? randomWindows(random, count, static_cast<int>(random() % 300))
                                                      : steadyWindows(count, static_cast<int>(random() % 100));
-        EXPECT_EQ(SlidingFigures::sums(numbers, windows), oneByOne(numbers, windows, Statistics::sum));
-        EXPECT_EQ(SlidingFigures::medians(numbers, windows), oneByOne(numbers, windows, Statistics::median));
-        EXPECT_EQ(SlidingFigures::minimums(numbers, windows),
+        EXPECT_EQ(RollingStatistics::sums(numbers, windows), oneByOne(numbers, windows, Statistics::sum));
+        EXPECT_EQ(RollingStatistics::medians(numbers, windows), oneByOne(numbers, windows, Statistics::median));
+        EXPECT_EQ(RollingStatistics::minimums(numbers, windows),
             oneByOne(numbers, windows, [](double *begin, double *end) { return *std::min_element(begin, end); }));
-        EXPECT_EQ(SlidingFigures::maximums(numbers, windows),
+        EXPECT_EQ(RollingStatistics::maximums(numbers, windows),
             oneByOne(numbers, windows, [](double *begin, double *end) { return *std::max_element(begin, end); }));
     }
 }
 
-TEST(SlidingFigures, SumsOfWideWindowsAreRoundedOnce)
+TEST(RollingStatistics, SumsOfWideWindowsAreRoundedOnce)
 {
     // Multiples of 2^-40 below 2^20 have sums that 128 bits hold exactly.
     constexpr int fractionBits = 40;
@@ -100,11 +100,11 @@ TEST(SlidingFigures, SumsOfWideWindowsAreRoundedOnce)
         numbers.push_back(number);
         before.push_back(before.back() + static_cast<Wide>(std::ldexp(number, fractionBits)));
     }
-    SlidingWindows windows;
+    RollingWindows windows;
     for (int i = 0; i < 6000; ++i) {
         windows.add(qMax(0, i - 2000), i + 1);
     }
-    const std::vector<double> sums = SlidingFigures::sums(numbers, windows);
+    const std::vector<double> sums = RollingStatistics::sums(numbers, windows);
     for (size_t i = 0; i < sums.size(); ++i) {
         const Wide exact = before[static_cast<size_t>(windows.ends[i])]
                            - before[static_cast<size_t>(windows.begins[i])];

@@ -12,7 +12,7 @@ namespace {
 struct Json
 {
     std::string text;
-    JsonWriter::Issues issues;
+    CappedList issues;
 };
 
 Json json(
@@ -106,17 +106,18 @@ TEST(JsonWriter, WritesValuesByTheirTypesOrNull)
         SCOPED_TRACE(c.what);
         const Json result = json(grid({"a", c.value}), {{0, c.type}}, false);
         EXPECT_EQ(result.text, std::string("[\n  {\n    \"a\": ") + c.text + "\n  }\n]\n");
-        EXPECT_EQ(result.issues.texts, c.issues);
+        EXPECT_EQ(result.issues.texts(), c.issues);
     }
 }
 
 TEST(JsonWriter, CountsAllIssuesAndListsFive)
 {
     const Json result = json(grid({"a|b", "1|u", "2|v", "3|w", "4|x", "5|y", "6|z"}), {{1, JsonColumnType::Number}});
-    EXPECT_EQ(result.issues.count, 6);
-    EXPECT_EQ(result.issues.texts, QStringList({"'u' not of type Number in column 2.",
-                                       "'v' not of type Number in column 2.", "'w' not of type Number in column 2.",
-                                       "'x' not of type Number in column 2.", "'y' not of type Number in column 2."}));
+    EXPECT_EQ(result.issues.count(), 6);
+    EXPECT_EQ(
+        result.issues.texts(), QStringList({"'u' not of type Number in column 2.",
+                                   "'v' not of type Number in column 2.", "'w' not of type Number in column 2.",
+                                   "'x' not of type Number in column 2.", "'y' not of type Number in column 2."}));
 }
 
 TEST(JsonColumnTypes, AreJudgedByTheFirstHundredRows)
@@ -172,8 +173,8 @@ TEST(JsonWriter, WritesWhatTheTreeOfAllRowsGives)
         const PlainJson plain(table, types, removeEmpty, "\r\n");
         ASSERT_EQ(fast.text, written([&](TextSink &sink) { sink.append(plain.text); }))
             << "table " << i << ": " << table.columnNames().join('|').toStdString();
-        ASSERT_EQ(fast.issues.texts, plain.issues.texts) << "table " << i;
-        ASSERT_EQ(fast.issues.count, plain.issues.count) << "table " << i;
+        ASSERT_EQ(fast.issues.texts(), plain.issues.texts()) << "table " << i;
+        ASSERT_EQ(fast.issues.count(), plain.issues.count()) << "table " << i;
     }
 }
 

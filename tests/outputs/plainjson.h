@@ -21,7 +21,7 @@ public:
     }
 
     QString text;
-    JsonWriter::Issues issues;
+    CappedList issues;
 
 private:
     void write(const OutputTreeNode &node)
@@ -54,10 +54,8 @@ private:
             result = type == JsonColumnType::RawData ? leaf.value : "\"" + escaped(leaf.value) + "\"";
         }
         if (!ok) {
-            if (++issues.count <= 5) {
-                issues.texts.append("'" + leaf.value + "' not of type " + JsonColumnType::label(type) + " in column "
-                                    + QString::number(leaf.column + 1) + ".");
-            }
+            issues.add("'" + leaf.value + "' not of type " + JsonColumnType::label(type) + " in column "
+                       + QString::number(leaf.column + 1) + ".");
             return "null";
         }
         return result;

@@ -172,9 +172,11 @@ void CellTableWriter::writeConstant(int row, const CellRecord &cell)
 void CellTableWriter::writeText(int row, const CellRecord &cell, quint32 text)
 {
     if (m_context.texts.isTooLong(text)) {
-        m_context.textWarnings.add(QStringLiteral("Text in %1 has more than %2 characters and was cut in .xls")
-                                       .arg(placeOf(row, cell))
-                                       .arg(maxTextLength));
+        m_context.textWarnings.add([&] {
+            return QStringLiteral("Text in %1 has more than %2 characters and was cut in .xls")
+                .arg(placeOf(row, cell))
+                .arg(maxTextLength);
+        });
     }
     begin(RecordId::LabelShared, row, cell, sizeof(quint32));
     m_out.buffer().u32(m_context.texts.numberOf(text));
@@ -199,9 +201,10 @@ void CellTableWriter::writeNewFormula(int row, const CellRecord &cell, const QBy
     CompiledFormula compiled;
     QString reason;
     if (!compileFormula(text, m_sheetNumbers, &compiled, &reason)) {
-        m_context.formulaWarnings.add(
-            QStringLiteral("Formula in %1 could not be written to .xls and was written as text: %2")
-                .arg(placeOf(row, cell), reason));
+        m_context.formulaWarnings.add([&] {
+            return QStringLiteral("Formula in %1 could not be written to .xls and was written as text: %2")
+                .arg(placeOf(row, cell), reason);
+        });
         const QByteArray shown = '=' + text;
         writeText(row, cell, m_context.book.texts.add({shown.constData(), static_cast<size_t>(shown.size())}));
         return;
@@ -222,9 +225,10 @@ void CellTableWriter::writeStoredFormula(int row, const CellRecord &cell, QByteA
 {
     constexpr int formatPlace = 8, resultPlace = 10, markPlace = 16;
     if (m_shared.prepare(&stored) == SharedFormulas::Form::Lost) {
-        m_context.formulaWarnings.add(
-            QStringLiteral("Formula in %1 could not be kept and was replaced by its last result")
-                .arg(placeOf(row, cell)));
+        m_context.formulaWarnings.add([&] {
+            return QStringLiteral("Formula in %1 could not be kept and was replaced by its last result")
+                .arg(placeOf(row, cell));
+        });
         writeConstant(row, cell);
         return;
     }

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "spreadsheet/xls/cappedwarnings.h"
 #include "spreadsheet/xls/sharedtextswriter.h"
 #include "spreadsheet/xls/sheetreferences.h"
 #include "spreadsheet/xls/stylewriter.h"
+#include "text/cappedlist.h"
 
 namespace spreadsheet {
 
@@ -18,7 +18,7 @@ struct SaveContext
     StyleWriter styles;
     SharedTextsWriter texts;
     SheetReferences sheets;
-    CappedWarnings formulaWarnings, textWarnings;
+    CappedList formulaWarnings, textWarnings;
 };
 
 } // namespace spreadsheet

@@ -75,8 +75,7 @@ public:
     void appendWarnings()
     {
         QStringList &warnings = m_context.book.warnings;
-        m_context.formulaWarnings.appendTo(&warnings);
-        m_context.textWarnings.appendTo(&warnings);
+        warnings += m_context.formulaWarnings.lines() + m_context.textWarnings.lines();
         if (m_context.styles.isFull()) {
             warnings.append(QStringLiteral(
                 "The workbook has more cell formats than .xls can hold, some cells were written without theirs"));

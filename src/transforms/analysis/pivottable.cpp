@@ -1,7 +1,7 @@
 #include "transforms/analysis/pivottable.h"
 
-#include "transforms/frame/newcolumn.h"
-#include "transforms/frame/storedtext.h"
+#include "data/columnbuilder.h"
+#include "data/wtf8append.h"
 
 #include <algorithm>
 
@@ -59,7 +59,7 @@ Dataset PivotTable::build(const Report &report)
 void PivotTable::makeCells()
 {
     const auto rows = static_cast<int>(rowCount());
-    CellColumn column = NewColumn::filled(m_settings.missing, rows);
+    CellColumn column = ColumnBuilder::filled(m_settings.missing, rows);
     column.keep(m_arena);
     for (qint64 i = 0; i < columnCount(); ++i) {
         m_table.appendColumn(column);
@@ -140,11 +140,11 @@ void PivotTable::writeKey(int inputRow, const QVector<ColumnIndex> &columns)
     m_text.clear();
     for (int i = 0; i < columns.size(); ++i) {
         if (i > 0) {
-            appendStored(m_text, m_delimiter.constData(), m_delimiter.size());
+            appendWtf8(m_text, m_delimiter.constData(), m_delimiter.size());
         }
         const Cell &cell = m_input.cell(RowIndex(inputRow), columns.at(i));
         const Cell &part = cell.isEmpty() ? nameOfEmpty : cell;
-        appendStored(m_text, part.bytes(), part.size());
+        appendWtf8(m_text, part.bytes(), part.size());
     }
 }
 

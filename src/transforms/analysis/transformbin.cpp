@@ -1,9 +1,10 @@
+#include "data/columnbuilder.h"
 #include "data/numberreader.h"
 #include "data/values.h"
+#include "text/cappedlist.h"
 #include "transforms/analysis/bins.h"
 #include "transforms/analysis/countedcolumn.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/addedcolumn.h"
 #include "transforms/options/option.h"
@@ -95,7 +96,7 @@ private:
         const Bins::Settings settings = settingsOf(values);
         Bins bins(settings);
         std::vector<int> rows;
-        Messages::Examples failures;
+        CappedList failures(shownFailures);
         if (column.isValid() && settings.lower && settings.upper && *settings.lower >= *settings.upper) {
             addWarning(QStringLiteral("Lower threshold >= upper threshold"));
         } else if (column.isValid()) {
@@ -104,12 +105,12 @@ private:
         Dataset result = binned(values, input, column, bins, rows);
         setResultText(QStringLiteral("%1 bins from %2 rows")
                           .arg(Messages::count(result.rowCount()), Messages::count(static_cast<qint64>(rows.size()))));
-        warningList() += failures.lines("other", "others");
+        warningList() += failures.lines();
         return result;
     }
 
     /// Returns the rows whose values went into a bin.
-    std::vector<int> addRows(Bins &bins, const CellColumn &cells, bool integers, Messages::Examples &failures)
+    std::vector<int> addRows(Bins &bins, const CellColumn &cells, bool integers, CappedList &failures)
     {
         const NumberReader reader(false, true);
         std::vector<int> rows;
@@ -121,12 +122,11 @@ private:
             if (ok && !std::isnan(value)) {
                 bins.add(value);
                 rows.push_back(row);
-            } else if (failures.count() < shownFailures) {
-                failures.add(
-                    QStringLiteral("'%1' is not a %2 value in row %3")
-                        .arg(cell.text(), QLatin1String(integers ? "integer" : "real"), QString::number(row + 1)));
             } else {
-                failures.addHidden();
+                failures.add([&] {
+                    return QStringLiteral("'%1' is not a %2 value in row %3")
+                        .arg(cell.text(), QLatin1String(integers ? "integer" : "real"), QString::number(row + 1));
+                });
             }
         }
         return rows;
@@ -143,8 +143,8 @@ private:
         } else {
             list = bins.list();
         }
-        NewColumn labels(list.size());
-        NewColumn counts(list.size());
+        ColumnBuilder labels(list.size());
+        ColumnBuilder counts(list.size());
         for (const Bins::Bin &bin : qAsConst(list)) {
             labels.append(bin.label);
             counts.append(formatInteger(bin.count, false));

@@ -1,8 +1,9 @@
+#include "data/columnbuilder.h"
+#include "text/cappedlist.h"
 #include "transforms/analysis/clustercandidates.h"
 #include "transforms/analysis/clustersearch.h"
 #include "transforms/analysis/clusterterms.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/transform.h"
 #include "transforms/keys/rowkeys.h"
 #include "transforms/options/option.h"
@@ -74,8 +75,8 @@ private:
         const ColumnIndex column = values.column("Column");
         if (!column.isValid() || !input.hasRows()) {
             setResultText(resultText(0, input.rowCount()));
-            return withColumns(
-                input, NewColumn::filled(QString(), input.rowCount()), NewColumn::filled(QString(), input.rowCount()));
+            return withColumns(input, ColumnBuilder::filled(QString(), input.rowCount()),
+                ColumnBuilder::filled(QString(), input.rowCount()));
         }
         const int mode = values.choice("Clustering");
         const bool caseSensitive = values.flag("Case_Sensitive");
@@ -181,7 +182,7 @@ private:
         std::vector<NearestTerm> nearest;
         nearest.reserve(count);
         std::vector<qint64> rowCounts(terms.size());
-        Messages::Examples left;
+        CappedList left;
         qint64 leftRows = 0;
         for (size_t i = 0; i < count; ++i) {
             if (i % progressStep == 0) {
@@ -193,11 +194,7 @@ private:
                 continue;
             }
             leftRows += texts.values.rowCounts[i];
-            if (left.wantsText()) {
-                left.add(QStringLiteral("'%1'").arg(input.value(RowIndex(texts.firstRows[i]), column)));
-            } else {
-                left.addHidden();
-            }
+            left.add([&] { return QStringLiteral("'%1'").arg(input.value(RowIndex(texts.firstRows[i]), column)); });
         }
         report(terms, rowCounts, left, leftRows);
         setResultText(resultText(input.rowCount() - leftRows, input.rowCount()));
@@ -225,7 +222,7 @@ private:
 
     static CellColumn closenessColumn(const Texts &texts, const std::vector<NearestTerm> &nearest)
     {
-        NewColumn column(static_cast<int>(texts.ofRow.size()));
+        ColumnBuilder column(static_cast<int>(texts.ofRow.size()));
         std::vector<Cell> cells;
         for (const NearestTerm &found : nearest) {
             const QByteArray digits = found.term < 0 ? QByteArray() : QByteArray::number(found.closeness);
@@ -237,8 +234,8 @@ private:
         return column.take();
     }
 
-    void report(const std::vector<ClusterTerm> &terms, const std::vector<qint64> &rowCounts,
-        const Messages::Examples &left, qint64 leftRows)
+    void report(const std::vector<ClusterTerm> &terms, const std::vector<qint64> &rowCounts, const CappedList &left,
+        qint64 leftRows)
     {
         std::vector<size_t> order(terms.size());
         std::iota(order.begin(), order.end(), 0);

@@ -1,8 +1,9 @@
+#include "data/columnbuilder.h"
 #include "data/numberreader.h"
 #include "data/values.h"
+#include "text/cappedlist.h"
 #include "transforms/analysis/correlation.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/tablesize.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/option.h"
@@ -47,10 +48,10 @@ private:
         for (const ColumnIndex column : columns) {
             names.append(input.columnName(column));
         }
-        m_faults = Messages::Examples();
+        m_faults = CappedList();
         m_constants.clear();
         const QVector<QStringList> texts = correlated(numbersOf(input, columns, names), names);
-        warningList() += m_faults.lines("other", "others");
+        warningList() += m_faults.lines();
         Dataset result;
         result.addNamedColumn(columnOf(names), QStringLiteral("Correlation"));
         for (int i = 0; i < texts.size(); ++i) {
@@ -65,7 +66,7 @@ private:
 
     static CellColumn columnOf(const QStringList &texts)
     {
-        NewColumn column(texts.size());
+        ColumnBuilder column(texts.size());
         for (const QString &text : texts) {
             column.append(text);
         }
@@ -77,7 +78,7 @@ private:
         const Dataset &input, const QVector<ColumnIndex> &columns, const QStringList &names)
     {
         const NumberReader reader(false, true);
-        Messages::Examples failures;
+        CappedList failures;
         std::vector<std::vector<double>> numbers;
         for (int i = 0; i < columns.size(); ++i) {
             const CellColumn &cells = input.column(columns.at(i));
@@ -87,17 +88,17 @@ private:
                 bool ok = false;
                 const double number = reader.read(cells.at(row), &ok);
                 read.push_back(ok ? number : std::numeric_limits<double>::quiet_NaN());
-                if (!ok && failures.wantsText()) {
-                    failures.add(QStringLiteral("'%1' is not a numerical value in column '%2' row %3")
-                                     .arg(cells.at(row).text(), names.at(i), QString::number(row + 1)));
-                } else if (!ok) {
-                    failures.addHidden();
+                if (!ok) {
+                    failures.add([&] {
+                        return QStringLiteral("'%1' is not a numerical value in column '%2' row %3")
+                            .arg(cells.at(row).text(), names.at(i), QString::number(row + 1));
+                    });
                 }
             }
             Correlation::scale(read);
             numbers.push_back(std::move(read));
         }
-        warningList() += failures.lines("other", "others");
+        warningList() += failures.lines();
         return numbers;
     }
 
@@ -149,7 +150,7 @@ private:
     }
 
     // Of one run
-    Messages::Examples m_faults;
+    CappedList m_faults;
     QSet<QString> m_constants;
 };
 

@@ -1,7 +1,7 @@
+#include "data/columnbuilder.h"
 #include "data/realwriter.h"
 #include "transforms/analysis/countedcolumn.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/transform.h"
 #include "transforms/keys/rowkeys.h"
 #include "transforms/options/addedcolumn.h"
@@ -108,7 +108,7 @@ private:
     static CellColumn numbers(const std::vector<int> &counts, const std::vector<int> &order)
     {
         const RealWriter writer;
-        NewColumn column(static_cast<int>(order.size()));
+        ColumnBuilder column(static_cast<int>(order.size()));
         TextBuffer number;
         for (int text : order) {
             writer.write(counts[static_cast<size_t>(text)], number);

@@ -192,7 +192,7 @@ void TransformDiff::compareByKey(const OptionValues &values, const Pair &pair, D
     QVector<Cell> keys = distinctKeys(topKeys, bottomKeys);
     if (values.flag(QStringLiteral("Sort_by_Key"))) {
         QString format;
-        const bool dates = pair.top.isColumnDate(topColumn, dateFormats(), &format, 50);
+        const bool dates = pair.top.isColumnDate(topColumn, dateFormats(), &format);
         sortKeys(keys, dates ? format : QString());
     }
     for (int i = 0; i < keys.size() && !table.isFull(); ++i) {

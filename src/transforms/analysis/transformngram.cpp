@@ -1,9 +1,11 @@
+#include "data/columnbuilder.h"
 #include "data/numberreader.h"
 #include "data/realwriter.h"
+#include "data/rowsorting.h"
 #include "data/values.h"
+#include "text/cappedlist.h"
 #include "transforms/analysis/ngramindex.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/transform.h"
 #include "transforms/keys/rowgroups.h"
 #include "transforms/keys/rowkeys.h"
@@ -121,7 +123,7 @@ private:
     {
         const CellColumn &cells = input.column(sum);
         const QString name = input.columnName(sum);
-        Messages::Examples failures;
+        CappedList failures;
         for (int row = 0; row < cells.size(); ++row) {
             bool ok = true;
             if (isCounted[static_cast<size_t>(row)]) {
@@ -130,17 +132,15 @@ private:
             if (ok) {
                 continue;
             }
-            if (failures.wantsText()) {
-                failures.add(QStringLiteral("Invalid numeric value '%1' for column '%2' row %3")
-                                 .arg(cells.at(row).text(), name, QString::number(row + 1)));
-            } else {
-                failures.addHidden();
-            }
+            failures.add([&] {
+                return QStringLiteral("Invalid numeric value '%1' for column '%2' row %3")
+                    .arg(cells.at(row).text(), name, QString::number(row + 1));
+            });
         }
         if (failures.count() > 0) {
             addWarning(
                 QStringLiteral("'%1' non-numeric %2:").arg(name, Messages::word(failures.count(), "value", "values")));
-            warningList() += failures.lines("other", "others");
+            warningList() += failures.lines();
         }
     }
 
@@ -149,10 +149,10 @@ private:
         std::vector<int> &listedAt)
     {
         const RealWriter writer;
-        NewColumn texts(0);
-        NewColumn wordCounts(0);
-        NewColumn figures(0);
-        NewColumn numbers(0);
+        ColumnBuilder texts(0);
+        ColumnBuilder wordCounts(0);
+        ColumnBuilder figures(0);
+        ColumnBuilder numbers(0);
         TextBuffer text;
         for (int ngram = 0; ngram < ngrams.size(); ++ngram) {
             if (!ngrams.isNgram(ngram)) {
@@ -169,7 +169,10 @@ private:
         result.addNamedColumn(wordCounts.take(), QStringLiteral("Words"));
         result.addNamedColumn(figures.take(), figureName);
         result.addNamedColumn(numbers.take(), QStringLiteral("Number"));
-        result.sortRows({-3, 1}, dateFormats(), false, 0, 0, false, true, true, nullptr);
+        RowSorting sorting;
+        sorting.columns = {-3, 1};
+        sorting.dateFormats = dateFormats();
+        result.sortRows(sorting);
         const NumberReader reader(QLocale::c(), false, false);
         listedAt.resize(static_cast<size_t>(ngrams.size()));
         for (int row = 0; row < result.rowCount(); ++row) {

@@ -1,5 +1,5 @@
+#include "text/cappedlist.h"
 #include "transforms/analysis/pivottable.h"
-#include "transforms/frame/messages.h"
 #include "transforms/frame/tablesize.h"
 #include "transforms/frame/twopasses.h"
 #include "transforms/options/option.h"
@@ -105,20 +105,18 @@ private:
     void addRows(PivotTable &table, const Dataset &input, ColumnIndex value)
     {
         const QString name = input.columnName(value);
-        Messages::Examples failures;
+        CappedList failures(shownFailures);
         for (int row = 0; row < input.rowCount(); ++row) {
             reportPass(*this, 0, row, input.rowCount());
             if (table.isFailure(row)) {
-                if (failures.count() < shownFailures) {
-                    failures.add(QStringLiteral("'%1' is not a numerical value in column '%2' at row %3")
-                                     .arg(input.value(RowIndex(row), value), name, QString::number(row + 1)));
-                } else {
-                    failures.addHidden();
-                }
+                failures.add([&] {
+                    return QStringLiteral("'%1' is not a numerical value in column '%2' at row %3")
+                        .arg(input.value(RowIndex(row), value), name, QString::number(row + 1));
+                });
             }
             table.add(row);
         }
-        warningList() += failures.lines("other", "others");
+        warningList() += failures.lines();
     }
 };
 

@@ -1,9 +1,9 @@
-#include "data/numberfigures.h"
+#include "data/columnbuilder.h"
+#include "data/descriptivestatistics.h"
 #include "data/numberreader.h"
 #include "data/realwriter.h"
 #include "data/values.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/numberfailures.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/option.h"
@@ -48,7 +48,7 @@ class TransformStats final : public Transform
         const QVector<ColumnIndex> columns;
         const NumberReader reader{false, true};
         const RealWriter writer;
-        NumberFigures figures;
+        DescriptiveStatistics figures;
         NumberFailures failures{shownFailures};
         int invalidColumns = 0;
         int invalidRows = 0;
@@ -94,7 +94,7 @@ private:
         Work work(values.choice("Calculation"), values.integer("Percentile"), input, values.columns("Columns"));
         const bool hasColumns = !work.columns.isEmpty();
         setResultText(Messages::noChanges());
-        NumberFigures all;
+        DescriptiveStatistics all;
         QStringList newRow;
         if (on != Rows && hasColumns) {
             newRow = columnFigures(work, name, on == ColumnsAndRows ? &all : nullptr);
@@ -102,7 +102,8 @@ private:
         }
         Dataset result = input;
         if (on != Columns) {
-            result.appendColumn(hasColumns ? rowFigures(work) : NewColumn::filled(QString(), input.rowCount()), name);
+            result.appendColumn(
+                hasColumns ? rowFigures(work) : ColumnBuilder::filled(QString(), input.rowCount()), name);
             if (hasColumns) {
                 setResultText(QStringLiteral("%1 col added").arg(name));
             }
@@ -121,7 +122,7 @@ private:
     }
 
     /// The new row: a figure below each selected column. The numbers go to `all` too, which may be null.
-    QStringList columnFigures(Work &work, const QString &name, NumberFigures *all)
+    QStringList columnFigures(Work &work, const QString &name, DescriptiveStatistics *all)
     {
         const int columnCount = work.input.columnCount();
         QStringList row;
@@ -140,7 +141,7 @@ private:
         return row;
     }
 
-    static void gather(Work &work, ColumnIndex column, NumberFigures *all)
+    static void gather(Work &work, ColumnIndex column, DescriptiveStatistics *all)
     {
         const Cell *cells = work.input.column(column).cells.constData();
         const QString name = work.input.columnName(column);
@@ -168,7 +169,7 @@ private:
             names.append(work.input.columnName(column));
         }
         const int rowCount = work.input.rowCount();
-        NewColumn out(rowCount);
+        ColumnBuilder out(rowCount);
         TextBuffer buffer;
         for (int row = 0; row < rowCount; ++row) {
             reportRow(row, rowCount);
@@ -189,7 +190,7 @@ private:
     }
 
     /// Writes the figure, or that there is none; returns whether there is one.
-    static bool write(const Work &work, const NumberFigures &figures, TextBuffer &out)
+    static bool write(const Work &work, const DescriptiveStatistics &figures, TextBuffer &out)
     {
         if (work.calculation == Mode && figures.count() > 0) {
             const std::vector<double> modes = figures.modes();
@@ -205,14 +206,14 @@ private:
         return true;
     }
 
-    static QPair<QString, bool> text(const Work &work, const NumberFigures &figures)
+    static QPair<QString, bool> text(const Work &work, const DescriptiveStatistics &figures)
     {
         TextBuffer buffer;
         const bool isValid = write(work, figures, buffer);
         return {TextCoding::decode(buffer.constData(), buffer.size()), isValid};
     }
 
-    static std::optional<double> figure(const Work &work, const NumberFigures &figures)
+    static std::optional<double> figure(const Work &work, const DescriptiveStatistics &figures)
     {
         switch (work.calculation) {
         case Minimum:

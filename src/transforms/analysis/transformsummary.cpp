@@ -1,6 +1,6 @@
+#include "data/columnbuilder.h"
 #include "transforms/analysis/profiletable.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/option.h"
 #include "transforms/options/optionvalues.h"
@@ -55,7 +55,7 @@ private:
 
     static CellColumn column(const QStringList &texts)
     {
-        NewColumn out(texts.size());
+        ColumnBuilder out(texts.size());
         for (const QString &text : texts) {
             out.append(text);
         }

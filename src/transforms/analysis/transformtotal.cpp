@@ -1,8 +1,8 @@
+#include "data/columnbuilder.h"
 #include "data/numberreader.h"
 #include "data/realwriter.h"
 #include "data/rowkeyindex.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/numberfailures.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/addedcolumn.h"
@@ -43,7 +43,7 @@ private:
         const ColumnIndex column = values.column("Column");
         qint64 totalled = 0;
         const CellColumn cells = column.isValid() ? totals(result, column, values.column("By"), totalled)
-                                                  : NewColumn::filled(QString(), result.rowCount());
+                                                  : ColumnBuilder::filled(QString(), result.rowCount());
         const QString automatic = column.isValid() ? QStringLiteral("Total %1").arg(result.columnName(column))
                                                    : QStringLiteral("Total");
         AddedColumn::add(result, cells, AddedColumn::name(values, automatic));
@@ -62,7 +62,7 @@ private:
         const Cell *in = input.column(column).cells.constData();
         const int rowCount = input.rowCount();
         std::vector<double> sums(1, 0.0);
-        NewColumn out(rowCount);
+        ColumnBuilder out(rowCount);
         NumberFailures failures(shownFailures);
         TextBuffer text;
         for (int row = 0; row < rowCount; ++row) {

@@ -1,7 +1,7 @@
 #include "transforms/column/calculatevalue.h"
 
+#include "data/columnbuilder.h"
 #include "data/values.h"
-#include "transforms/frame/newcolumn.h"
 
 CalculateValue CalculateValue::ofColumn(const Dataset &dataset, ColumnIndex column)
 {
@@ -23,7 +23,7 @@ CalculateValue CalculateValue::ofConstant(const QString &text)
 {
     CalculateValue value;
     value.m_isSet = true;
-    value.m_column = NewColumn::filled(text, 1);
+    value.m_column = ColumnBuilder::filled(text, 1);
     value.m_cells = value.m_column.cells.constData();
     value.m_name = text.trimmed();
     return value;
@@ -31,7 +31,6 @@ CalculateValue CalculateValue::ofConstant(const QString &text)
 
 bool CalculateValue::isDate(const QStringList &formats, QString *format) const
 {
-    constexpr int sampledDates = 50;
-    return m_dataset ? m_dataset->isColumnDate(m_columnIndex, formats, format, sampledDates)
+    return m_dataset ? m_dataset->isColumnDate(m_columnIndex, formats, format)
                      : parseDate(m_cells->text(), formats, format).isValid();
 }

@@ -81,11 +81,7 @@ bool Calculation::fail(const CalculateFault &fault, const CalculateValue &value,
 
 bool Calculation::fail(const char *cell, const QString &message, int row, TextBuffer &out)
 {
-    if (m_failures.wantsText()) {
-        m_failures.add(QStringLiteral("%1 at row %2").arg(message, QString::number(row + 1)));
-    } else {
-        m_failures.addHidden();
-    }
+    m_failures.add([&] { return QStringLiteral("%1 at row %2").arg(message, QString::number(row + 1)); });
     out.clear();
     out.append(cell, static_cast<int>(qstrlen(cell)));
     return false;

@@ -2,9 +2,9 @@
 
 #include "data/realwriter.h"
 #include "data/textbuffer.h"
+#include "text/cappedlist.h"
 #include "transforms/column/calculateoperation.h"
 #include "transforms/column/calculatevalue.h"
-#include "transforms/frame/messages.h"
 
 #include <memory>
 
@@ -39,7 +39,7 @@ public:
     /// Replaces what `out` holds by the text of the row's new cell; false when the row failed and the text tells why.
     virtual bool compute(int row, TextBuffer &out) = 0;
     /// The messages of what went wrong; a row with two bad values has two.
-    const Messages::Examples &failures() const { return m_failures; }
+    const CappedList &failures() const { return m_failures; }
 
 protected:
     explicit Calculation(const CalculateTask &task);
@@ -63,7 +63,7 @@ private:
     const RealWriter m_realWriter;
     const QLocale m_locale;
     const bool m_writesPlainly;
-    Messages::Examples m_failures;
+    CappedList m_failures;
 };
 
 /// Faults that several groups of operations know.

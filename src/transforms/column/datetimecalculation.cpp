@@ -12,7 +12,7 @@ constexpr CalculateFault epochNumberFault{"Error: integer expected", "'%1' is no
 constexpr CalculateFault epochFault{"Error: msecs since epoch expected", "'%1' is not valid msecs since epoch"};
 
 /// Something that can be added to a date and time.
-struct Unit
+struct SpanUnit
 {
     CalculateOp op;
     const char *name;
@@ -26,7 +26,7 @@ constexpr qint64 mostDays = 366 * mostYears;
 constexpr qint64 mostSeconds = 86400 * mostDays;
 constexpr qint64 mostMsecs = 1000 * mostSeconds;
 
-const Unit units[] = {
+const SpanUnit units[] = {
     {CalculateOp::DateTimeAddMSecs, "millisecond(s)", 1, mostMsecs,
         [](const QDateTime &dateTime, qint64 number) { return dateTime.addMSecs(number); }},
     {CalculateOp::DateTimeAddSecs, "second(s)", 1000, mostSeconds,
@@ -41,9 +41,9 @@ const Unit units[] = {
         [](const QDateTime &dateTime, qint64 number) { return dateTime.addYears(static_cast<int>(number)); }},
 };
 
-const Unit *unitOf(CalculateOp op)
+const SpanUnit *unitOf(CalculateOp op)
 {
-    for (const Unit &unit : units) {
+    for (const SpanUnit &unit : units) {
         if (unit.op == op) {
             return &unit;
         }
@@ -164,7 +164,7 @@ private:
         return text.isEmpty() ? fail(epochFault, first(), row, out) : succeed(text, out);
     }
 
-    const Unit *const m_unit;
+    const SpanUnit *const m_unit;
     const NumberReader m_reader;
     LastRead<QDateTime> m_dateTime;
     IsoDateTimes m_plainly;

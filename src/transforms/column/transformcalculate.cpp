@@ -1,6 +1,7 @@
+#include "data/columnbuilder.h"
 #include "data/values.h"
 #include "transforms/column/calculation.h"
-#include "transforms/frame/newcolumn.h"
+#include "transforms/frame/messages.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/addedcolumn.h"
 #include "transforms/options/option.h"
@@ -134,7 +135,7 @@ private:
     CellColumn calculated(const CalculateTask &task, int rowCount, int &succeeded)
     {
         const std::unique_ptr<Calculation> calculation = Calculation::create(task);
-        NewColumn column(rowCount);
+        ColumnBuilder column(rowCount);
         TextBuffer text;
         for (int row = 0; row < rowCount; ++row) {
             reportRow(row, rowCount);

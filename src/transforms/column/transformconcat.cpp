@@ -1,6 +1,6 @@
+#include "data/columnbuilder.h"
+#include "data/wtf8append.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
-#include "transforms/frame/storedtext.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/addedcolumn.h"
 #include "transforms/options/option.h"
@@ -56,7 +56,7 @@ private:
         setText(delimiter, values.text("Delimiter"));
         const bool keepEmpty = values.flag("Keep_Empty");
         const int rowCount = input.rowCount();
-        NewColumn column(rowCount);
+        ColumnBuilder column(rowCount);
         TextBuffer text;
         for (int row = 0; row < rowCount; ++row) {
             reportRow(row, rowCount);
@@ -68,10 +68,10 @@ private:
                     continue;
                 }
                 if (!first) {
-                    appendStored(text, delimiter.constData(), delimiter.size());
+                    appendWtf8(text, delimiter.constData(), delimiter.size());
                 }
                 first = false;
-                appendStored(text, cell.bytes(), cell.size());
+                appendWtf8(text, cell.bytes(), cell.size());
             }
             column.append(text);
         }

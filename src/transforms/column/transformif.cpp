@@ -11,10 +11,10 @@
 namespace {
 
 /// A text with variables written into cells of a new column.
-class CellText
+class BranchText
 {
 public:
-    CellText(const Dataset &dataset, const QString &text, ColumnEdit &edit)
+    BranchText(const Dataset &dataset, const QString &text, ColumnEdit &edit)
         : m_dataset(dataset)
         , m_template(dataset, text)
         , m_edit(edit)
@@ -63,7 +63,7 @@ public:
 
 private:
     std::vector<std::unique_ptr<TermMatcher>> m_conditions;
-    CellText m_then;
+    BranchText m_then;
 };
 
 } // namespace
@@ -111,7 +111,7 @@ private:
     void fill(ColumnEdit &edit, const Dataset &input, const IfRecord &record, bool caseSensitive)
     {
         std::vector<std::unique_ptr<Branch>> branches = prepared(input, record, caseSensitive, edit);
-        CellText otherwise(input, record.elseText, edit);
+        BranchText otherwise(input, record.elseText, edit);
         int otherwiseCount = 0;
         for (int row = 0; row < input.rowCount(); ++row) {
             reportRow(row, input.rowCount());

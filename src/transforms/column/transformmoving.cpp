@@ -1,8 +1,8 @@
+#include "data/columnbuilder.h"
 #include "data/numberreader.h"
 #include "data/realwriter.h"
-#include "data/slidingfigures.h"
+#include "data/rollingstatistics.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/numberfailures.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/addedcolumn.h"
@@ -58,7 +58,7 @@ private:
         const ColumnIndex column = values.column("Column");
         qint64 calculated = 0;
         const CellColumn cells = column.isValid() ? figures(values, result.column(column), calculated)
-                                                  : NewColumn::filled(QString(), result.rowCount());
+                                                  : ColumnBuilder::filled(QString(), result.rowCount());
         const QString calculation = values.choiceText("Calculation");
         const QString automatic = column.isValid()
                                       ? QStringLiteral("Moving %1 %2").arg(calculation, result.columnName(column))
@@ -73,10 +73,10 @@ private:
     {
         std::vector<int> numbersBefore;
         const std::vector<double> numbers = readNumbers(column, numbersBefore);
-        const SlidingWindows windows = windowsOf(values, numbersBefore);
+        const RollingWindows windows = windowsOf(values, numbersBefore);
         const std::vector<double> figures = figuresOf(values.choice("Calculation"), numbers, windows);
         const RealWriter writer;
-        NewColumn out(column.size());
+        ColumnBuilder out(column.size());
         TextBuffer text;
         for (int row = 0; row < column.size(); ++row) {
             report(begunWriting, 1.0, row, column.size());
@@ -123,13 +123,13 @@ private:
     }
 
     /// Which numbers lie in each row's window; none for a window that is to stay empty.
-    static SlidingWindows windowsOf(const OptionValues &values, const std::vector<int> &numbersBefore)
+    static RollingWindows windowsOf(const OptionValues &values, const std::vector<int> &numbersBefore)
     {
         const int rowCount = static_cast<int>(numbersBefore.size()) - 1;
         const int interval = values.integer("Interval");
         const int offset = values.integer("Offset");
         const bool incompleteToo = values.choice("Incomplete") == FromAvailable;
-        SlidingWindows windows;
+        RollingWindows windows;
         windows.begins.reserve(static_cast<size_t>(rowCount));
         windows.ends.reserve(static_cast<size_t>(rowCount));
         for (int row = 0; row < rowCount; ++row) {
@@ -144,23 +144,23 @@ private:
         return windows;
     }
 
-    std::vector<double> figuresOf(int calculation, const std::vector<double> &numbers, const SlidingWindows &windows)
+    std::vector<double> figuresOf(int calculation, const std::vector<double> &numbers, const RollingWindows &windows)
     {
         switch (calculation) {
         case Median:
-            return SlidingFigures::medians(numbers, windows);
+            return RollingStatistics::medians(numbers, windows);
         case Sum:
             return sums(numbers, windows);
         case Minimum:
-            return SlidingFigures::minimums(numbers, windows);
+            return RollingStatistics::minimums(numbers, windows);
         case Maximum:
-            return SlidingFigures::maximums(numbers, windows);
+            return RollingStatistics::maximums(numbers, windows);
         default:
             break;
         }
         if (calculation == Range) {
-            std::vector<double> figures = SlidingFigures::maximums(numbers, windows);
-            const std::vector<double> minimums = SlidingFigures::minimums(numbers, windows);
+            std::vector<double> figures = RollingStatistics::maximums(numbers, windows);
+            const std::vector<double> minimums = RollingStatistics::minimums(numbers, windows);
             for (size_t i = 0; i < figures.size(); ++i) {
                 figures[i] -= minimums[i];
             }
@@ -173,9 +173,9 @@ private:
         return figures;
     }
 
-    std::vector<double> sums(const std::vector<double> &numbers, const SlidingWindows &windows)
+    std::vector<double> sums(const std::vector<double> &numbers, const RollingWindows &windows)
     {
-        return SlidingFigures::sums(numbers, windows,
+        return RollingStatistics::sums(numbers, windows,
             [this](double done) { emit processed(begunFigures + (begunWriting - begunFigures) * done); });
     }
 };

@@ -1,5 +1,5 @@
+#include "data/columnbuilder.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/option.h"
 #include "transforms/options/optionvalues.h"
@@ -25,7 +25,8 @@ private:
     Dataset compute(const OptionValues &values, const Inputs &inputs) override
     {
         Dataset result = *inputs.first();
-        result.addNamedColumn(NewColumn::filled(values.text("New_Value"), result.rowCount()), values.text("New_Name"));
+        result.addNamedColumn(
+            ColumnBuilder::filled(values.text("New_Value"), result.rowCount()), values.text("New_Name"));
         setResultText(Messages::colsAdded(1));
         return result;
     }

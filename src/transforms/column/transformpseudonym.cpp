@@ -1,5 +1,5 @@
+#include "data/columnbuilder.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/randomnumbers.h"
 #include "transforms/frame/transform.h"
 #include "transforms/keys/keyindex.h"
@@ -78,7 +78,7 @@ private:
         const int width = rowCount > 0 ? static_cast<int>(std::ceil(std::log10(rowCount))) : 0;
         const qint64 start = values.integer("Start_At");
         const QString prefix = values.text("Prefix");
-        NewColumn column(rowCount);
+        ColumnBuilder column(rowCount);
         for (int row = 0; row < rowCount; ++row) {
             if (row % progressStep == 0) {
                 emit processed(0.6 + 0.4 * row / rowCount);

@@ -1,8 +1,8 @@
+#include "data/columnbuilder.h"
 #include "transforms/column/partcounts.h"
 #include "transforms/column/splitlimits.h"
 #include "transforms/column/valuesplitter.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/tablesize.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/option.h"
@@ -217,7 +217,7 @@ Dataset TransformSplit::splitIntoColumns(Task &task)
     if (refusesColumns(task.input, task.limits.least())) {
         return task.input;
     }
-    std::vector<NewColumn> columns;
+    std::vector<ColumnBuilder> columns;
     forEachRow(task, [&](int row, const char *bytes, const std::vector<ValueSplitter::Span> &spans) {
         while (columns.size() < spans.size()) {
             columns.emplace_back(rowCount);
@@ -251,7 +251,7 @@ Dataset TransformSplit::splitIntoRows(Task &task)
         return task.input;
     }
     QVector<int> rows;
-    NewColumn parts(task.input.rowCount());
+    ColumnBuilder parts(task.input.rowCount());
     forEachRow(task, [&](int row, const char *bytes, const std::vector<ValueSplitter::Span> &spans) {
         for (const ValueSplitter::Span &span : spans) {
             rows.append(row);

@@ -1,6 +1,6 @@
+#include "data/columnbuilder.h"
 #include "transforms/column/nameparts.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/option.h"
 #include "transforms/options/optionvalues.h"
@@ -127,7 +127,7 @@ private:
             return result;
         }
         const int rowCount = input.rowCount();
-        std::vector<NewColumn> columns;
+        std::vector<ColumnBuilder> columns;
         for (int part = 0; part < PartCount; ++part) {
             columns.emplace_back(rowCount);
         }

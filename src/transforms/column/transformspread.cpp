@@ -1,6 +1,6 @@
+#include "data/columnbuilder.h"
 #include "transforms/column/sizereport.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/tablesize.h"
 #include "transforms/frame/transform.h"
 #include "transforms/keys/rowgroups.h"
@@ -136,7 +136,7 @@ private:
         const RowGroups groups(names.numbers(), names.count());
         const TextArenaPointer arena(new TextArena);
         const Cell severalValues = arena->store(QStringLiteral("Error: multiple values"));
-        CellColumn blank = NewColumn::filled(missing, rest.count());
+        CellColumn blank = ColumnBuilder::filled(missing, rest.count());
         blank.keepAllOf(values);
         blank.keep(arena);
         std::vector<int> nameOfValue(static_cast<size_t>(rest.count()), -1);

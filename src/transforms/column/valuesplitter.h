@@ -23,7 +23,7 @@ public:
     /// Null unless the regular expression can't be used, which cuts nothing.
     const TextRegex *invalidExpression() const { return m_expression.isValid() ? nullptr : &m_expression; }
     QStringList split(const QString &text) const;
-    /// Where the parts of a text in storage form begin and end, for a delimiter of text.
+    /// Where the parts of a text in WTF-8 begin and end, for a delimiter of text.
     struct Span
     {
         int begin;

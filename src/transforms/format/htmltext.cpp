@@ -12,18 +12,18 @@ class NoResources final : public QTextDocument
     QVariant loadResource(int, const QUrl &) override { return QByteArray(); }
 };
 
-struct Entity
+struct NamedCharacter
 {
     QLatin1String text;
     char character;
 };
 
-const Entity entities[] = {{QLatin1String("&amp;"), '&'}, {QLatin1String("&lt;"), '<'}, {QLatin1String("&gt;"), '>'},
-    {QLatin1String("&quot;"), '"'}};
+const NamedCharacter entities[] = {{QLatin1String("&amp;"), '&'}, {QLatin1String("&lt;"), '<'},
+    {QLatin1String("&gt;"), '>'}, {QLatin1String("&quot;"), '"'}};
 
-const Entity *entityAt(const QString &text, int position)
+const NamedCharacter *entityAt(const QString &text, int position)
 {
-    for (const Entity &entity : entities) {
+    for (const NamedCharacter &entity : entities) {
         if (text.midRef(position, entity.text.size()) == entity.text) {
             return &entity;
         }
@@ -55,7 +55,7 @@ bool HtmlText::plainTextQuickly(const QString &html, QString &text)
             result.append(c);
             continue;
         }
-        const Entity *entity = entityAt(html, i);
+        const NamedCharacter *entity = entityAt(html, i);
         if (!entity) {
             return false;
         }

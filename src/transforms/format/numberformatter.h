@@ -11,7 +11,7 @@ public:
     /// `format` is one of e, E, f, g and G, or s for the shortest text that reads back as the same number.
     NumberFormatter(const QLocale &locale, char format, int precision, bool withGrouping);
 
-    /// Replaces what `out` holds by the text in storage form.
+    /// Replaces what `out` holds by the text in WTF-8.
     void write(double value, TextBuffer &out) const;
 
 private:

@@ -1,7 +1,7 @@
 #include "data/variabletemplate.h"
+#include "data/wtf8append.h"
 #include "transforms/frame/celltransform.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/storedtext.h"
 #include "transforms/options/option.h"
 #include "transforms/options/optionvalues.h"
 
@@ -38,14 +38,14 @@ private:
         if (values.choice("With") == Start) {
             return CellRule::byRow([insertion, input](int row, const Cell &cell, TextBuffer &out) {
                 insertion.write(input, RowIndex(row), out);
-                appendStored(out, cell.bytes(), cell.size());
+                appendWtf8(out, cell.bytes(), cell.size());
             });
         }
         return CellRule::byRow(
             [insertion, input, inserted = TextBuffer()](int row, const Cell &cell, TextBuffer &out) mutable {
                 insertion.write(input, RowIndex(row), inserted);
                 out.append(cell.bytes(), cell.size());
-                appendStored(out, inserted.constData(), inserted.size());
+                appendWtf8(out, inserted.constData(), inserted.size());
             });
     }
 

@@ -1,7 +1,7 @@
+#include "data/columnbuilder.h"
 #include "data/textregex.h"
 #include "transforms/column/listoperations.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/addedcolumn.h"
 #include "transforms/options/option.h"
@@ -79,7 +79,7 @@ private:
         const int operation = values.choice("Operation");
         const bool givesList = ListOperations::givesList(operation);
         const int rowCount = cells.size();
-        NewColumn column(rowCount);
+        ColumnBuilder column(rowCount);
         for (int row = 0; row < rowCount; ++row) {
             reportRow(row, rowCount);
             const QStringList items = split(cells.at(row).text(), delimiter, regex ? &expression : nullptr);

@@ -1,5 +1,6 @@
 #include "data/numberreader.h"
 #include "data/realwriter.h"
+#include "text/cappedlist.h"
 #include "transforms/frame/columnedit.h"
 #include "transforms/frame/messages.h"
 #include "transforms/frame/transform.h"
@@ -97,22 +98,20 @@ public:
     }
 
     qint64 changed = 0;
-    Messages::Examples nonNumeric;
-    Messages::Examples divideByZero;
-    Messages::Examples negative;
+    CappedList nonNumeric;
+    CappedList divideByZero;
+    CappedList negative;
 
 private:
     const Cell &source(int i, int row) const { return m_edits[static_cast<size_t>(i)].source()[row]; }
     Group &group(int i, int row) { return m_groups[m_of == AllValues ? 0 : m_of == EachColumn ? i : row]; }
 
-    void note(Messages::Examples &examples, const char *form, int i, int row) const
+    void note(CappedList &examples, const char *form, int i, int row) const
     {
-        if (examples.wantsText()) {
-            examples.add(QString::fromLatin1(form).arg(
-                source(i, row).text(), m_input.columnName(m_columns.at(i)), QString::number(row + 1)));
-        } else {
-            examples.addHidden();
-        }
+        examples.add([&] {
+            return QString::fromLatin1(form).arg(
+                source(i, row).text(), m_input.columnName(m_columns.at(i)), QString::number(row + 1));
+        });
     }
 
     /// True when the cell's text changed.
@@ -244,7 +243,7 @@ private:
                               Messages::count(nonNumeric)));
     }
 
-    void warnOf(const Messages::Examples &examples, const char *fault)
+    void warnOf(const CappedList &examples, const char *fault)
     {
         if (examples.count() == 0) {
             return;
@@ -252,7 +251,7 @@ private:
         const QString heading = QStringLiteral("%1 %2 %3:")
                                     .arg(Messages::count(examples.count()), QLatin1String(fault),
                                         Messages::word(examples.count(), "value", "values"));
-        addWarning((QStringList{heading} + examples.lines("other", "others")).join(QLatin1Char('\n')));
+        addWarning((QStringList{heading} + examples.lines()).join(QLatin1Char('\n')));
     }
 
     static constexpr int mostValue = 999999999;

@@ -13,7 +13,7 @@ struct CellRule
     /// Optional short cut for cells of ASCII only: rewrites `size` characters in place, never to more, and returns how
     /// many are left. Its result is that of Text.
     using Ascii = std::function<int(char *text, int size)>;
-    /// For a result that depends on other cells of the row too: appends the new text, in storage form, to the empty
+    /// For a result that depends on other cells of the row too: appends the new text, in WTF-8, to the empty
     /// `out`.
     using Row = std::function<void(int row, const Cell &cell, TextBuffer &out)>;
 

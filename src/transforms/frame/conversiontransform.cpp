@@ -1,5 +1,6 @@
 #include "transforms/frame/conversiontransform.h"
 
+#include "text/cappedlist.h"
 #include "transforms/frame/conversionworker.h"
 #include "transforms/frame/messages.h"
 #include "transforms/options/optionvalues.h"
@@ -23,7 +24,7 @@ QStringList exampleLines(
     std::sort(places.begin(), places.end());
     QStringList lines;
     for (const auto &place : qAsConst(places)) {
-        if (lines.size() == Messages::Examples::shown) {
+        if (lines.size() == CappedList::usualLimit) {
             break;
         }
         const ColumnIndex column = columns.at(place.second);

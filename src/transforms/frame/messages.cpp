@@ -42,12 +42,3 @@ QString Messages::invalidExpression(const QString &pattern, const QString &error
 {
     return QStringLiteral("Not a valid regular expression: '%1' (%2)").arg(pattern, error);
 }
-
-QStringList Messages::Examples::lines(const char *one, const char *many) const
-{
-    QStringList result = m_texts;
-    if (others() > 0) {
-        result.append(QStringLiteral("+ %1 %2").arg(Messages::count(others()), word(others(), one, many)));
-    }
-    return result;
-}

@@ -38,33 +38,4 @@ QString colsRemoved(qint64 number);
 /// What is wrong with a regular expression.
 QString invalidExpression(const QString &pattern, const QString &error);
 
-/// Gathers the first five of many examples, for a list that ends with "+ 7 others".
-class Examples
-{
-public:
-    static constexpr int shown = 5;
-
-    /// True while a further example would be shown, so that its text needn't be made otherwise.
-    bool wantsText() const { return m_texts.size() < shown; }
-    void add(const QString &text)
-    {
-        ++m_count;
-        if (wantsText()) {
-            m_texts.append(text);
-        }
-    }
-    /// Counts one that isn't shown.
-    void addHidden() { ++m_count; }
-    qint64 count() const { return m_count; }
-    const QStringList &texts() const { return m_texts; }
-    /// How many aren't shown.
-    qint64 others() const { return m_count - m_texts.size(); }
-    /// The shown ones and, behind them, "+ %1 %2" with the number of the others and `one` or `many`.
-    QStringList lines(const char *one, const char *many) const;
-
-private:
-    qint64 m_count = 0;
-    QStringList m_texts;
-};
-
 } // namespace Messages

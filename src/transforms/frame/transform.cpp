@@ -276,7 +276,7 @@ void Transform::checkOptions()
         if (states.contains({parameter->name(), false})) {
             continue;
         }
-        m_warnings += parameter->lostColumnWarnings();
+        warningList() += parameter->lostColumnWarnings();
         if (parameter->isUnset()) {
             unset.append(QStringLiteral("'%1'").arg(parameter->label()));
         }
@@ -302,10 +302,10 @@ Transform *Transform::clone() const
 // The operation
 
 // What is too much for one item is no reason to lose what the others do.
-static void refuseResult(QStringList &warnings, QString &resultText)
+void Transform::refuseResult()
 {
-    warnings.append(QStringLiteral("The result is larger than a table or a cell can hold"));
-    resultText = QStringLiteral("Too much text");
+    addWarning(QStringLiteral("The result is larger than a table or a cell can hold"));
+    setResultText(QStringLiteral("Too much text"));
 }
 
 Dataset Transform::run(const QList<DataSource *> &inputs, bool *hasIssues)
@@ -327,11 +327,11 @@ Dataset Transform::run(const QList<DataSource *> &inputs, bool *hasIssues)
     try {
         result = compute(OptionValues(m_parameters), tables);
     } catch (const std::bad_alloc &) {
-        refuseResult(m_warnings, m_resultText);
+        refuseResult();
     } catch (const std::length_error &) {
-        refuseResult(m_warnings, m_resultText);
+        refuseResult();
     }
-    m_warnings += regexWork.warnings();
+    warningList() += regexWork.warnings();
     if (hasIssues && m_hasIssues) {
         *hasIssues = true;
     }
@@ -351,11 +351,4 @@ Dataset Transform::computeIncomplete(const Inputs &)
 bool Transform::updateInputOrder(const QList<DataSource *> &)
 {
     return false;
-}
-
-void Transform::clearMessages()
-{
-    m_warnings.clear();
-    m_infos.clear();
-    m_resultText.clear();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/dataset.h"
+#include "transforms/frame/runmessages.h"
 
 #include <QObject>
 #include <QPair>
@@ -24,7 +25,7 @@ struct CatalogueRow;
 
 /// One operation on tables: it owns its options, reads the tables of its inputs and returns a new one. It knows
 /// nothing of the canvas. A class declares its options and computes; the rest is here. See docs/transforms.md.
-class Transform : public QObject
+class Transform : public QObject, public RunMessages
 {
     Q_OBJECT
 
@@ -94,11 +95,6 @@ public:
     /// Rebinds "top" and "bottom" by the inputs' positions; true when that changed anything.
     virtual bool updateInputOrder(const QList<DataSource *> &inputs);
 
-    void clearMessages();
-    const QStringList &warnings() const { return m_warnings; }
-    const QStringList &infos() const { return m_infos; }
-    const QString &resultText() const { return m_resultText; }
-
 signals:
     /// Fraction done, 0 to 1.
     void processed(qreal fraction);
@@ -121,11 +117,6 @@ protected:
 
     void addParameter(Parameter *parameter);
     void applyUserDefault(bool useDefaults, Parameter *parameter) const;
-    void addWarning(const QString &text) { m_warnings.append(text); }
-    void addInfo(const QString &text) { m_infos.append(text); }
-    void setResultText(const QString &text) { m_resultText = text; }
-    QStringList &warningList() { return m_warnings; }
-    QStringList &infoList() { return m_infos; }
     /// Verification found errors.
     void setHasIssues() { m_hasIssues = true; }
     /// Reports progress at every 1000th row.
@@ -140,14 +131,12 @@ protected:
 private:
     const OptionTable &table() const;
     bool hasAllOptions() const;
+    void refuseResult();
 
     const CatalogueRow &m_row;
     QString m_description;
     QStringList m_ownKeywords;
     mutable std::unique_ptr<OptionTable> m_table;
     QList<Parameter *> m_parameters;
-    QStringList m_warnings;
-    QStringList m_infos;
-    QString m_resultText;
     bool m_hasIssues = false;
 };

@@ -1,6 +1,7 @@
 #include "transforms/keys/keyreports.h"
 
 #include "data/dataset.h"
+#include "text/cappedlist.h"
 #include "transforms/frame/messages.h"
 
 #include <QMap>
@@ -30,16 +31,13 @@ void reportDuplicateKeys(QStringList &messages, const Dataset &dataset, ColumnIn
 {
     const QMap<QString, int> counts = countKeys(dataset.column(keyColumn), caseSensitive);
     const QString note = caseSensitive ? QString() : QStringLiteral(" (case insensitive)");
-    Messages::Examples duplicates;
+    CappedList duplicates;
     for (auto it = counts.cbegin(); it != counts.cend(); ++it) {
         if (it.value() < 2) {
             continue;
         }
-        if (duplicates.wantsText()) {
-            duplicates.add(QStringLiteral("'%1' occurs %2 times%3").arg(it.key(), Messages::count(it.value()), note));
-        } else {
-            duplicates.addHidden();
-        }
+        duplicates.add(
+            [&] { return QStringLiteral("'%1' occurs %2 times%3").arg(it.key(), Messages::count(it.value()), note); });
     }
     if (duplicates.count() > 0) {
         const QString heading = QStringLiteral("%1 duplicated %2 in the %3:")
@@ -58,17 +56,13 @@ void reportKeyWhitespace(QStringList &messages, const Dataset &dataset, ColumnIn
     const QString &datasetName, ReportPlace place)
 {
     const CellColumn &keys = dataset.column(keyColumn);
-    Messages::Examples found;
+    CappedList found;
     for (int row = 0; row < keys.size(); ++row) {
         const QString text = keys.at(row).text();
         if (!isBlankAtEnds(text)) {
             continue;
         }
-        if (found.wantsText()) {
-            found.add(atRow(text, row));
-        } else {
-            found.addHidden();
-        }
+        found.add([&] { return atRow(text, row); });
     }
     if (found.count() == 0) {
         return;
@@ -85,16 +79,12 @@ void reportKeyWhitespace(QStringList &messages, const Dataset &dataset, ColumnIn
 int reportKeyMisses(QStringList &messages, const Dataset &dataset, ColumnIndex keyColumn,
     const QVector<char> &hasPartner, const QString &datasetName, ReportPlace place)
 {
-    Messages::Examples misses;
+    CappedList misses;
     for (int row = 0; row < dataset.rowCount(); ++row) {
         if (hasPartner.at(row)) {
             continue;
         }
-        if (misses.wantsText()) {
-            misses.add(atRow(dataset.value(RowIndex(row), keyColumn), row));
-        } else {
-            misses.addHidden();
-        }
+        misses.add([&] { return atRow(dataset.value(RowIndex(row), keyColumn), row); });
     }
     if (misses.count() > 0) {
         const QString heading = QStringLiteral("%1 %2 in the %3:")

@@ -13,7 +13,7 @@ static constexpr int mostRows = 10000;
 static constexpr int mostPairs = 100;
 static constexpr int sampledRows = 1000;
 static constexpr int sampleSize = 200;
-static constexpr int testedValues = 50;
+static constexpr int testedValues = Dataset::dateSample;
 static constexpr int shortestName = 3;
 
 bool isKeyLikeColumn(const Dataset &dataset, ColumnIndex column, const QStringList &dateFormats)
@@ -24,7 +24,7 @@ bool isKeyLikeColumn(const Dataset &dataset, ColumnIndex column, const QStringLi
             return false;
         }
     }
-    return !dataset.isColumnDate(column, dateFormats, nullptr, testedValues);
+    return !dataset.isColumnDate(column, dateFormats, nullptr);
 }
 
 namespace {
@@ -212,7 +212,7 @@ QHash<ColumnIndex, QString> dateColumnFormats(const Dataset &dataset, const QVec
     QHash<ColumnIndex, QString> found;
     for (ColumnIndex column : columns) {
         QString format;
-        if (dataset.isColumnDate(column, formats, &format, testedValues)) {
+        if (dataset.isColumnDate(column, formats, &format)) {
             found.insert(column, format);
         }
     }

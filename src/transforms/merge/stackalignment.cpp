@@ -1,6 +1,7 @@
 #include "transforms/merge/stackalignment.h"
 
 #include "data/dataset.h"
+#include "text/cappedlist.h"
 #include "transforms/frame/messages.h"
 #include "transforms/merge/loosenames.h"
 
@@ -10,28 +11,15 @@ namespace {
 
 constexpr int mostInfos = 1000;
 
-/// Adds a few warnings of one kind; what more there are is said in two words behind the last.
-class FewWarnings
+/// The warnings of one kind; that there are more is said behind the last.
+QStringList linesOf(const CappedList &warnings)
 {
-public:
-    explicit FewWarnings(QStringList &warnings)
-        : m_warnings(warnings)
-    {
+    QStringList lines = warnings.texts();
+    if (warnings.others() > 0) {
+        lines.last().append(QStringLiteral("\n...etc"));
     }
-    void add(const QString &text)
-    {
-        ++m_count;
-        if (m_count <= Messages::Examples::shown) {
-            m_warnings.append(text);
-        } else if (m_count == Messages::Examples::shown + 1) {
-            m_warnings.last().append(QStringLiteral("\n...etc"));
-        }
-    }
-
-private:
-    QStringList &m_warnings;
-    int m_count = 0;
-};
+    return lines;
+}
 
 } // namespace
 
@@ -158,7 +146,7 @@ void StackAlignment::alignByName(int input)
 
 void StackAlignment::reportEqualNames()
 {
-    FewWarnings few(m_warnings);
+    CappedList warnings;
     for (int input = 0; input < m_inputs.size(); ++input) {
         QHash<QString, int> counts;
         for (const QString &name : m_names.at(input)) {
@@ -167,16 +155,17 @@ void StackAlignment::reportEqualNames()
         for (const QString &name : m_names.at(input)) {
             const int count = counts.take(name); // 0 where the name has been told of
             if (count > 1) {
-                few.add(QStringLiteral("%1 column(s) named '%2' in input datatset %3")
-                            .arg(Messages::count(count), name, QString::number(input + 1)));
+                warnings.add(QStringLiteral("%1 column(s) named '%2' in input datatset %3")
+                                 .arg(Messages::count(count), name, QString::number(input + 1)));
             }
         }
     }
+    m_warnings += linesOf(warnings);
 }
 
 void StackAlignment::reportMissingColumns()
 {
-    FewWarnings few(m_warnings);
+    CappedList warnings;
     for (int input = 0; input < m_inputs.size(); ++input) {
         QStringList missing;
         for (int column = 0; column < m_columns.size(); ++column) {
@@ -188,11 +177,12 @@ void StackAlignment::reportMissingColumns()
             continue;
         }
         if (m_by == ColumnNumber) {
-            few.add(QStringLiteral("%1 has %2 column(s) less than the final dataset")
-                        .arg(inputText(input), Messages::count(missing.size())));
+            warnings.add(QStringLiteral("%1 has %2 column(s) less than the final dataset")
+                             .arg(inputText(input), Messages::count(missing.size())));
         } else {
-            few.add(QStringLiteral("%1 missing %2 column(s) in the final dataset:\n%3")
-                        .arg(inputText(input), Messages::count(missing.size()), missing.join(QLatin1Char('\n'))));
+            warnings.add(QStringLiteral("%1 missing %2 column(s) in the final dataset:\n%3")
+                             .arg(inputText(input), Messages::count(missing.size()), missing.join(QLatin1Char('\n'))));
         }
     }
+    m_warnings += linesOf(warnings);
 }

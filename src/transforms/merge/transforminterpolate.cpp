@@ -1,7 +1,8 @@
+#include "data/columnbuilder.h"
 #include "data/numberreader.h"
 #include "data/realwriter.h"
+#include "text/cappedlist.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/transform.h"
 #include "transforms/frame/twoinputs.h"
 #include "transforms/options/addedcolumn.h"
@@ -166,8 +167,8 @@ private:
         const CellColumn &samples = bottom.column(sampleColumn);
         const CellColumn &values = bottom.column(valueColumn);
         Curve curve;
-        Messages::Examples badSamples;
-        Messages::Examples badValues;
+        CappedList badSamples;
+        CappedList badValues;
         for (int row = 0; row < bottom.rowCount(); ++row) {
             bool isSample = false;
             bool isValue = false;
@@ -197,11 +198,11 @@ private:
         const RealWriter writer;
         const CellColumn &samples = top.column(sampleColumn);
         const int rowCount = top.rowCount();
-        NewColumn column(rowCount);
+        ColumnBuilder column(rowCount);
         TextBuffer text;
         qint64 done = 0;
-        Messages::Examples bad;
-        Messages::Examples outside;
+        CappedList bad;
+        CappedList outside;
         for (int row = 0; row < rowCount; ++row) {
             reportRow(row, rowCount);
             bool ok = false;
@@ -227,26 +228,22 @@ private:
         return column.take();
     }
 
-    static void note(Messages::Examples &examples, const Cell &cell, int row)
+    static void note(CappedList &examples, const Cell &cell, int row)
     {
-        if (examples.wantsText()) {
-            examples.add(QStringLiteral("'%1' at row %2").arg(cell.text(), QString::number(row + 1)));
-        } else {
-            examples.addHidden();
-        }
+        examples.add([&] { return QStringLiteral("'%1' at row %2").arg(cell.text(), QString::number(row + 1)); });
     }
 
-    void warnOfNonNumeric(const Messages::Examples &examples, const QString &columnName)
+    void warnOfNonNumeric(const CappedList &examples, const QString &columnName)
     {
         warn(examples, QStringLiteral("non-numeric %1 in %2")
                            .arg(Messages::word(examples.count(), "value", "values"), columnName));
     }
 
-    void warn(const Messages::Examples &examples, const QString &fault)
+    void warn(const CappedList &examples, const QString &fault)
     {
         if (examples.count() > 0) {
             const QString heading = QStringLiteral("%1 %2:").arg(Messages::count(examples.count()), fault);
-            addWarning((QStringList{heading} + examples.lines("other", "others")).join(QLatin1Char('\n')));
+            addWarning((QStringList{heading} + examples.lines()).join(QLatin1Char('\n')));
         }
     }
 };

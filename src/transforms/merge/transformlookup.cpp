@@ -2,6 +2,7 @@
 #include "data/similarkeys.h"
 #include "data/values.h"
 #include "data/variabletemplate.h"
+#include "text/cappedlist.h"
 #include "transforms/frame/messages.h"
 #include "transforms/frame/transform.h"
 #include "transforms/frame/twoinputs.h"
@@ -115,7 +116,7 @@ private:
     Found exactValue(Task &task, int topRow);
     Found fuzzyValue(Task &task, int topRow);
     Found comparedValue(Task &task, int topRow);
-    void reportMisses(const Messages::Examples &misses);
+    void reportMisses(const CappedList &misses);
 };
 
 /// What one run works with.
@@ -155,8 +156,8 @@ struct TransformLookup::Task
         } else {
             QString topFormat;
             QString bottomFormat;
-            top.isColumnDate(topKey, dateFormats(), &topFormat, 50);
-            bottom.isColumnDate(bottomKey, dateFormats(), &bottomFormat, 50);
+            top.isColumnDate(topKey, dateFormats(), &topFormat);
+            bottom.isColumnDate(bottomKey, dateFormats(), &bottomFormat);
             matcher = std::make_unique<LookupMatcher>(match, bottomKeys, bottomFormat, topFormat);
         }
     }
@@ -203,7 +204,7 @@ struct TransformLookup::Task
     QVector<int> similarRows; ///< bottom row of each key that is compared
     TextArenaPointer arena;
     int matched = 0;
-    Messages::Examples misses;
+    CappedList misses;
 };
 
 OptionTable TransformLookup::options() const
@@ -388,11 +389,7 @@ void TransformLookup::fillColumn(Task &task, Dataset &result)
 Cell TransformLookup::missedValue(Task &task, const VariableTemplate &missText, int topRow)
 {
     const Cell &key = task.top.column(task.topKey).at(topRow);
-    if (task.misses.wantsText()) {
-        task.misses.add(QStringLiteral("'%1' at row %2").arg(key.text(), QString::number(topRow + 1)));
-    } else {
-        task.misses.addHidden();
-    }
+    task.misses.add([&] { return QStringLiteral("'%1' at row %2").arg(key.text(), QString::number(topRow + 1)); });
     if (!task.useMissText) {
         return key;
     }
@@ -469,7 +466,7 @@ TransformLookup::Found TransformLookup::comparedValue(Task &task, int topRow)
     return {task.arena->store(list.joined(task.delimiter)), matched};
 }
 
-void TransformLookup::reportMisses(const Messages::Examples &misses)
+void TransformLookup::reportMisses(const CappedList &misses)
 {
     if (misses.count() == 0) {
         return;
@@ -477,11 +474,7 @@ void TransformLookup::reportMisses(const Messages::Examples &misses)
     QStringList lines{
         QStringLiteral("%1 %2 in the %3:")
             .arg(Messages::count(misses.count()), Messages::word(misses.count(), "miss", "misses"), bottomKeyLabel)};
-    lines += misses.texts();
-    if (misses.others() > 0) {
-        lines.append(QStringLiteral("+ %1 other %2")
-                         .arg(Messages::count(misses.others()), Messages::word(misses.others(), "miss", "misses")));
-    }
+    lines += misses.lines("other miss", "other misses");
     addInfo(lines.join(QLatin1Char('\n')));
 }
 

@@ -1,3 +1,4 @@
+#include "text/cappedlist.h"
 #include "transforms/frame/messages.h"
 #include "transforms/keys/keyreports.h"
 #include "transforms/merge/keyedrows.h"
@@ -79,17 +80,15 @@ private:
 
     void listRemoved(const Keys &keys, const QVector<char> &removed)
     {
-        Messages::Examples examples;
+        CappedList examples;
         for (int row = 0; row < removed.size(); ++row) {
             if (!removed.at(row)) {
                 continue;
             }
-            if (examples.wantsText()) {
-                examples.add(QStringLiteral("Subtracted row %1 with key '%2'")
-                                 .arg(QString::number(row + 1), keys.top.value(RowIndex(row), keys.topColumn)));
-            } else {
-                examples.addHidden();
-            }
+            examples.add([&] {
+                return QStringLiteral("Subtracted row %1 with key '%2'")
+                    .arg(QString::number(row + 1), keys.top.value(RowIndex(row), keys.topColumn));
+            });
         }
         for (const QString &line : examples.texts()) {
             addInfo(line);

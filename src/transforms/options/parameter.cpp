@@ -9,9 +9,7 @@
 
 Parameter::Parameter(
     Kind kind, const QString &name, const QString &label, const QVariant &value, const QStringList &choices)
-    : m_kind(kind)
-    , m_name(name)
-    , m_label(label)
+    : ParameterDeclaration(kind, name, label)
     , m_value(value)
 {
     registerRecordTypes();
@@ -21,9 +19,7 @@ Parameter::Parameter(
 }
 
 Parameter::Parameter(Kind kind, const QString &name, const QString &label, DataSource *node)
-    : m_kind(kind)
-    , m_name(name)
-    , m_label(label)
+    : ParameterDeclaration(kind, name, label)
     , m_node(node)
 {
     registerRecordTypes();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/indexes.h"
+#include "transforms/options/parameterdeclaration.h"
 #include "transforms/options/records.h"
 #include "transforms/options/verifyrules.h"
 
@@ -15,47 +16,17 @@
 
 class DataSource;
 
-/// One option of one transform: a kind, a key, a label and a value. Options that name columns hold column ids of one
+/// One option of one transform: what it is declared as, and its value. Options that name columns hold column ids of one
 /// upstream item, so that they survive renaming and reordering there.
-class Parameter
+class Parameter : public ParameterDeclaration
 {
 public:
-    enum Kind {
-        SingleColumn,
-        MultipleColumns,
-        SortColumns,
-        FilterColumns,
-        ReorderColumns,
-        Bool,
-        Selection,
-        Text,
-        Int,
-        Char,
-        If,
-        RemoveColumns,
-        Script,
-        RenameColumns,
-        SplitRows,
-        UniqueColumns,
-        ReplaceTerms,
-        Real,
-        LongText,
-        VerifyRules,
-        Label,
-        Date,
-        PivotColumns,
-        Locale
-    };
-
     Parameter(Kind kind, const QString &name, const QString &label, const QVariant &value = QVariant(),
         const QStringList &choices = QStringList());
     /// For options that name columns of `node`.
     Parameter(Kind kind, const QString &name, const QString &label, DataSource *node);
     Parameter *clone() const { return new Parameter(*this); }
 
-    Kind kind() const { return m_kind; }
-    const QString &name() const { return m_name; }
-    const QString &label() const { return m_label; }
     const QVariant &value() const { return m_value; }
     QStringList choices() const { return m_choices.toStringList(); }
     DataSource *node() const { return m_node; }
@@ -102,33 +73,6 @@ public:
     void clearNode() { m_node = nullptr; }
     /// Two column options change places: each takes the other's item and columns.
     void swapInput(Parameter &other);
-    void setMinInt(int value) { m_minInt = value; }
-    /// What the lower bound of an Int is shown as; empty for the number itself.
-    void setMinText(const QString &text) { m_minText = text; }
-    void setMaxInt(int value) { m_maxInt = value; }
-    void setMinReal(double value) { m_minReal = value; }
-    void setMaxReal(double value) { m_maxReal = value; }
-    void setSuffix(const QString &suffix) { m_suffix = suffix; }
-    void setToolTip(const QString &tip) { m_toolTip = tip; }
-    void setNoneText(const QString &text) { m_noneText = text; }
-    void setHighlightChecked(bool on) { m_highlightChecked = on; }
-    void setTextRequired(bool on) { m_textRequired = on; }
-    void setColumnRequired(bool on) { m_columnRequired = on; }
-    void setHideSortOrder(bool on) { m_hideSortOrder = on; }
-    void setFirstChoiceIsUnset(bool on) { m_firstChoiceIsUnset = on; }
-    void setNonZeroRequired(bool on) { m_nonZeroRequired = on; }
-    void setHasUserDefault(bool on) { m_hasUserDefault = on; }
-    int minInt() const { return m_minInt; }
-    const QString &minText() const { return m_minText; }
-    int maxInt() const { return m_maxInt; }
-    double minReal() const { return m_minReal; }
-    double maxReal() const { return m_maxReal; }
-    const QString &suffix() const { return m_suffix; }
-    const QString &toolTip() const { return m_toolTip; }
-    const QString &noneText() const { return m_noneText; }
-    bool highlightChecked() const { return m_highlightChecked; }
-    bool hideSortOrder() const { return m_hideSortOrder; }
-    bool hasUserDefault() const { return m_hasUserDefault; }
 
     /// Chooses the only column of a one-column table.
     void preselectSingleColumn();
@@ -185,33 +129,15 @@ private:
     void readParts(const QStringList &parts);
     void readRecord(const QStringList &parts);
 
-    Kind m_kind;
-    QString m_name;
-    QString m_label;
     int m_deferredVersion = -1;
     bool m_hasDeferredText = false;
     QString m_deferredText;
     bool m_selectAllPending = false;
     QVariant m_value;
     QVariant m_choices;
-    int m_minInt = 0;
-    int m_maxInt = 999999999;
-    double m_minReal = 0.0;
-    double m_maxReal = 100.0;
-    QString m_minText;
-    QString m_suffix;
     DataSource *m_node = nullptr;
     QHash<ColumnId, QString> m_columnNames;
     QString m_knownText;   ///< the stored text that m_knownValue had
     QVariant m_knownValue; ///< the value when its columns were last known
     bool m_canReconnect = false;
-    QString m_toolTip;
-    bool m_highlightChecked = false;
-    bool m_textRequired = true;
-    bool m_nonZeroRequired = false;
-    QString m_noneText = QStringLiteral("<None selected>");
-    bool m_columnRequired = true;
-    bool m_hideSortOrder = false;
-    bool m_firstChoiceIsUnset = false;
-    bool m_hasUserDefault = false;
 };

@@ -1,5 +1,6 @@
 #include "data/dataset.h"
 #include "data/datasource.h"
+#include "text/cappedlist.h"
 #include "transforms/frame/messages.h"
 #include "transforms/options/columnnumbers.h"
 #include "transforms/options/parameter.h"
@@ -215,7 +216,7 @@ QStringList Parameter::lostColumnWarnings() const
         return {};
     }
     const bool isUnset = this->isUnset();
-    Messages::Examples lost;
+    CappedList lost;
     for (const ColumnId id : neededColumns()) {
         const QString name = m_columnNames.value(id);
         if (!columns.hasGone(id) || (name.isEmpty() && isUnset)) {
@@ -227,7 +228,7 @@ QStringList Parameter::lostColumnWarnings() const
                                                : QStringLiteral("A column");
         lost.add(QStringLiteral("%1 of '%2' has gone").arg(column, m_label));
     }
-    return lost.lines("other", "others");
+    return lost.lines();
 }
 
 QStringList Parameter::columnNamesFor(const QList<ColumnId> &ids) const

@@ -39,7 +39,7 @@ static QString counted(const char *text, int count)
 QString Parameter::singleColumnSummary() const
 {
     const ColumnNumber number = toColumnNumber();
-    return number.isValid() ? m_node->datasetConst().columnName(toIndex(number)) : m_noneText;
+    return number.isValid() ? m_node->datasetConst().columnName(toIndex(number)) : noneText();
 }
 
 QString Parameter::sortSummary() const
@@ -81,7 +81,7 @@ QString Parameter::summary() const
     case Bool:
         return toBool() ? QStringLiteral("Yes") : QStringLiteral("No");
     case Int:
-        return toInt() == m_minInt && !m_minText.isEmpty() ? m_minText : formatInteger(toInt(), true);
+        return toInt() == m_minInt && !minText().isEmpty() ? minText() : formatInteger(toInt(), true);
     case Char:
         return characterSummary(toChar());
     case If:

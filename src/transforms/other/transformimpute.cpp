@@ -1,3 +1,4 @@
+#include "text/cappedlist.h"
 #include "transforms/frame/columnedit.h"
 #include "transforms/frame/messages.h"
 #include "transforms/frame/transform.h"
@@ -164,13 +165,9 @@ private:
     /// `ofRow` stands behind "value" where the mode is that of one row.
     static QString tieText(const Target &target, const ColumnImputer::Value &value, const QString &ofRow)
     {
-        Messages::Examples candidates;
+        CappedList candidates;
         for (const int row : value.tiedRows) {
-            if (candidates.wantsText()) {
-                candidates.add(QStringLiteral("'%1'").arg(target.edit.source()[row].text()));
-            } else {
-                candidates.addHidden();
-            }
+            candidates.add([&] { return QStringLiteral("'%1'").arg(target.edit.source()[row].text()); });
         }
         return QStringLiteral("%1 values occur %2 time(s) in column '%3' and could be used as the mode value%4:\n%5\n"
                               "Just '%6' was used as the mode value")
@@ -190,8 +187,8 @@ private:
             static_cast<MatchingRows::Match>(values.choice("Match_Type")));
         ColumnImputer imputer(
             target.input.column(target.column), static_cast<ColumnImputer::Using>(values.choice("Using")));
-        Messages::Examples ties;
-        Messages::Examples unmatched;
+        CappedList ties;
+        CappedList unmatched;
         QHash<int, Found> foundByMatch;
         const int count = static_cast<int>(target.emptyRows.size());
         for (int i = 0; i < count; ++i) {
@@ -199,17 +196,16 @@ private:
             const int row = target.emptyRows[static_cast<size_t>(i)];
             const Found found = foundFor(row, matches, imputer, foundByMatch);
             if (!found.hasRows) {
-                listRow(unmatched, [&] { return unmatchedText(target.input, keyColumns, row); });
+                unmatched.add([&] { return unmatchedText(target.input, keyColumns, row); });
             } else if (found.value.isKnown) {
                 target.fill(row, found.value);
                 if (found.value.tiedRows.size() > 1) {
-                    listRow(
-                        ties, [&] { return tieText(target, found.value, QStringLiteral(" for row %1").arg(row + 1)); });
+                    ties.add([&] { return tieText(target, found.value, QStringLiteral(" for row %1").arg(row + 1)); });
                 }
             }
         }
-        warningList() += ties.lines("other", "others");
-        warningList() += unmatched.lines("other", "others");
+        warningList() += ties.lines();
+        warningList() += unmatched.lines();
         if (target.filled < count) {
             addWarning(QStringLiteral("%1 empty value(s) not imputed in column '%2'")
                            .arg(Messages::count(count - target.filled), target.name));
@@ -234,16 +230,6 @@ private:
         const Found found{!rows.empty(), imputer.value(rows.data(), rows.data() + rows.size())};
         foundByMatch.insert(match, found);
         return found;
-    }
-
-    template<class Text>
-    static void listRow(Messages::Examples &list, Text text)
-    {
-        if (list.wantsText()) {
-            list.add(text());
-        } else {
-            list.addHidden();
-        }
     }
 
     static QString unmatchedText(const Dataset &input, const QVector<ColumnIndex> &keyColumns, int row)

@@ -1,5 +1,6 @@
+#include "data/columnbuilder.h"
+#include "text/cappedlist.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/option.h"
 #include "transforms/options/optionvalues.h"
@@ -13,7 +14,7 @@ class TransformJavascript final : public Transform
 {
     enum TypeAs { ByContents, AllString }; // the choices of Type_As
 
-    static constexpr int shownErrors = Messages::Examples::shown;
+    static constexpr int shownErrors = CappedList::usualLimit;
 
 public:
     TransformJavascript()
@@ -43,7 +44,7 @@ private:
         if (!m_engine) {
             m_engine = std::make_unique<QJSEngine>();
         }
-        m_typeErrors = Messages::Examples();
+        m_typeErrors = CappedList();
         m_errorCount = 0;
         const std::vector<ScriptArgument> arguments = argumentsOf(
             input, variables.columns, values.choice("Type_As") == ByContents);
@@ -87,7 +88,7 @@ private:
         for (size_t i = 0; i < arguments.size(); ++i) {
             given.append(QJSValue());
         }
-        NewColumn column(rowCount);
+        ColumnBuilder column(rowCount);
         for (int row = 0; row < rowCount; ++row) {
             reportRow(row, rowCount);
             for (size_t i = 0; i < arguments.size(); ++i) {
@@ -110,13 +111,11 @@ private:
         if (ok) {
             return value;
         }
-        if (m_typeErrors.wantsText()) {
-            m_typeErrors.add(QStringLiteral("Cannot convert value '%1' in column '%2' row %3 to %4")
-                                 .arg(argument.text(row), argument.columnName(), QString::number(row + 1),
-                                     ScriptArgument::typeName(argument.type())));
-        } else {
-            m_typeErrors.addHidden();
-        }
+        m_typeErrors.add([&] {
+            return QStringLiteral("Cannot convert value '%1' in column '%2' row %3 to %4")
+                .arg(argument.text(row), argument.columnName(), QString::number(row + 1),
+                    ScriptArgument::typeName(argument.type()));
+        });
         return value;
     }
 
@@ -151,7 +150,7 @@ private:
     }
 
     std::unique_ptr<QJSEngine> m_engine; ///< made by the first run; what a script leaves in it stays for later runs
-    Messages::Examples m_typeErrors;
+    CappedList m_typeErrors;
     qint64 m_errorCount = 0;
 };
 

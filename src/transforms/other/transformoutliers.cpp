@@ -1,9 +1,10 @@
+#include "data/columnbuilder.h"
 #include "data/numberreader.h"
 #include "data/realwriter.h"
 #include "data/values.h"
+#include "text/cappedlist.h"
 #include "transforms/frame/columnedit.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/option.h"
 #include "transforms/options/optionvalues.h"
@@ -63,7 +64,7 @@ private:
     {
         std::vector<double> byRow;
         std::vector<double> all;
-        Messages::Examples failures;
+        CappedList failures;
     };
 
     Dataset compute(const OptionValues &values, const Inputs &inputs) override
@@ -104,11 +105,10 @@ private:
             numbers.byRow.push_back(ok ? number : std::numeric_limits<double>::quiet_NaN());
             if (ok) {
                 numbers.all.push_back(number);
-            } else if (numbers.failures.wantsText()) {
-                numbers.failures.add(
-                    QStringLiteral("'%1' at row %2").arg(cells.at(row).text(), QString::number(row + 1)));
             } else {
-                numbers.failures.addHidden();
+                numbers.failures.add([&] {
+                    return QStringLiteral("'%1' at row %2").arg(cells.at(row).text(), QString::number(row + 1));
+                });
             }
         }
         return numbers;
@@ -150,7 +150,7 @@ private:
         return result;
     }
 
-    void reportFailures(const Messages::Examples &failures, bool areLeft, QStringList &told)
+    void reportFailures(const CappedList &failures, bool areLeft, QStringList &told)
     {
         if (failures.count() == 0) {
             return;
@@ -161,14 +161,14 @@ private:
         }
         addWarning(
             QStringLiteral("%1 non-numeric %2:").arg(count, Messages::word(failures.count(), "value", "values")));
-        warningList() += failures.lines("other", "others");
+        warningList() += failures.lines();
         told.append(QStringLiteral("%1 non-numeric").arg(count));
     }
 
     static CellColumn scores(const Numbers &numbers, const Spread &spread)
     {
         const RealWriter writer;
-        NewColumn column(static_cast<int>(numbers.byRow.size()));
+        ColumnBuilder column(static_cast<int>(numbers.byRow.size()));
         TextBuffer text;
         for (const double number : numbers.byRow) {
             if (std::isnan(number)) {

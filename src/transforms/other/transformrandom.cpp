@@ -1,8 +1,8 @@
+#include "data/columnbuilder.h"
 #include "data/datewriter.h"
 #include "data/realwriter.h"
 #include "data/values.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/randomnumbers.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/option.h"
@@ -74,8 +74,9 @@ private:
     {
         Dataset result = *inputs.first();
         const int rowCount = result.rowCount();
-        result.addNamedColumn(isRangeGood(values) ? drawn(values, rowCount)
-                                                  : NewColumn::filled(QStringLiteral("Error: min >= max"), rowCount),
+        result.addNamedColumn(isRangeGood(values)
+                                  ? drawn(values, rowCount)
+                                  : ColumnBuilder::filled(QStringLiteral("Error: min >= max"), rowCount),
             values.text("New_Name"));
         setResultText(Messages::colsAdded(1));
         return result;
@@ -110,7 +111,7 @@ private:
 
     CellColumn reals(RandomNumbers &random, double least, double most, int rowCount)
     {
-        NewColumn column(rowCount);
+        ColumnBuilder column(rowCount);
         const RealWriter writer;
         TextBuffer text;
         for (int row = 0; row < rowCount; ++row) {
@@ -123,7 +124,7 @@ private:
 
     CellColumn integers(RandomNumbers &random, qint64 least, qint64 most, int rowCount)
     {
-        NewColumn column(rowCount);
+        ColumnBuilder column(rowCount);
         char digits[24];
         for (int row = 0; row < rowCount; ++row) {
             reportRow(row, rowCount);
@@ -138,7 +139,7 @@ private:
         const qint64 first = values.date("Minimum_Date").toJulianDay();
         const qint64 count = values.date("Maximum_Date").toJulianDay() - first + 1;
         const DateWriter writer(values.text("Date_Format"), QLocale::system());
-        NewColumn column(rowCount);
+        ColumnBuilder column(rowCount);
         TextBuffer text;
         for (int row = 0; row < rowCount; ++row) {
             reportRow(row, rowCount);
@@ -151,9 +152,9 @@ private:
     CellColumn texts(RandomNumbers &random, const QStringList &choices, int rowCount)
     {
         if (choices.size() == 1) {
-            return NewColumn::filled(choices.first(), rowCount);
+            return ColumnBuilder::filled(choices.first(), rowCount);
         }
-        NewColumn column(rowCount);
+        ColumnBuilder column(rowCount);
         for (int row = 0; row < rowCount; ++row) {
             reportRow(row, rowCount);
             column.append(choices.at(static_cast<int>(random.below(choices.size()))));

@@ -1,7 +1,7 @@
+#include "data/columnbuilder.h"
 #include "platform/username.h"
 #include "transforms/frame/documentcontext.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/option.h"
 #include "transforms/options/optionvalues.h"
@@ -51,7 +51,7 @@ private:
             return result;
         }
         if (position == EveryRow) {
-            result.addNamedColumn(NewColumn::filled(stamp, result.rowCount()), values.text("New_Name"));
+            result.addNamedColumn(ColumnBuilder::filled(stamp, result.rowCount()), values.text("New_Name"));
             setResultText(Messages::colsAdded(1));
             return result;
         }

@@ -1,6 +1,6 @@
+#include "data/columnbuilder.h"
 #include "data/variabletemplate.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/option.h"
 #include "transforms/options/optionvalues.h"
@@ -46,7 +46,7 @@ private:
         const QString script = values.text("Script");
         const VariableTemplate text = VariableTemplate::inOrder(tokensOf(input), script);
         const int rowCount = input.rowCount();
-        NewColumn column(rowCount);
+        ColumnBuilder column(rowCount);
         TextBuffer buffer;
         for (int row = 0; row < rowCount; ++row) {
             reportRow(row, rowCount);

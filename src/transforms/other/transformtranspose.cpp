@@ -1,5 +1,5 @@
 #include "data/arenaunion.h"
-#include "transforms/frame/newcolumn.h"
+#include "data/columnbuilder.h"
 #include "transforms/frame/tablesize.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/option.h"

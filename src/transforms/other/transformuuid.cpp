@@ -1,5 +1,5 @@
+#include "data/columnbuilder.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/option.h"
 #include "transforms/options/optionvalues.h"
@@ -60,7 +60,7 @@ private:
         Dataset result = *inputs.first();
         const QUuid::StringFormat format = form(values.choice("Format"));
         const int rowCount = result.rowCount();
-        NewColumn column(rowCount);
+        ColumnBuilder column(rowCount);
         std::array<Bits, progressStep> bits;
         for (int row = 0; row < rowCount; ++row) {
             reportRow(row, rowCount);

@@ -119,7 +119,6 @@ private:
     QString dateFormatOf(const VerifyColumn &rules, const Dataset &input, ColumnIndex column)
     {
         constexpr int formatRule = 3;
-        constexpr int sample = 50;
         QVariant stated = VerifyRuleTable::columnRuleDefault(formatRule);
         for (const VerifyRule &rule : rules.rules) {
             if (rule.ruleId == formatRule) {
@@ -133,7 +132,7 @@ private:
         }
         addWarning(QStringLiteral("No date format set for '%1'").arg(verifyColumnRuleName(formatRule)));
         const int number = toNumber(column).toInt();
-        if (!input.isColumnDate(column, dateFormats(), &format, sample)) {
+        if (!input.isColumnDate(column, dateFormats(), &format)) {
             addWarning(QStringLiteral("Unable to infer date format for column %1").arg(number));
             return QString();
         }

@@ -3,6 +3,7 @@
 #include "transforms/row/dedupeprogress.h"
 #include "transforms/row/duplicatesearch.h"
 
+#include "data/rowsorting.h"
 #include "data/values.h"
 
 #include <algorithm>
@@ -100,22 +101,24 @@ Dataset withInformation(const Dataset &dataset, const DuplicateSearch &search)
         result.setColumn(ColumnIndex(first + i), writers[static_cast<size_t>(i)].column());
     }
     const auto number = [first](InformationColumn column) { return first + column + 1; };
-    result.sortRows({number(Group), number(Duplicate), -number(Closeness), number(Row)}, dateFormats(), false, 0, 0,
-        false, true, true, nullptr);
+    RowSorting sorting;
+    sorting.columns = {number(Group), number(Duplicate), -number(Closeness), number(Row)};
+    sorting.dateFormats = dateFormats();
+    result.sortRows(sorting);
     return result;
 }
 
 } // namespace
 
-Dataset findDuplicates(DedupeProgress *progress, const Dataset &dataset, const QVector<ColumnIndex> &columns,
-    bool caseSensitive, bool ignoreSpaces, bool ignorePunctuation, int closeness, DedupeMode mode, bool drilldown,
-    int *nonDupesFound, int *dupesFound)
+Dataset findDuplicates(
+    DedupeProgress *progress, const Dataset &dataset, const DuplicateRules &rules, int *nonDupesFound, int *dupesFound)
 {
-    DuplicateSearch search(dataset, columns, {caseSensitive, ignoreSpaces, ignorePunctuation});
-    if (closeness >= exact) {
+    const DedupeMode mode = rules.mode;
+    DuplicateSearch search(dataset, rules.columns, rules.folding);
+    if (rules.closeness >= exact) {
         search.runExactly(progress);
     } else {
-        search.runSimilarly(progress, closeness,
+        search.runSimilarly(progress, rules.closeness,
             mode == DedupeMode::AddInformation ? DuplicateSearch::ClosestGroup : DuplicateSearch::AnyGroup);
     }
     Dataset result;
@@ -124,7 +127,7 @@ Dataset findDuplicates(DedupeProgress *progress, const Dataset &dataset, const Q
     } else {
         const QVector<int> rows = rowsThat(search, mode == DedupeMode::RemoveDuplicates);
         result = rows.size() == dataset.rowCount() ? sharedCopy(dataset) : dataset.withRows(rows);
-        if (drilldown && mode == DedupeMode::RemoveDuplicates && closeness >= exact) {
+        if (rules.drilldown && mode == DedupeMode::RemoveDuplicates && rules.closeness >= exact) {
             addDrilldown(result, search);
         }
     }

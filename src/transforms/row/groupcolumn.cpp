@@ -1,5 +1,6 @@
 #include "transforms/row/groupcolumn.h"
 
+#include "data/columnbuilder.h"
 #include "data/dateparser.h"
 #include "data/distincttexts.h"
 #include "data/numberreader.h"
@@ -7,8 +8,7 @@
 #include "data/values.h"
 #include "data/valuesummary.h"
 #include "data/wholenumber.h"
-#include "transforms/frame/newcolumn.h"
-#include "transforms/frame/storedtext.h"
+#include "data/wtf8append.h"
 
 #include <cmath>
 #include <optional>
@@ -71,7 +71,7 @@ CellColumn extremes(const Dataset &dataset, ColumnIndex column, const RowGroups 
 CellColumn summarized(const CellColumn &cells, const RowGroups &groups, SummaryKind kind, bool emptyForNone)
 {
     ValueSummary summary(kind, cells);
-    NewColumn result(groups.count());
+    ColumnBuilder result(groups.count());
     TextBuffer text;
     for (int group = 0; group < groups.count(); ++group) {
         const RowGroups::Rows rows = groups.rows(group);
@@ -87,7 +87,7 @@ template<class Count>
 CellColumn counted(const RowGroups &groups, Count count)
 {
     const RealWriter writer;
-    NewColumn result(groups.count());
+    ColumnBuilder result(groups.count());
     TextBuffer text;
     for (int group = 0; group < groups.count(); ++group) {
         writer.write(count(groups.rows(group)), text);
@@ -132,7 +132,7 @@ CellColumn concatenated(const CellColumn &cells, const RowGroups &groups, const 
 {
     TextBuffer delimiter;
     setText(delimiter, concatenation.delimiter);
-    NewColumn result(groups.count());
+    ColumnBuilder result(groups.count());
     TextBuffer text;
     for (int group = 0; group < groups.count(); ++group) {
         startGroup();
@@ -144,10 +144,10 @@ CellColumn concatenated(const CellColumn &cells, const RowGroups &groups, const 
                 continue;
             }
             if (!first) {
-                appendStored(text, delimiter.constData(), delimiter.size());
+                appendWtf8(text, delimiter.constData(), delimiter.size());
             }
             first = false;
-            appendStored(text, cell.bytes(), cell.size());
+            appendWtf8(text, cell.bytes(), cell.size());
         }
         result.append(text);
     }
@@ -221,7 +221,7 @@ CellColumn groupColumn(const Dataset &dataset, ColumnIndex column, const RowGrou
     case UniqueMode::CountNonEmpty:
         return countedEmpty(cells, groups, mode == UniqueMode::CountEmpty);
     case UniqueMode::SetEmpty:
-        return NewColumn::filled(QString(), groups.count());
+        return ColumnBuilder::filled(QString(), groups.count());
     }
     return chosen(cells, groups, [](const RowGroups::Rows &rows) { return rows.first(); });
 }

@@ -85,8 +85,10 @@ private:
         const int closeness = values.choice("Match_Type") == Exact ? 100 : values.integer("Fuzziness");
         int nonDupesFound = 0;
         int dupesFound = 0;
-        return findDuplicates(&progress, input, columns, values.flag("Case_Sensitive"), values.flag("Ignore_Spaces"),
-            values.flag("Ignore_Punctuation"), closeness, mode, values.flag("Drilldown"), &nonDupesFound, &dupesFound);
+        const KeyFolding folding{
+            values.flag("Case_Sensitive"), values.flag("Ignore_Spaces"), values.flag("Ignore_Punctuation")};
+        const DuplicateRules rules{columns, folding, closeness, mode, values.flag("Drilldown")};
+        return findDuplicates(&progress, input, rules, &nonDupesFound, &dupesFound);
     }
 };
 

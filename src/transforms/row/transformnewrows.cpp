@@ -1,4 +1,5 @@
 #include "data/numberreader.h"
+#include "text/cappedlist.h"
 #include "transforms/frame/messages.h"
 #include "transforms/frame/tablesize.h"
 #include "transforms/frame/transform.h"
@@ -23,8 +24,8 @@ class TransformNewRows final : public Transform
         const CellColumn *column = nullptr; ///< null for the same number
         int same = 0;
         NumberReader reader{false, false};
-        Messages::Examples nonNumeric;
-        Messages::Examples negative;
+        CappedList nonNumeric;
+        CappedList negative;
     };
 
 public:
@@ -144,24 +145,21 @@ private:
         if (ok && number >= 0) {
             return static_cast<int>(qMin<qlonglong>(number, INT_MAX));
         }
-        Messages::Examples &booked = ok ? numbers.negative : numbers.nonNumeric;
-        if (booked.wantsText()) {
-            booked.add(
-                QStringLiteral("'%1' at column '%2' row %3")
-                    .arg(cell.text(), input.columnName(values.column("Number_Col_Name")), QString::number(row + 1)));
-        } else {
-            booked.addHidden();
-        }
+        CappedList &booked = ok ? numbers.negative : numbers.nonNumeric;
+        booked.add([&] {
+            return QStringLiteral("'%1' at column '%2' row %3")
+                .arg(cell.text(), input.columnName(values.column("Number_Col_Name")), QString::number(row + 1));
+        });
         return 0;
     }
 
-    void warnOf(const Messages::Examples &examples, const char *fault, const QString &column)
+    void warnOf(const CappedList &examples, const char *fault, const QString &column)
     {
         if (examples.count() > 0) {
             const QString heading = QStringLiteral("'%1' has %2 %3 %4:")
                                         .arg(column, Messages::count(examples.count()), QLatin1String(fault),
                                             Messages::word(examples.count(), "value", "values"));
-            addWarning((QStringList{heading} + examples.lines("other", "others")).join(QLatin1Char('\n')));
+            addWarning((QStringList{heading} + examples.lines()).join(QLatin1Char('\n')));
         }
     }
 

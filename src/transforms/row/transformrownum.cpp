@@ -1,5 +1,5 @@
+#include "data/columnbuilder.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/option.h"
 #include "transforms/options/optionvalues.h"
@@ -36,7 +36,7 @@ private:
         const qint64 increment = values.integer("Increment");
         const int every = values.integer("Every");
         const int rowCount = result.rowCount();
-        NewColumn numbers(rowCount);
+        ColumnBuilder numbers(rowCount);
         char digits[24];
         for (int row = 0; row < rowCount; ++row) {
             reportRow(row, rowCount);

@@ -1,10 +1,11 @@
+#include "data/columnbuilder.h"
 #include "data/dateparser.h"
 #include "data/datewriter.h"
 #include "data/numberreader.h"
 #include "data/rowsorter.h"
 #include "data/values.h"
+#include "text/cappedlist.h"
 #include "transforms/frame/messages.h"
-#include "transforms/frame/newcolumn.h"
 #include "transforms/frame/tablesize.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/option.h"
@@ -19,7 +20,6 @@ class TransformSequence final : public Transform
     enum Order { Ascending, Descending };                   // of Order
     enum As { Blank, CopyAbove, CopyBelow, UserDefinedAs }; // of As_Name
 
-    static constexpr int sampledDates = 50;
     static constexpr double share = 0.3; ///< of the progress, for reading and for making rows
     static constexpr int blankRow = -1;
 
@@ -81,7 +81,7 @@ private:
             return input;
         }
         QString format;
-        if (dates && !input.isColumnDate(column, dateFormats(), &format, sampledDates)) {
+        if (dates && !input.isColumnDate(column, dateFormats(), &format)) {
             addWarning(QStringLiteral("Can't establish date format for values in the '%1' column")
                            .arg(input.columnName(column)));
             return input;
@@ -108,7 +108,7 @@ private:
     {
         const NumberReader reader(false, false);
         const DateParser parser(format);
-        Messages::Examples invalid;
+        CappedList invalid;
         const QString type = QLatin1String(dates ? "date" : "integer");
         for (int row = 0; row < column.size(); ++row) {
             reportStretch(0.0, row, column.size());
@@ -124,11 +124,11 @@ private:
             }
             if (ok) {
                 missing.addPresent(value);
-            } else if (invalid.wantsText()) {
-                invalid.add(QStringLiteral("'%1' at row %2 in the input dataset is not a valid %3 value.")
-                                .arg(cell.text(), QString::number(row + 1), type));
             } else {
-                invalid.addHidden();
+                invalid.add([&] {
+                    return QStringLiteral("'%1' at row %2 in the input dataset is not a valid %3 value.")
+                        .arg(cell.text(), QString::number(row + 1), type);
+                });
             }
         }
         if (invalid.count() > 0) {
@@ -184,7 +184,7 @@ private:
     /// The column with the missing values as texts behind its own cells.
     CellColumn withMissing(const CellColumn &column, const std::vector<qint64> &missing, const QString &format)
     {
-        NewColumn texts(static_cast<int>(missing.size()));
+        ColumnBuilder texts(static_cast<int>(missing.size()));
         const DateWriter writer(format);
         TextBuffer buffer;
         for (size_t i = 0; i < missing.size(); ++i) {

@@ -1,3 +1,4 @@
+#include "data/rowsorting.h"
 #include "data/values.h"
 #include "transforms/frame/messages.h"
 #include "transforms/frame/transform.h"
@@ -59,9 +60,16 @@ private:
             result.setHeaderValue(result.lastColumn(), QStringLiteral("Rank"));
         }
         QString report;
-        result.sortRows(values.sortNumbers("Columns"), dateFormats(), addRank, values.choice("Rank_Types"),
-            toNumber(values.column("Rank_By")).toInt(), values.flag("Locale_Aware_Sort"), values.flag("Case_Sensitive"),
-            values.flag("Intelligent_Sort"), &report);
+        RowSorting sorting;
+        sorting.columns = values.sortNumbers("Columns");
+        sorting.dateFormats = dateFormats();
+        sorting.byValue = values.flag("Intelligent_Sort");
+        sorting.localeAware = values.flag("Locale_Aware_Sort");
+        sorting.caseSensitive = values.flag("Case_Sensitive");
+        sorting.addRank = addRank;
+        sorting.rankType = static_cast<RowRanks::Type>(values.choice("Rank_Types"));
+        sorting.rankBy = toNumber(values.column("Rank_By")).toInt();
+        result.sortRows(sorting, &report);
         if (!report.isEmpty()) {
             addInfo(report);
         }

@@ -14,7 +14,7 @@ RuleCheckPointer refuses(Predicate isRefused)
     for (ushort c = 0; c < refused.size(); ++c) {
         refused[c] = isRefused(QChar(c));
     }
-    return cellCheck([refused, isRefused](CellText &text) {
+    return cellCheck([refused, isRefused](Utf16Cell &text) {
         const QStringView units = text.units();
         return std::any_of(units.begin(), units.end(),
             [&](QChar c) { return c.unicode() < refused.size() ? refused[c.unicode()] : isRefused(c); });
@@ -25,7 +25,7 @@ RuleCheckPointer refuses(Predicate isRefused)
 template<int size>
 RuleCheckPointer refusesAscii(const char (&refused)[size])
 {
-    return cellCheck([refused](CellText &text) {
+    return cellCheck([refused](Utf16Cell &text) {
         const Cell &cell = text.cell();
         return memmem(cell.bytes(), static_cast<size_t>(cell.size()), refused, size - 1) != nullptr;
     });
@@ -37,14 +37,14 @@ bool isDigit(QChar c)
            || (c.unicode() > 127 && c.category() == QChar::Number_DecimalDigit);
 }
 
-bool hasBlankEnd(CellText &text)
+bool hasBlankEnd(Utf16Cell &text)
 {
     const QStringView units = text.units();
     return !units.isEmpty() && (units.front().isSpace() || units.back().isSpace());
 }
 
 /// Only ASCII whitespace counts, as in a regular expression.
-bool isBlank(CellText &text)
+bool isBlank(Utf16Cell &text)
 {
     const char *const begin = text.cell().bytes();
     const char *const end = begin + text.cell().size();

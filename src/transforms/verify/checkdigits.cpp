@@ -11,7 +11,7 @@ namespace {
 constexpr int mostDigits = 14;
 
 /// The digits of a text; `count` is -1 when it holds anything else or too many.
-struct Digits
+struct DigitSequence
 {
     std::array<int, mostDigits> values{};
     int count = 0;
@@ -27,9 +27,9 @@ struct Digits
     int at(int i) const { return values[static_cast<size_t>(i)]; }
 };
 
-Digits digitsOf(QStringView text)
+DigitSequence digitsOf(QStringView text)
 {
-    Digits digits;
+    DigitSequence digits;
     for (QChar c : text) {
         const int digit = digitOf(c);
         if (digit >= 0) {
@@ -45,7 +45,7 @@ Digits digitsOf(QStringView text)
 }
 
 /// The last digit makes the sum of all, weighted by turns from the left, a multiple of 10.
-bool hasCheckDigit(const Digits &digits, int firstWeight, int secondWeight)
+bool hasCheckDigit(const DigitSequence &digits, int firstWeight, int secondWeight)
 {
     int sum = 0;
     for (int i = 0; i < digits.count - 1; ++i) {
@@ -54,7 +54,7 @@ bool hasCheckDigit(const Digits &digits, int firstWeight, int secondWeight)
     return digits.at(digits.count - 1) == (10 - sum % 10) % 10;
 }
 
-bool isIsbn10(const Digits &digits)
+bool isIsbn10(const DigitSequence &digits)
 {
     int sum = 0;
     for (int i = 0; i < 10; ++i) {
@@ -63,7 +63,7 @@ bool isIsbn10(const Digits &digits)
     return sum % 11 == 0;
 }
 
-bool isIsbn13(const Digits &digits)
+bool isIsbn13(const DigitSequence &digits)
 {
     const bool isBook = digits.at(0) == 9 && digits.at(1) == 7 && (digits.at(2) == 8 || digits.at(2) == 9);
     return isBook && hasCheckDigit(digits, 1, 3);
@@ -93,19 +93,19 @@ int digitOf(QChar c)
 
 bool isEan13(QStringView text)
 {
-    const Digits digits = digitsOf(text);
+    const DigitSequence digits = digitsOf(text);
     return digits.count == 13 && hasCheckDigit(digits, 1, 3);
 }
 
 bool isUpcA(QStringView text)
 {
-    const Digits digits = digitsOf(text);
+    const DigitSequence digits = digitsOf(text);
     return digits.count == 12 && hasCheckDigit(digits, 3, 1);
 }
 
 bool isGtin(QStringView text)
 {
-    const Digits digits = digitsOf(text);
+    const DigitSequence digits = digitsOf(text);
     switch (digits.count) {
     case 8:
     case 12:
@@ -121,7 +121,7 @@ bool isGtin(QStringView text)
 
 bool isIsbn(QStringView text)
 {
-    Digits digits;
+    DigitSequence digits;
     bool hasTen = false;
     for (QChar c : text) {
         const int digit = digitOf(c);

@@ -37,5 +37,5 @@ private:
     std::vector<RuleOutcome> m_outcomes;
     std::vector<RuleCheckPointer> m_checks; ///< by outcome; null where a rule can't fail
     std::vector<CellRule> m_cellRules;
-    CellText m_text;
+    Utf16Cell m_text;
 };

@@ -53,12 +53,12 @@ bool startsHostName(QStringView text)
            && *end == QLatin1Char('.') && isAlphanumeric(end[1]);
 }
 
-enum Verdict { Yes, No, Unsure };
+enum QuickAnswer { Yes, No, Unsure };
 
 /// Decides about the usual addresses in ASCII without the expression: what stands on both sides of the "@" tells.
-Verdict quickEmail(QStringView text)
+QuickAnswer quickEmail(QStringView text)
 {
-    Verdict verdict = No;
+    QuickAnswer verdict = No;
     for (int i = 1; i + 1 < text.size(); ++i) {
         if (text.at(i) != QLatin1Char('@')) {
             continue;
@@ -75,13 +75,13 @@ Verdict quickEmail(QStringView text)
 
 } // namespace
 
-bool holdsEmail(CellText &text)
+bool holdsEmail(Utf16Cell &text)
 {
-    const Verdict verdict = text.isAscii() ? quickEmail(text.units()) : Unsure;
+    const QuickAnswer verdict = text.isAscii() ? quickEmail(text.units()) : Unsure;
     return verdict == Yes || (verdict == Unsure && emailRegex().isFoundIn(text.string()));
 }
 
-bool isTelephone(CellText &text)
+bool isTelephone(Utf16Cell &text)
 {
     constexpr int fewest = 10; // ten digits and nothing between
     constexpr int most = 23;   // with everything between, and a line feed

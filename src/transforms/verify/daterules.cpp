@@ -7,14 +7,14 @@ namespace {
 
 RuleCheckPointer validDateCheck(const DateParser &parser)
 {
-    return cellCheck([parser](CellText &text) { return !parser.parse(text.cell()).isValid(); });
+    return cellCheck([parser](Utf16Cell &text) { return !parser.parse(text.cell()).isValid(); });
 }
 
 /// Texts that are no dates are let pass.
 template<class IsBeyond>
 RuleCheckPointer limitCheck(const DateParser &parser, IsBeyond isBeyond)
 {
-    return cellCheck([parser, isBeyond](CellText &text) {
+    return cellCheck([parser, isBeyond](Utf16Cell &text) {
         const QDate date = parser.parse(text.cell());
         return date.isValid() && isBeyond(date);
     });

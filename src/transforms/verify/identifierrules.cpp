@@ -13,12 +13,12 @@ bool isPath(const QString &text)
     return !text.trimmed().isEmpty() && !text.contains(QChar(0));
 }
 
-bool isFolder(CellText &text)
+bool isFolder(Utf16Cell &text)
 {
     return isPath(text.string()) && QDir(text.string()).exists();
 }
 
-bool isFile(CellText &text)
+bool isFile(Utf16Cell &text)
 {
     return isPath(text.string()) && !QDir(text.string()).exists() && QFileInfo::exists(text.string());
 }
@@ -27,7 +27,7 @@ bool isFile(CellText &text)
 template<class IsValid>
 RuleCheckPointer mustBe(IsValid isValid)
 {
-    return cellCheck([isValid](CellText &text) { return !isValid(text.units()); });
+    return cellCheck([isValid](Utf16Cell &text) { return !isValid(text.units()); });
 }
 
 } // namespace
@@ -37,13 +37,13 @@ RuleCheckPointer makeIdentifierCheck(const VerifyRule &rule, const RuleContext &
     const bool caseSensitive = context.caseSensitive;
     switch (rule.ruleId) {
     case 28:
-        return rememberedCheck([](CellText &text) { return !isFolder(text); });
+        return rememberedCheck([](Utf16Cell &text) { return !isFolder(text); });
     case 29:
-        return rememberedCheck([](CellText &text) { return !isFile(text); });
+        return rememberedCheck([](Utf16Cell &text) { return !isFile(text); });
     case 30:
-        return cellCheck([](CellText &text) { return !Contacts::holdsEmail(text); });
+        return cellCheck([](Utf16Cell &text) { return !Contacts::holdsEmail(text); });
     case 31:
-        return rememberedCheck([](CellText &text) { return !Contacts::isTelephone(text); });
+        return rememberedCheck([](Utf16Cell &text) { return !Contacts::isTelephone(text); });
     case 32:
         return mustBe(CheckDigits::isEan13);
     case 33:

@@ -10,7 +10,7 @@ RuleCheckPointer listedCheck(const QStringList &entries, bool mustBeListed, cons
     if (list.isEmpty()) {
         return nullptr;
     }
-    return cellCheck([list, mustBeListed](CellText &text) { return list.contains(text) != mustBeListed; });
+    return cellCheck([list, mustBeListed](Utf16Cell &text) { return list.contains(text) != mustBeListed; });
 }
 
 QByteArray storedForm(const QString &text)
@@ -32,7 +32,7 @@ public:
         }
     }
 
-    bool fails(CellText &text) override
+    bool fails(Utf16Cell &text) override
     {
         if (!m_missing.isEmpty()) {
             m_missing.remove(QByteArray::fromRawData(text.cell().bytes(), text.cell().size()));
@@ -57,7 +57,7 @@ public:
 
 private:
     const QStringList m_entries;
-    QSet<QByteArray> m_missing; ///< in storage form
+    QSet<QByteArray> m_missing; ///< in WTF-8
 };
 
 } // namespace

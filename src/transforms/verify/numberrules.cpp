@@ -22,7 +22,7 @@ template<class Reading>
 RuleCheckPointer numericCheck(const QVariant &exceptions, const RuleContext &context)
 {
     const TextSet listed(VerifyRuleTable::listEntries(exceptions), context.caseSensitive);
-    return cellCheck([listed, read = Reading()](CellText &text) {
+    return cellCheck([listed, read = Reading()](Utf16Cell &text) {
         bool ok = false;
         read(text.cell(), &ok);
         return !ok && !listed.contains(text);
@@ -33,7 +33,7 @@ RuleCheckPointer numericCheck(const QVariant &exceptions, const RuleContext &con
 template<class Reading, class IsBeyond>
 RuleCheckPointer limitCheck(IsBeyond isBeyond)
 {
-    return cellCheck([isBeyond, read = Reading()](CellText &text) {
+    return cellCheck([isBeyond, read = Reading()](Utf16Cell &text) {
         bool ok = false;
         const auto value = read(text.cell(), &ok);
         return ok && isBeyond(value);

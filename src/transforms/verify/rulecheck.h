@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/cellcolumn.h"
-#include "transforms/verify/celltext.h"
+#include "transforms/verify/utf16cell.h"
 
 #include <QString>
 #include <QVector>
@@ -31,7 +31,7 @@ public:
     Q_DISABLE_COPY(RuleCheck)
 
     /// Looks at the next cell; true when it fails by itself. Rules on the column as a whole take note and say false.
-    virtual bool fails(CellText &text) = 0;
+    virtual bool fails(Utf16Cell &text) = 0;
     /// Judges the column when all its cells have been looked at.
     virtual void finish(const CellColumn &, RuleFails &) {}
     /// False for a rule that only judges the column and needs not be shown the cells one by one.
@@ -40,7 +40,7 @@ public:
 
 using RuleCheckPointer = std::unique_ptr<RuleCheck>;
 
-/// A rule that `test`, called with a CellText, decides for each cell.
+/// A rule that `test`, called with a Utf16Cell, decides for each cell.
 template<class Test>
 RuleCheckPointer cellCheck(Test test)
 {
@@ -51,7 +51,7 @@ RuleCheckPointer cellCheck(Test test)
             : m_test(std::move(rule))
         {
         }
-        bool fails(CellText &text) override { return m_test(text); }
+        bool fails(Utf16Cell &text) override { return m_test(text); }
 
     private:
         Test m_test;
@@ -70,7 +70,7 @@ RuleCheckPointer rememberedCheck(Test test)
         bool failed = false;
     };
     std::vector<Known> memory(size_t(1) << slotBits);
-    return cellCheck([test = std::move(test), memory = std::move(memory)](CellText &text) mutable {
+    return cellCheck([test = std::move(test), memory = std::move(memory)](Utf16Cell &text) mutable {
         const quint64 bits = text.cell().bits();
         Known &known = memory[bits * 0x9E3779B97F4A7C15ULL >> (64 - slotBits)];
         if (known.bits != bits) {
@@ -92,7 +92,7 @@ RuleCheckPointer columnCheck(Judge judge)
             : m_judge(std::move(rule))
         {
         }
-        bool fails(CellText &) override { return false; }
+        bool fails(Utf16Cell &) override { return false; }
         void finish(const CellColumn &column, RuleFails &fails) override { m_judge(column, fails); }
         bool wantsCells() const override { return false; }
 

@@ -22,7 +22,7 @@ RuleCheckPointer anyTextCheck()
     });
 }
 
-int length(CellText &text)
+int length(Utf16Cell &text)
 {
     return TextCoding::unitCount(text.cell().bytes(), text.cell().size());
 }
@@ -30,12 +30,12 @@ int length(CellText &text)
 /// Most cells are decided by their bytes: there are one to three of them for each character.
 RuleCheckPointer minimumLength(int least)
 {
-    return cellCheck([least](CellText &text) { return text.cell().size() < least || length(text) < least; });
+    return cellCheck([least](Utf16Cell &text) { return text.cell().size() < least || length(text) < least; });
 }
 
 RuleCheckPointer maximumLength(int most)
 {
-    return cellCheck([most](CellText &text) { return text.cell().size() > most && length(text) > most; });
+    return cellCheck([most](Utf16Cell &text) { return text.cell().size() > most && length(text) > most; });
 }
 
 RuleCheckPointer regexCheck(const QString &pattern, const RuleContext &context)
@@ -45,9 +45,9 @@ RuleCheckPointer regexCheck(const QString &pattern, const RuleContext &context)
     }
     const TextRegex regex(pattern, context.sensitivity());
     if (!regex.isValid()) {
-        return cellCheck([](CellText &) { return true; });
+        return cellCheck([](Utf16Cell &) { return true; });
     }
-    return rememberedCheck([regex](CellText &text) { return !regex.isFoundIn(text.string()); });
+    return rememberedCheck([regex](Utf16Cell &text) { return !regex.isFoundIn(text.string()); });
 }
 
 RuleCheckPointer matchCheck(MatchOperator op, const QString &part, const RuleContext &context)
@@ -56,7 +56,7 @@ RuleCheckPointer matchCheck(MatchOperator op, const QString &part, const RuleCon
         return nullptr;
     }
     const PreparedMatch match(static_cast<int>(op), part, QString(), QString(), context.caseSensitive);
-    return cellCheck([match](CellText &text) { return !match.matches(text.cell()); });
+    return cellCheck([match](Utf16Cell &text) { return !match.matches(text.cell()); });
 }
 
 bool hasAsciiFrom(QStringView units, char first, char last)
@@ -69,7 +69,7 @@ bool hasAsciiFrom(QStringView units, char first, char last)
 template<class Convert>
 RuleCheckPointer unchangedBy(Convert convert)
 {
-    return cellCheck([convert, buffer = QVarLengthArray<QChar, 256>()](CellText &text) mutable {
+    return cellCheck([convert, buffer = QVarLengthArray<QChar, 256>()](Utf16Cell &text) mutable {
         const QStringView units = text.units();
         buffer.resize(units.size());
         std::copy(units.begin(), units.end(), buffer.begin());
@@ -82,11 +82,11 @@ RuleCheckPointer caseCheck(int ruleId)
 {
     switch (ruleId) {
     case 24:
-        return cellCheck([](CellText &text) {
+        return cellCheck([](Utf16Cell &text) {
             return text.isAscii() ? hasAsciiFrom(text.units(), 'A', 'Z') : !text.string().isLower();
         });
     case 25:
-        return cellCheck([](CellText &text) {
+        return cellCheck([](Utf16Cell &text) {
             return text.isAscii() ? hasAsciiFrom(text.units(), 'a', 'z') : !text.string().isUpper();
         });
     case 26:
@@ -104,11 +104,11 @@ RuleCheckPointer makeTextCheck(const VerifyRule &rule, const RuleContext &contex
     case 0:
         return namedCheck(rule.value.toString(), context);
     case 7:
-        return cellCheck([](CellText &text) { return text.isEmpty(); });
+        return cellCheck([](Utf16Cell &text) { return text.isEmpty(); });
     case 8:
         return anyTextCheck();
     case 53:
-        return cellCheck([](CellText &text) { return !text.isEmpty(); });
+        return cellCheck([](Utf16Cell &text) { return !text.isEmpty(); });
     case 15:
         return minimumLength(rule.value.toInt());
     case 16:

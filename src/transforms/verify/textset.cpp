@@ -37,7 +37,7 @@ TextSet::TextSet(const QStringList &texts, bool caseSensitive)
     }
 }
 
-bool TextSet::contains(CellText &text) const
+bool TextSet::contains(Utf16Cell &text) const
 {
     const Cell &cell = text.cell();
     if (m_caseSensitive) {

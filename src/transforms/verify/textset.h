@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/textbuffer.h"
-#include "transforms/verify/celltext.h"
+#include "transforms/verify/utf16cell.h"
 
 #include <QByteArray>
 #include <QSet>
@@ -15,9 +15,9 @@ public:
     TextSet(const QStringList &texts, bool caseSensitive);
 
     bool isEmpty() const { return m_texts.isEmpty(); }
-    bool contains(CellText &text) const;
+    bool contains(Utf16Cell &text) const;
 
 private:
-    QSet<QByteArray> m_texts; ///< in storage form, folded unless case counts
+    QSet<QByteArray> m_texts; ///< in WTF-8, folded unless case counts
     bool m_caseSensitive;
 };

@@ -145,8 +145,8 @@ TEST(FindDuplicates, CanBeStopped)
         });
     int groups = 0;
     int duplicates = 0;
-    const Dataset result = findDuplicates(&progress, input, {ColumnIndex(0)}, true, false, false, 80,
-        DedupeMode::AddInformation, false, &groups, &duplicates);
+    const DuplicateRules rules{{ColumnIndex(0)}, KeyFolding(), 80, DedupeMode::AddInformation};
+    const Dataset result = findDuplicates(&progress, input, rules, &groups, &duplicates);
     EXPECT_EQ(result.rowCount(), 51) << "the row at hand is finished";
     EXPECT_EQ(groups, 1);
     EXPECT_EQ(duplicates, 50);
@@ -224,8 +224,8 @@ TEST(FindDuplicates, AgreesWithComparingAllRows)
         int groups = 0;
         int duplicates = 0;
         const auto find = [&](DedupeMode mode) {
-            return findDuplicates(&progress, input, columns, flags.at(0), flags.at(1), flags.at(2), closeness, mode,
-                false, &groups, &duplicates);
+            const DuplicateRules rules{columns, {flags.at(0), flags.at(1), flags.at(2)}, closeness, mode};
+            return findDuplicates(&progress, input, rules, &groups, &duplicates);
         };
         QVector<QString> information(input.rowCount());
         const Dataset described = find(DedupeMode::AddInformation);

@@ -199,7 +199,7 @@ TEST(VerifyCellRules, DecideAboutAddressesAsTheExpressionDoes)
         QRegularExpression::CaseInsensitiveOption);
     std::mt19937 random(11);
     TextArena arena;
-    CellText text;
+    Utf16Cell text;
     int found = 0;
     for (int i = 0; i < 20000; ++i) {
         QString value;

@@ -5,7 +5,7 @@
 
 /// The statistics of one list of numbers. A figure that the list is too short for has no value. The list can be
 /// refilled, which takes no memory anew.
-class NumberFigures
+class DescriptiveStatistics
 {
 public:
     void clear();

@@ -1,23 +1,23 @@
-#include "data/numberfigures.h"
+#include "data/descriptivestatistics.h"
 
 #include "data/statistics.h"
 
 #include <algorithm>
 #include <cmath>
 
-void NumberFigures::clear()
+void DescriptiveStatistics::clear()
 {
     m_numbers.clear();
     m_isSorted = false;
 }
 
-void NumberFigures::add(double number)
+void DescriptiveStatistics::add(double number)
 {
     m_numbers.push_back(number);
     m_isSorted = false;
 }
 
-const std::vector<double> &NumberFigures::sorted() const
+const std::vector<double> &DescriptiveStatistics::sorted() const
 {
     if (!m_isSorted) {
         m_sorted.assign(m_numbers.cbegin(), m_numbers.cend());
@@ -27,38 +27,38 @@ const std::vector<double> &NumberFigures::sorted() const
     return m_sorted;
 }
 
-double NumberFigures::sum() const
+double DescriptiveStatistics::sum() const
 {
     return Statistics::sum(m_numbers.data(), m_numbers.data() + m_numbers.size());
 }
 
-std::optional<double> NumberFigures::minimum() const
+std::optional<double> DescriptiveStatistics::minimum() const
 {
     return m_numbers.empty() ? std::nullopt
                              : std::make_optional(*std::min_element(m_numbers.cbegin(), m_numbers.cend()));
 }
 
-std::optional<double> NumberFigures::maximum() const
+std::optional<double> DescriptiveStatistics::maximum() const
 {
     return m_numbers.empty() ? std::nullopt
                              : std::make_optional(*std::max_element(m_numbers.cbegin(), m_numbers.cend()));
 }
 
-std::optional<double> NumberFigures::mean() const
+std::optional<double> DescriptiveStatistics::mean() const
 {
     return m_numbers.empty()
                ? std::nullopt
                : std::make_optional(Statistics::mean(m_numbers.data(), m_numbers.data() + m_numbers.size()));
 }
 
-double NumberFigures::middleOf(int begin, int end) const
+double DescriptiveStatistics::middleOf(int begin, int end) const
 {
     const double *const numbers = sorted().data();
     const int middle = begin + (end - begin) / 2;
     return (end - begin) % 2 == 1 ? numbers[middle] : (numbers[middle - 1] + numbers[middle]) / 2;
 }
 
-std::optional<double> NumberFigures::median() const
+std::optional<double> DescriptiveStatistics::median() const
 {
     if (m_numbers.empty()) {
         return std::nullopt;
@@ -71,26 +71,26 @@ std::optional<double> NumberFigures::median() const
     return middleOf(0, count());
 }
 
-std::vector<double> NumberFigures::modes() const
+std::vector<double> DescriptiveStatistics::modes() const
 {
     sorted();
     return Statistics::modes(m_sorted.data(), m_sorted.data() + m_sorted.size());
 }
 
-std::optional<double> NumberFigures::standardDeviation() const
+std::optional<double> DescriptiveStatistics::standardDeviation() const
 {
     return count() < 2 ? std::nullopt
                        : std::make_optional(
                            Statistics::standardDeviation(m_numbers.data(), m_numbers.data() + m_numbers.size()));
 }
 
-std::optional<double> NumberFigures::variance() const
+std::optional<double> DescriptiveStatistics::variance() const
 {
     const std::optional<double> deviation = standardDeviation();
     return deviation ? std::make_optional(*deviation * *deviation) : std::nullopt;
 }
 
-std::optional<double> NumberFigures::lowerQuartile() const
+std::optional<double> DescriptiveStatistics::lowerQuartile() const
 {
     if (count() < 2) {
         return median();
@@ -98,7 +98,7 @@ std::optional<double> NumberFigures::lowerQuartile() const
     return middleOf(0, count() / 2);
 }
 
-std::optional<double> NumberFigures::upperQuartile() const
+std::optional<double> DescriptiveStatistics::upperQuartile() const
 {
     if (count() < 2) {
         return median();
@@ -106,18 +106,18 @@ std::optional<double> NumberFigures::upperQuartile() const
     return middleOf(count() - count() / 2, count());
 }
 
-std::optional<double> NumberFigures::interquartileRange() const
+std::optional<double> DescriptiveStatistics::interquartileRange() const
 {
     return m_numbers.empty() ? std::nullopt : std::make_optional(*upperQuartile() - *lowerQuartile());
 }
 
-std::optional<double> NumberFigures::skew() const
+std::optional<double> DescriptiveStatistics::skew() const
 {
     const double deviation = standardDeviation().value_or(0.0);
     return deviation == 0.0 ? std::nullopt : std::make_optional(3 * (*mean() - *median()) / deviation);
 }
 
-std::optional<double> NumberFigures::atPosition(double position) const
+std::optional<double> DescriptiveStatistics::atPosition(double position) const
 {
     const double low = std::floor(position);
     const double high = std::ceil(position);
@@ -129,12 +129,12 @@ std::optional<double> NumberFigures::atPosition(double position) const
     return lower + (position - low) * (numbers[static_cast<size_t>(high)] - lower);
 }
 
-std::optional<double> NumberFigures::inclusivePercentile(int percent) const
+std::optional<double> DescriptiveStatistics::inclusivePercentile(int percent) const
 {
     return atPosition((count() - 1) * (percent * 0.01));
 }
 
-std::optional<double> NumberFigures::exclusivePercentile(int percent) const
+std::optional<double> DescriptiveStatistics::exclusivePercentile(int percent) const
 {
     return atPosition((count() + 1) * (percent * 0.01) - 1);
 }

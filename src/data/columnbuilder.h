@@ -7,11 +7,11 @@
 #include <QString>
 
 /// Builds a column from the first row to the last; equal texts share their bytes.
-class NewColumn
+class ColumnBuilder
 {
 public:
     /// Room for `rows` rows.
-    explicit NewColumn(int rows)
+    explicit ColumnBuilder(int rows)
         : m_arena(new TextArena)
     {
         m_column.keep(m_arena);
@@ -21,7 +21,7 @@ public:
     /// A column of `rows` rows that all hold `text`.
     static CellColumn filled(const QString &text, int rows)
     {
-        NewColumn column(rows);
+        ColumnBuilder column(rows);
         const Cell cell = column.m_arena->store(text);
         for (int row = 0; row < rows; ++row) {
             column.m_column.cells.append(cell);

@@ -6,7 +6,7 @@
 #include <QVarLengthArray>
 
 /// A cell with its text in UTF-16, which is made when a rule first asks for it, however many rules do.
-class CellText
+class Utf16Cell
 {
 public:
     /// The cell must stay where it is until the next one is set.

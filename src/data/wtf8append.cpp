@@ -1,4 +1,4 @@
-#include "transforms/frame/storedtext.h"
+#include "data/wtf8append.h"
 
 #include "data/longtext.h"
 
@@ -16,7 +16,7 @@ static uint tenBits(const char *bytes)
     return (static_cast<uint>(bytes[1]) & 0x0F) << 6 | (static_cast<uint>(bytes[2]) & 0x3F);
 }
 
-void appendStored(TextBuffer &out, const char *bytes, int size)
+void appendWtf8(TextBuffer &out, const char *bytes, int size)
 {
     const char *const tail = out.constData() + out.size() - halfSize;
     if (out.size() < halfSize || size < halfSize || !isHalf(tail, 0xA0) || !isHalf(bytes, 0xB0)) {

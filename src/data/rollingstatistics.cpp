@@ -1,4 +1,4 @@
-#include "data/slidingfigures.h"
+#include "data/rollingstatistics.h"
 
 #include "data/exactsum.h"
 
@@ -25,7 +25,7 @@ bool addExactly(const std::vector<double> &numbers)
     return true;
 }
 
-std::vector<double> exactSums(const std::vector<double> &numbers, const SlidingWindows &windows)
+std::vector<double> exactSums(const std::vector<double> &numbers, const RollingWindows &windows)
 {
     std::vector<double> before(numbers.size() + 1, 0.0);
     for (size_t i = 0; i < numbers.size(); ++i) {
@@ -41,7 +41,7 @@ std::vector<double> exactSums(const std::vector<double> &numbers, const SlidingW
 /// Wider windows are summed without rounding, which takes the same time for any width.
 constexpr int widestAddedAnew = 1024;
 
-bool isAnyWide(const SlidingWindows &windows)
+bool isAnyWide(const RollingWindows &windows)
 {
     for (size_t i = 0; i < windows.count(); ++i) {
         if (windows.size(i) > widestAddedAnew) {
@@ -56,7 +56,7 @@ bool areFinite(const std::vector<double> &numbers)
     return std::all_of(numbers.cbegin(), numbers.cend(), [](double number) { return std::isfinite(number); });
 }
 
-std::vector<double> roundedSums(const std::vector<double> &numbers, const SlidingWindows &windows)
+std::vector<double> roundedSums(const std::vector<double> &numbers, const RollingWindows &windows)
 {
     std::vector<double> sums(windows.count(), 0.0);
     ExactSum sum(numbers);
@@ -79,7 +79,7 @@ constexpr size_t additionsPerReport = size_t{1} << 24;
 
 /// Sums `lanes` windows that begin one number after the other side by side, since each addition of one sum has to wait
 /// for the one before.
-void addLanes(const double *numbers, const SlidingWindows &windows, const size_t *which, double *sums)
+void addLanes(const double *numbers, const RollingWindows &windows, const size_t *which, double *sums)
 {
     const double *const start = numbers + windows.begins[which[0]];
     int common = windows.size(which[0]);
@@ -101,13 +101,13 @@ void addLanes(const double *numbers, const SlidingWindows &windows, const size_t
     }
 }
 
-bool growsFromLast(const SlidingWindows &windows, size_t window)
+bool growsFromLast(const RollingWindows &windows, size_t window)
 {
     return window > 0 && windows.begins[window] == windows.begins[window - 1];
 }
 
 /// Windows that begin elsewhere than the one before.
-std::vector<size_t> newWindows(const SlidingWindows &windows)
+std::vector<size_t> newWindows(const RollingWindows &windows)
 {
     std::vector<size_t> found;
     found.reserve(windows.count());
@@ -120,10 +120,10 @@ std::vector<size_t> newWindows(const SlidingWindows &windows)
 }
 
 /// Binary tree of counts by which the number at a place in the order of a changing set is found.
-class OrderedWindow
+class OrderStatisticTree
 {
 public:
-    explicit OrderedWindow(const std::vector<double> &numbers)
+    explicit OrderStatisticTree(const std::vector<double> &numbers)
         : m_values(numbers)
     {
         std::sort(m_values.begin(), m_values.end());
@@ -167,7 +167,7 @@ private:
 };
 
 template<class Before>
-std::vector<double> extremes(const std::vector<double> &numbers, const SlidingWindows &windows, Before isBefore)
+std::vector<double> extremes(const std::vector<double> &numbers, const RollingWindows &windows, Before isBefore)
 {
     std::vector<double> found(windows.count(), 0.0);
     // Positions of numbers that are the extreme of the window once those before them have left it.
@@ -195,8 +195,8 @@ std::vector<double> extremes(const std::vector<double> &numbers, const SlidingWi
 
 } // namespace
 
-std::vector<double> SlidingFigures::sums(
-    const std::vector<double> &numbers, const SlidingWindows &windows, const Progress &progress)
+std::vector<double> RollingStatistics::sums(
+    const std::vector<double> &numbers, const RollingWindows &windows, const Progress &progress)
 {
     if (addExactly(numbers)) {
         return exactSums(numbers, windows);
@@ -234,20 +234,20 @@ std::vector<double> SlidingFigures::sums(
     return sums;
 }
 
-std::vector<double> SlidingFigures::minimums(const std::vector<double> &numbers, const SlidingWindows &windows)
+std::vector<double> RollingStatistics::minimums(const std::vector<double> &numbers, const RollingWindows &windows)
 {
     return extremes(numbers, windows, std::less<double>());
 }
 
-std::vector<double> SlidingFigures::maximums(const std::vector<double> &numbers, const SlidingWindows &windows)
+std::vector<double> RollingStatistics::maximums(const std::vector<double> &numbers, const RollingWindows &windows)
 {
     return extremes(numbers, windows, std::greater<double>());
 }
 
-std::vector<double> SlidingFigures::medians(const std::vector<double> &numbers, const SlidingWindows &windows)
+std::vector<double> RollingStatistics::medians(const std::vector<double> &numbers, const RollingWindows &windows)
 {
     std::vector<double> medians(windows.count(), 0.0);
-    OrderedWindow window(numbers);
+    OrderStatisticTree window(numbers);
     int begin = 0;
     int end = 0;
     for (size_t i = 0; i < medians.size(); ++i) {
