@@ -72,7 +72,8 @@ size_t FixedWidthGuess::linesThatCount() const
     return qMin(m_lines.size(), static_cast<size_t>(most));
 }
 
-/// Where columns begin in lines from `first` on.
+/// Where columns begin in lines from `first` on. A column begins at a position that is inked in one of the lines,
+/// behind one that is blank in all of them; the first column begins at 0 whatever stands before it.
 FixedWidthGuess::Starts FixedWidthGuess::startsOfGroup(size_t first, size_t count) const
 {
     std::vector<quint64> inked;
@@ -100,6 +101,8 @@ FixedWidthGuess::Starts FixedWidthGuess::startsOfGroup(size_t first, size_t coun
     return starts;
 }
 
+/// Groups of lines vote: first on the number of columns, then, among groups with a number that has most votes, on where
+/// the columns begin; a draw goes to those that begin further left. The last column ends with the longest line.
 QList<int> FixedWidthGuess::widths() const
 {
     const size_t lines = linesThatCount();

@@ -113,6 +113,7 @@ TreeFlattener::Children TreeFlattener::listChildren(quint32 index)
     return {begin, static_cast<quint32>(m_children.size()) - begin};
 }
 
+/// Members of an object come in the order of their keys; of members with one key the last one counts.
 void TreeFlattener::sortByKey(quint32 begin)
 {
     const std::vector<TreeNode> &nodes = m_record->nodes;
@@ -158,6 +159,10 @@ void TreeFlattener::expandRecords()
     }
 }
 
+// How a tree becomes rows: a value stands in all rows of what holds it; children that lie beside one another in one
+// place (the elements of an array, elements of XML with the same name) make a row each, and those of several such
+// places in one parent are combined each with each.
+
 /// Puts what `index` holds into the rows from `firstRow` on, of which there may be more then.
 void TreeFlattener::expand(quint32 index, qint64 firstRow)
 {
@@ -189,7 +194,7 @@ void TreeFlattener::expandChildren(quint32 index, qint64 firstRow)
     }
 }
 
-/// Children in one place: each gets the rows that were there before it and adds to them.
+/// Children in one place: each gets a copy of the rows from `firstRow` on as they were before the first child.
 void TreeFlattener::expandRepeats(const quint32 *children, quint32 count, qint64 firstRow)
 {
     const std::vector<Text> before(m_cells.begin() + firstRow * m_width, m_cells.end());

@@ -35,8 +35,8 @@ public:
         }
         ++m_count;
     }
-    /// Counts one without a text of its own.
-    void addHidden() { ++m_count; }
+    /// Counts `count` more without texts of their own.
+    void addHidden(qint64 count) { m_count += count; }
     /// Forgets all but the first `count`.
     void truncate(qint64 count);
 

@@ -76,6 +76,8 @@ quint32 SheetCells::formatOf(std::string_view index) const
 
 // Rows
 
+/// `<row>`: without an `r` it is the row behind the one before. A height counts as a person's own only with
+/// `customHeight`, a format only with `customFormat`.
 bool SheetCells::beginRow(const XmlAttributes &attributes)
 {
     ++m_row;
@@ -157,6 +159,7 @@ GridRow &SheetCells::placeFor(int row)
 
 // Cells
 
+/// The types of `t` (ST_CellType); `str` and `inlineStr`, and what the format doesn't know, are text.
 SheetCells::Kind SheetCells::kindOf(std::string_view type)
 {
     const bool isLetter = type.size() == 1;
@@ -176,6 +179,7 @@ SheetCells::Kind SheetCells::kindOf(std::string_view type)
     }
 }
 
+/// A `<c>` without an `r` stands behind the cell before it.
 bool SheetCells::takePlace(bool hasReference, std::string_view reference)
 {
     if (!hasReference) {
@@ -188,6 +192,7 @@ bool SheetCells::takePlace(bool hasReference, std::string_view reference)
                        .arg(QString::fromUtf8(reference.data(), static_cast<int>(qMin<size_t>(reference.size(), 40)))));
 }
 
+/// `<c>` with place `r`, format `s` and type `t`, which is a number when it isn't given. Other attributes are kept.
 bool SheetCells::beginCell(const XmlAttributes &attributes)
 {
     const char *reference = nullptr;
@@ -297,6 +302,8 @@ void SheetCells::put(const CellRecord &cell)
 
 // Values
 
+/// The text of `<v>` as its type has it: the index of a shared text, 1 or 0, the name of an error, a date of ISO 8601,
+/// a number; a cell with an `<is>` has its text there.
 bool SheetCells::takeValue(std::string_view whole, CellRecord *cell)
 {
     if (m_hasInline) {
@@ -352,6 +359,7 @@ bool SheetCells::takeShared(std::string_view value, CellRecord *cell)
     return true;
 }
 
+/// Characters that XML can't hold are written as `_xHHHH_` (ST_Xstring).
 void SheetCells::takeEscapedText(std::string_view text, CellRecord *cell)
 {
     if (text.find("_x") == std::string_view::npos) {

@@ -71,7 +71,7 @@ private:
         settings.rows = columnsOf(values, "Columns");
         settings.columns = columnsOf(values, "Rows");
         settings.value = values.column("Sum");
-        settings.kind = static_cast<SummaryKind>(values.choice("Summarize_As"));
+        settings.kind = values.choiceAs<SummaryKind>("Summarize_As");
         settings.totalName = QStringLiteral("Grand %1").arg(values.choiceText("Summarize_As"));
         settings.delimiter = values.text("Delimiter");
         settings.missing = values.choice("Non_Calc") == Zero ? QStringLiteral("0") : QString();

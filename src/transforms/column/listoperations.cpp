@@ -51,7 +51,7 @@ QStringList tidy(const QStringList &items)
     return result;
 }
 
-double figure(int operation, const QList<double> &numbers)
+double figure(ListOperations::Operation operation, const QList<double> &numbers)
 {
     std::vector<double> list(numbers.begin(), numbers.end());
     double *begin = list.data();
@@ -85,7 +85,7 @@ QStringList ListOperations::names()
         QStringLiteral("Tidy"), QStringLiteral("Trim")};
 }
 
-bool ListOperations::givesList(int operation)
+bool ListOperations::givesList(Operation operation)
 {
     switch (operation) {
     case Dedupe:
@@ -106,7 +106,7 @@ bool ListOperations::givesList(int operation)
     }
 }
 
-QStringList ListOperations::list(int operation, QStringList items)
+QStringList ListOperations::list(Operation operation, QStringList items)
 {
     switch (operation) {
     case Dedupe:
@@ -143,7 +143,7 @@ QStringList ListOperations::list(int operation, QStringList items)
     }
 }
 
-QString ListOperations::value(int operation, const QStringList &items)
+QString ListOperations::value(Operation operation, const QStringList &items)
 {
     switch (operation) {
     case Count:

@@ -34,10 +34,10 @@ enum Operation {
 
 QStringList names();
 /// True for those whose result is a list again.
-bool givesList(int operation);
+bool givesList(Operation operation);
 /// The list that one of those gives.
-QStringList list(int operation, QStringList items);
+QStringList list(Operation operation, QStringList items);
 /// The text that one of the others gives; empty when a number is asked of a list without numbers.
-QString value(int operation, const QStringList &items);
+QString value(Operation operation, const QStringList &items);
 
 } // namespace ListOperations

@@ -33,9 +33,9 @@ private:
         Task(const OptionValues &values, const Dataset &table)
             : input(table)
             , source(values.column("Columns"))
-            , into(values.choice("Into"))
-            , order(values.choice("Order"))
-            , splitter(static_cast<ValueSplitter::By>(values.choice("Delimiter_Type")),
+            , into(values.choiceAs<Into>("Into"))
+            , order(values.choiceAs<Order>("Order"))
+            , splitter(values.choiceAs<ValueSplitter::By>("Delimiter_Type"),
                   values.text(values.choice("Delimiter_Type") == ValueSplitter::Lengths ? "Lengths" : "Delimiter"),
                   values.flag("Keep_Empty"))
             , limits(values.integer("Min_New_Cols"), values.integer("Max_New_Cols"))
@@ -49,8 +49,8 @@ private:
 
         const Dataset &input;
         const ColumnIndex source;
-        const int into;
-        const int order;
+        const Into into;
+        const Order order;
         const ValueSplitter splitter;
         SplitLimits limits;
     };
@@ -62,7 +62,7 @@ private:
     Dataset splitIntoVectors(Task &task);
     PartCounts countParts(const Task &task);
     QStringList limitedParts(Task &task, QStringList parts);
-    static void sort(QStringList &parts, int order);
+    static void sort(QStringList &parts, Order order);
     template<class Take>
     void forEachRow(Task &task, Take take);
     void reportLimits(const SplitLimits &limits);
@@ -138,7 +138,7 @@ Dataset TransformSplit::compute(const OptionValues &values, const Inputs &inputs
     }
 }
 
-void TransformSplit::sort(QStringList &parts, int order)
+void TransformSplit::sort(QStringList &parts, Order order)
 {
     if (order == Alphabetic) {
         parts.sort();

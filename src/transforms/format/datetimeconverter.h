@@ -37,5 +37,6 @@ private:
     QLocale m_output;
     bool m_writesTime;
     DateWriter m_dateWriter;
+    /// By text and not by cell: slow as this is, a text is worth finding in another column, or as another copy.
     QHash<QByteArray, Known> m_memory;
 };

@@ -21,7 +21,7 @@ static TextArenaPointer textsBeside(const Dataset &dataset, const QVector<Column
 Dataset NeighbourCellTransform::compute(const OptionValues &values, const Inputs &inputs)
 {
     Dataset result = *inputs.first();
-    const int direction = values.choice("Direction");
+    const auto direction = values.choiceAs<Direction>("Direction");
     QVector<ColumnIndex> columns = values.columns("Columns");
     if (walksBack(direction)) {
         std::reverse(columns.begin(), columns.end());

@@ -19,7 +19,7 @@ protected:
 
 private:
     /// Whether the selected columns are walked from the last to the first.
-    virtual bool walksBack(int direction) const = 0;
+    virtual bool walksBack(Direction direction) const = 0;
     /// Changes the cells of one column; returns how many. The frame keeps the texts of neighbours.
     virtual int edit(CellColumn &column, const Neighbours &neighbours) const = 0;
 };

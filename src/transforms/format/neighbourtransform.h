@@ -23,7 +23,7 @@ protected:
 
     OptionTable options() const override;
 
-    static bool isVertical(int direction) { return direction == Down || direction == Up; }
+    static bool isVertical(Direction direction) { return direction == Down || direction == Up; }
     /// The key column's cells when they count, otherwise null.
     static const Cell *keyCells(const OptionValues &values, const Dataset &input);
     static bool haveSameKey(const Cell *keys, int row, int other) { return !keys || keys[row].sameText(keys[other]); }

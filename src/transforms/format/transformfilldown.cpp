@@ -14,7 +14,7 @@ public:
     }
 
 private:
-    bool walksBack(int direction) const override { return direction == Left; }
+    bool walksBack(Direction direction) const override { return direction == Left; }
 
     int edit(CellColumn &column, const Neighbours &neighbours) const override
     {

@@ -37,7 +37,7 @@ private:
                 Option::text("Output_Delimiter", "Output delimiter", ",")
                     .activeWhen("Delimiter_Type", {"Regex delimiter"})
                     .activeWhen([](const OptionValues &values) {
-                        return ListOperations::givesList(values.choice("Operation"));
+                        return ListOperations::givesList(values.choiceAs<ListOperations::Operation>("Operation"));
                     })
                     .tip("Choose the delimiter for the output list.\nThis will often be a single character of text, "
                          "such as "
@@ -76,7 +76,7 @@ private:
             addWarning(Messages::invalidExpression(delimiter, expression.errorString()));
         }
         const QString joiner = values.text(regex ? "Output_Delimiter" : "Delimiter");
-        const int operation = values.choice("Operation");
+        const auto operation = values.choiceAs<ListOperations::Operation>("Operation");
         const bool givesList = ListOperations::givesList(operation);
         const int rowCount = cells.size();
         ColumnBuilder column(rowCount);

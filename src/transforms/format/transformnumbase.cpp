@@ -60,7 +60,7 @@ private:
             return {};
         }
         Plan plan;
-        plan.unreadText = NonValueAction::replacement(values.choice("Non_Numeric"));
+        plan.unreadText = NonValueAction::replacement(values.choiceAs<NonValueAction::Action>("Non_Numeric"));
         for (ColumnIndex column : columns) {
             plan.rules.push_back(rule(from == guessBase ? guessedBase(input, column) : from));
         }

@@ -83,7 +83,7 @@ private:
         const NumberFormatter formatter(values.locale("Output_Locale"), values.choiceText("Format").at(0).toLatin1(),
             values.integer("Precision"), values.flag("Group_Separator"));
         Plan plan;
-        plan.unreadText = NonValueAction::replacement(values.choice("Non_Numeric"));
+        plan.unreadText = NonValueAction::replacement(values.choiceAs<NonValueAction::Action>("Non_Numeric"));
         for (ColumnIndex column : columns) {
             switch (values.choice("Decimal_From")) {
             case Automatic:

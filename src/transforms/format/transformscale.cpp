@@ -36,7 +36,7 @@ struct Group
 class Scaling
 {
 public:
-    Scaling(const Dataset &input, const QVector<ColumnIndex> &columns, int by, int of, double from, double to)
+    Scaling(const Dataset &input, const QVector<ColumnIndex> &columns, ScaleBy by, ScaleOf of, double from, double to)
         : m_input(input)
         , m_columns(columns)
         , m_by(by)
@@ -148,8 +148,8 @@ private:
 
     const Dataset &m_input;
     const QVector<ColumnIndex> m_columns;
-    const int m_by;
-    const int m_of;
+    const ScaleBy m_by;
+    const ScaleOf m_of;
     const double m_offset;
     const double m_range;
     const NumberReader m_reader;
@@ -206,8 +206,8 @@ private:
             setResultText(Messages::noChanges());
             return input;
         }
-        Scaling scaling(
-            input, columns, values.choice("By"), values.choice("Of"), values.integer("From"), values.integer("To"));
+        Scaling scaling(input, columns, values.choiceAs<ScaleBy>("By"), values.choiceAs<ScaleOf>("Of"),
+            values.integer("From"), values.integer("To"));
         const int rowCount = input.rowCount();
         for (int row = 0; row < rowCount; ++row) {
             reportHalf(row, rowCount, 0);

@@ -25,7 +25,7 @@ private:
     {
         Dataset result = *inputs.first();
         const QVector<ColumnIndex> columns = values.columns("Columns");
-        const int direction = values.choice("Direction");
+        const auto direction = values.choiceAs<Direction>("Direction");
         const qint64 changed = isVertical(direction)
                                    ? slideColumns(result, columns, direction == Up, keyCells(values, *inputs.first()))
                                    : slideRows(result, columns, direction == Left);

@@ -16,7 +16,7 @@ public:
 
 private:
     // The column that cells are compared with must not have been emptied yet.
-    bool walksBack(int direction) const override { return direction == Right; }
+    bool walksBack(Direction direction) const override { return direction == Right; }
 
     int edit(CellColumn &column, const Neighbours &neighbours) const override
     {

@@ -30,25 +30,14 @@ Dataset CellTransform::compute(const OptionValues &values, const Inputs &inputs)
     for (ColumnIndex column : columns) {
         workers.emplace_back(rule, result.column(column));
     }
-    // A block of rows at a time, so that progress tells of whole rows while each column is walked on its own.
-    const int rowCount = result.rowCount();
-    for (int row = 0; row < rowCount; row += progressStep) {
-        reportRow(row, rowCount);
-        for (CellWorker &worker : workers) {
-            worker.process(row, qMin(row + progressStep, rowCount));
-        }
-    }
+    processColumns(workers, columns, result);
     qint64 changed = 0;
-    for (int i = 0; i < columns.size(); ++i) {
-        CellWorker &worker = workers[static_cast<size_t>(i)];
+    for (const CellWorker &worker : workers) {
         changed += worker.changedCount();
-        if (worker.changedCount() > 0) {
-            result.setColumn(columns.at(i), worker.take());
-        }
     }
     if (rule.warnings) {
         warningList() += rule.warnings();
     }
-    setResultText(outcome(changed, qint64(rowCount) * columns.size() - changed));
+    setResultText(outcome(changed, qint64(result.rowCount()) * columns.size() - changed));
     return result;
 }

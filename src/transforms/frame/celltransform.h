@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/textbuffer.h"
-#include "transforms/frame/transform.h"
+#include "transforms/frame/columnwisetransform.h"
 
 #include <functional>
 
@@ -48,10 +48,10 @@ struct CellRule
 
 /// Frame of the transforms that change cells of the selected columns in place: it copies the table, walks rows and
 /// columns, counts, reports progress and sets the result text. A class adds its options and its rule.
-class CellTransform : public Transform
+class CellTransform : public ColumnwiseTransform
 {
 protected:
-    using Transform::Transform;
+    using ColumnwiseTransform::ColumnwiseTransform;
 
     /// The rule for these options. Everything that doesn't depend on the cell is done here.
     virtual CellRule rule(const OptionValues &values, const Dataset &input) const = 0;

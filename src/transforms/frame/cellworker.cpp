@@ -1,14 +1,11 @@
 #include "transforms/frame/cellworker.h"
 
-#include "transforms/frame/memobits.h"
-
-static constexpr int mostSlotBits = 11;
+static constexpr int mostMemoBits = 11;
 
 CellWorker::CellWorker(const CellRule &rule, const CellColumn &column)
     : m_rule(rule)
     , m_edit(column)
-    , m_slotBits(memoBits(column.size(), mostSlotBits))
-    , m_known(rule.row ? 0 : size_t(1) << m_slotBits)
+    , m_results(rule.row ? 0 : column.size(), mostMemoBits)
 {
 }
 
@@ -24,16 +21,11 @@ void CellWorker::process(int first, int end)
 void CellWorker::processByText(int first, int end)
 {
     const Cell *cells = m_edit.source();
-    const int shift = 64 - m_slotBits;
+    const auto find = [this](const Cell &cell, Cell &result) { result = resultOf(cell); };
     for (int row = first; row < end; ++row) {
-        const quint64 bits = cells[row].bits();
-        Known &known = m_known[bits * 0x9E3779B97F4A7C15ULL >> shift];
-        if (known.bits != bits) {
-            known.bits = bits;
-            known.result = resultOf(cells[row]);
-        }
-        if (known.result.bits() != bits) {
-            m_edit.set(row, known.result);
+        const Cell result = m_results.of(cells[row], find);
+        if (result.bits() != cells[row].bits()) {
+            m_edit.set(row, result);
             ++m_changed;
         }
     }

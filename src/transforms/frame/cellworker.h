@@ -1,10 +1,9 @@
 #pragma once
 
 #include "data/textbuffer.h"
+#include "transforms/frame/cellmemo.h"
 #include "transforms/frame/celltransform.h"
 #include "transforms/frame/columnedit.h"
-
-#include <vector>
 
 /// Applies a cell rule to one column, some rows at a time. Results are remembered by the cell's bits, so that a text
 /// that repeats costs a look-up.
@@ -17,14 +16,10 @@ public:
     /// Rows from `first` to before `end`.
     void process(int first, int end);
     int changedCount() const { return m_changed; }
+    bool isChanged() const { return m_edit.isChanged(); }
     CellColumn take() { return m_edit.take(); }
 
 private:
-    struct Known
-    {
-        quint64 bits = ~quint64(0); // of no cell
-        Cell result;
-    };
     void processByText(int first, int end);
     void processByRow(int first, int end);
     Cell resultOf(const Cell &cell);
@@ -33,8 +28,7 @@ private:
 
     const CellRule &m_rule;
     ColumnEdit m_edit;
-    int m_slotBits;
-    std::vector<Known> m_known;
+    CellMemo<Cell> m_results;
     TextBuffer m_buffer;
     int m_changed = 0;
 };

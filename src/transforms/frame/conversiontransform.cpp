@@ -9,11 +9,9 @@
 
 namespace {
 
-enum Action { Leave, ChangeToZero, ChangeToEmpty, ChangeToNaN };
-
-/// The first cells that didn't read, row by row, as lines of a list.
-QStringList exampleLines(
-    const Dataset &input, const QVector<ColumnIndex> &columns, const std::vector<ConversionWorker> &workers)
+/// The cells that didn't read, the first few of them row by row as lines of a list.
+CappedList unreadCells(const Dataset &input, const QVector<ColumnIndex> &columns,
+    const std::vector<ConversionWorker> &workers, qint64 count)
 {
     QVector<QPair<int, int>> places; // row and position among the columns
     for (size_t i = 0; i < workers.size(); ++i) {
@@ -22,17 +20,17 @@ QStringList exampleLines(
         }
     }
     std::sort(places.begin(), places.end());
-    QStringList lines;
+    CappedList cells;
     for (const auto &place : qAsConst(places)) {
-        if (lines.size() == CappedList::usualLimit) {
-            break;
-        }
         const ColumnIndex column = columns.at(place.second);
-        lines.append(QStringLiteral("'%1' at column '%2' row %3")
-                         .arg(input.value(RowIndex(place.first), column), input.columnName(column),
-                             QString::number(place.first + 1)));
+        cells.add([&] {
+            return QStringLiteral("'%1' at column '%2' row %3")
+                .arg(input.value(RowIndex(place.first), column), input.columnName(column),
+                    QString::number(place.first + 1));
+        });
     }
-    return lines;
+    cells.addHidden(count - cells.count());
+    return cells;
 }
 
 } // namespace
@@ -44,18 +42,19 @@ QStringList NonValueAction::choices()
         change.arg(*replacement(ChangeToNaN))};
 }
 
-std::optional<QString> NonValueAction::replacement(int choice)
+std::optional<QString> NonValueAction::replacement(Action action)
 {
-    switch (choice) {
+    switch (action) {
     case ChangeToZero:
         return QStringLiteral("0");
     case ChangeToEmpty:
         return QString();
     case ChangeToNaN:
         return QStringLiteral("NaN");
-    default:
-        return std::nullopt;
+    case Leave:
+        break;
     }
+    return std::nullopt;
 }
 
 QString ConversionTransform::outcome(const Counts &counts) const
@@ -79,34 +78,18 @@ Dataset ConversionTransform::compute(const OptionValues &values, const Inputs &i
     for (int i = 0; i < columns.size(); ++i) {
         workers.emplace_back(plan.rules[static_cast<size_t>(i)], plan.unreadText, input.column(columns.at(i)));
     }
-    const int rowCount = input.rowCount();
-    for (int row = 0; row < rowCount; row += progressStep) {
-        reportRow(row, rowCount);
-        for (ConversionWorker &worker : workers) {
-            worker.process(row, qMin(row + progressStep, rowCount));
-        }
-    }
+    processColumns(workers, columns, result);
     Counts counts;
-    for (int i = 0; i < columns.size(); ++i) {
-        ConversionWorker &worker = workers[static_cast<size_t>(i)];
+    for (const ConversionWorker &worker : workers) {
         counts.changed += worker.changedCount();
         counts.unread += worker.unreadCount();
         counts.unreadChanged += worker.unreadChangedCount();
-        if (worker.isChanged()) {
-            result.setColumn(columns.at(i), worker.take());
-        }
     }
-    counts.unchanged = qint64(rowCount) * columns.size() - counts.changed - counts.unread;
+    counts.unchanged = qint64(input.rowCount()) * columns.size() - counts.changed - counts.unread;
     addOwnWarnings();
     if (counts.unread > 0) {
-        const QStringList lines = exampleLines(input, columns, workers);
         warningList() += unreadHeading(values, counts.unread);
-        warningList() += lines;
-        const qint64 others = counts.unread - lines.size();
-        if (others > 0) {
-            addWarning(
-                QStringLiteral("+ %1 %2").arg(Messages::count(others), Messages::word(others, "other", "others")));
-        }
+        warningList() += unreadCells(input, columns, workers, counts.unread).lines();
     }
     setResultText(outcome(counts));
     return result;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/textbuffer.h"
-#include "transforms/frame/transform.h"
+#include "transforms/frame/columnwisetransform.h"
 
 #include <functional>
 #include <optional>
@@ -10,20 +10,22 @@
 /// What becomes of cells that don't read as the values that a conversion is for.
 namespace NonValueAction {
 
+enum Action { Leave, ChangeToZero, ChangeToEmpty, ChangeToNaN };
+
 /// The choices of such an option, in their order.
 QStringList choices();
 /// Nothing when the cell stays.
-std::optional<QString> replacement(int choice);
+std::optional<QString> replacement(Action action);
 
 } // namespace NonValueAction
 
 /// Frame of the transforms that read the cells of the selected columns as values and write these in another form. It
 /// does what the frame for cells does and beyond that deals with cells that don't read: it gathers the first few, in
 /// the order of the rows, for a list of warnings.
-class ConversionTransform : public Transform
+class ConversionTransform : public ColumnwiseTransform
 {
 protected:
-    using Transform::Transform;
+    using ColumnwiseTransform::ColumnwiseTransform;
 
     /// Replaces what `out` holds by the new text, or returns false for a cell that doesn't read. A pure function of
     /// the cell's text; it is called once for texts that repeat.

@@ -1,39 +1,34 @@
 #include "transforms/frame/conversionworker.h"
 
-#include "transforms/frame/memobits.h"
+#include "text/cappedlist.h"
 
-static constexpr int mostSlotBits = 12;
+static constexpr int mostMemoBits = 12;
 
 ConversionWorker::ConversionWorker(const Rule &rule, const std::optional<QString> &unreadText, const CellColumn &column)
     : m_rule(rule)
     , m_unreadText(unreadText)
     , m_edit(column)
-    , m_slotBits(memoBits(column.size(), mostSlotBits))
-    , m_known(size_t(1) << m_slotBits)
+    , m_known(column.size(), mostMemoBits)
 {
 }
 
 void ConversionWorker::process(int first, int end)
 {
     const Cell *cells = m_edit.source();
-    const int shift = 64 - m_slotBits;
+    const auto find = [this](const Cell &cell, Known &known) { learn(cell, known); };
     for (int row = first; row < end; ++row) {
-        const quint64 bits = cells[row].bits();
-        Known &known = m_known[bits * 0x9E3779B97F4A7C15ULL >> shift];
-        if (known.bits != bits) {
-            learn(cells[row], known);
-        }
-        const bool isChanged = known.result.bits() != bits;
-        if (isChanged) {
+        const Known &known = m_known.of(cells[row], find);
+        const bool isNew = known.result.bits() != cells[row].bits();
+        if (isNew) {
             m_edit.set(row, known.result);
         }
         if (known.isRead) {
-            m_changed += isChanged;
+            m_changed += isNew;
             continue;
         }
         ++m_unread;
-        m_unreadChanged += isChanged;
-        if (m_unreadRows.size() < mostExamples) {
+        m_unreadChanged += isNew;
+        if (m_unreadRows.size() < CappedList::usualLimit) {
             m_unreadRows.push_back(row);
         }
     }
@@ -41,7 +36,6 @@ void ConversionWorker::process(int first, int end)
 
 void ConversionWorker::learn(const Cell &cell, Known &known)
 {
-    known.bits = cell.bits();
     known.result = cell;
     known.isRead = m_rule(cell, m_buffer);
     if (!known.isRead) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/textbuffer.h"
+#include "transforms/frame/cellmemo.h"
 #include "transforms/frame/columnedit.h"
 
 #include <functional>
@@ -13,7 +14,6 @@ class ConversionWorker
 {
 public:
     using Rule = std::function<bool(const Cell &cell, TextBuffer &out)>;
-    static constexpr int mostExamples = 5;
 
     /// `rule` must outlive the worker; `unreadText` is what cells that it can't read become.
     ConversionWorker(const Rule &rule, const std::optional<QString> &unreadText, const CellColumn &column);
@@ -23,7 +23,7 @@ public:
     int changedCount() const { return m_changed; }
     int unreadCount() const { return m_unread; }
     int unreadChangedCount() const { return m_unreadChanged; }
-    /// The first rows that didn't read.
+    /// The first rows that didn't read, CappedList::usualLimit at most.
     const std::vector<int> &unreadRows() const { return m_unreadRows; }
     bool isChanged() const { return m_edit.isChanged(); }
     CellColumn take() { return m_edit.take(); }
@@ -31,7 +31,6 @@ public:
 private:
     struct Known
     {
-        quint64 bits = ~quint64(0); // of no cell
         Cell result;
         bool isRead = false;
     };
@@ -40,8 +39,7 @@ private:
     const Rule &m_rule;
     std::optional<QString> m_unreadText;
     ColumnEdit m_edit;
-    int m_slotBits;
-    std::vector<Known> m_known;
+    CellMemo<Known> m_known;
     TextBuffer m_buffer;
     std::vector<int> m_unreadRows;
     int m_changed = 0;

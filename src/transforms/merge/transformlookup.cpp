@@ -127,7 +127,7 @@ struct TransformLookup::Task
     Task(const OptionValues &values, const Dataset &topTable, const Dataset &bottomTable)
         : top(topTable)
         , bottom(bottomTable)
-        , match(static_cast<LookupMatch>(values.choice(QStringLiteral("Match_Type"))))
+        , match(values.choiceAs<LookupMatch>(QStringLiteral("Match_Type")))
         , topKey(values.column(topKeyName))
         , bottomKey(values.column(bottomKeyName))
         , bottomValue(values.column(bottomValueName))

@@ -24,6 +24,13 @@ public:
     QString text(const QString &key) const;
     /// Index of the chosen entry; 0 for a text that isn't an entry.
     int choice(const QString &key) const;
+    /// The same as a value of the enumeration that has the option's choices in their order; documents that have any
+    /// other choice give the first one.
+    template<class Choice>
+    Choice choiceAs(const QString &key) const
+    {
+        return static_cast<Choice>(choice(key));
+    }
     QString choiceText(const QString &key) const;
     QChar character(const QString &key) const;
     QDate date(const QString &key) const;

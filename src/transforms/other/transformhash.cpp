@@ -32,9 +32,9 @@ private:
         };
     }
 
-    static QCryptographicHash::Algorithm algorithm(int choice)
+    static QCryptographicHash::Algorithm algorithm(Hashing hashing)
     {
-        switch (choice) {
+        switch (hashing) {
         case Sha1:
             return QCryptographicHash::Sha1;
         case Sha256:
@@ -63,7 +63,7 @@ private:
 
     CellRule rule(const OptionValues &values, const Dataset &) const override
     {
-        const int choice = values.choice("Hashing");
+        const auto choice = values.choiceAs<Hashing>("Hashing");
         if (choice == Unset) {
             return {};
         }

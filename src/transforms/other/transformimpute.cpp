@@ -106,7 +106,7 @@ private:
             if (byMatches) {
                 imputeByMatches(values, target);
             } else {
-                imputeFromAll(target, static_cast<ColumnImputer::Using>(values.choice("Using")));
+                imputeFromAll(target, values.choiceAs<ColumnImputer::Using>("Using"));
             }
             result.setColumn(column, target.edit.take());
             filled += target.filled;
@@ -184,9 +184,8 @@ private:
         }
         const QVector<ColumnIndex> keyColumns = values.columns("Matching_Columns");
         MatchingRows matches(target.input, keyColumns, values.flag("Case_Sensitive"), target.filledRows,
-            static_cast<MatchingRows::Match>(values.choice("Match_Type")));
-        ColumnImputer imputer(
-            target.input.column(target.column), static_cast<ColumnImputer::Using>(values.choice("Using")));
+            values.choiceAs<MatchingRows::Match>("Match_Type"));
+        ColumnImputer imputer(target.input.column(target.column), values.choiceAs<ColumnImputer::Using>("Using"));
         CappedList ties;
         CappedList unmatched;
         QHash<int, Found> foundByMatch;

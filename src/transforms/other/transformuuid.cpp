@@ -30,9 +30,9 @@ private:
         };
     }
 
-    static QUuid::StringFormat form(int choice)
+    static QUuid::StringFormat form(Format format)
     {
-        switch (choice) {
+        switch (format) {
         case WithoutBraces:
             return QUuid::WithoutBraces;
         case OnlyDigits:
@@ -58,7 +58,7 @@ private:
     Dataset compute(const OptionValues &values, const Inputs &inputs) override
     {
         Dataset result = *inputs.first();
-        const QUuid::StringFormat format = form(values.choice("Format"));
+        const QUuid::StringFormat format = form(values.choiceAs<Format>("Format"));
         const int rowCount = result.rowCount();
         ColumnBuilder column(rowCount);
         std::array<Bits, progressStep> bits;

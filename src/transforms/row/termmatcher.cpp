@@ -3,33 +3,8 @@
 #include "data/dataset.h"
 
 #include <algorithm>
-#include <array>
 
-class TermMatcher::Memory
-{
-public:
-    void clear() { m_entries.fill(Entry()); }
-
-    template<class Test>
-    bool outcome(const Cell &cell, Test test)
-    {
-        Entry &entry = m_entries[cell.bits() * 0x9E3779B97F4A7C15ULL >> (64 - sizeBits)];
-        if (!entry.isKnown || entry.bits != cell.bits()) {
-            entry = {cell.bits(), true, test()};
-        }
-        return entry.holds;
-    }
-
-private:
-    struct Entry
-    {
-        quint64 bits = 0;
-        bool isKnown = false;
-        bool holds = false;
-    };
-    static constexpr int sizeBits = 10;
-    std::array<Entry, 1 << sizeBits> m_entries;
-};
+static constexpr int mostMemoBits = 10;
 
 TermMatcher::TermMatcher(
     const Dataset &dataset, const FilterTerm &term, const QHash<ColumnIndex, QString> &dateFormats, bool caseSensitive)
@@ -71,7 +46,9 @@ void TermMatcher::addColumn(ColumnIndex column, const FilterTerm &term, const QS
     if (known == m_formats.cend()) {
         m_formats.push_back(dateFormat);
         m_matches.push_back(std::make_unique<PreparedMatch>(term.op, term.text, dateFormat, dateFormat, caseSensitive));
-        m_memories.push_back(m_matches.back()->isSlow() ? std::make_unique<Memory>() : nullptr);
+        m_memories.push_back(m_matches.back()->isSlow()
+                                 ? std::make_unique<CellMemo<bool>>(m_dataset.rowCount(), mostMemoBits)
+                                 : nullptr);
     }
     m_columns.push_back({m_dataset.column(column).cells.constData(), m_matches[at].get(), m_memories[at].get()});
 }
@@ -97,8 +74,8 @@ void TermMatcher::expandText(int row)
 
 bool TermMatcher::matches(const TestedColumn &column, const Cell &cell)
 {
-    return column.memory ? column.memory->outcome(cell, [&] { return column.match->matches(cell); })
-                         : column.match->matches(cell);
+    const auto find = [&column](const Cell &tested, bool &isHeld) { isHeld = column.match->matches(tested); };
+    return column.memory ? column.memory->of(cell, find) : column.match->matches(cell);
 }
 
 bool TermMatcher::holds(int row)

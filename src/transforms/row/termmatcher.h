@@ -2,6 +2,7 @@
 
 #include "data/preparedmatch.h"
 #include "data/variabletemplate.h"
+#include "transforms/frame/cellmemo.h"
 #include "transforms/options/records.h"
 
 #include <memory>
@@ -28,13 +29,11 @@ public:
     static QVector<ColumnIndex> columns(const Dataset &dataset, const QList<FilterTerm> &terms);
 
 private:
-    /// Remembers outcomes by cell; equal cells of a table have equal bits.
-    class Memory;
     struct TestedColumn
     {
         const Cell *cells;
         PreparedMatch *match;
-        Memory *memory;
+        CellMemo<bool> *memory;
     };
     void addColumn(ColumnIndex column, const FilterTerm &term, const QString &dateFormat, bool caseSensitive);
     void expandText(int row);
@@ -48,5 +47,5 @@ private:
     std::vector<TestedColumn> m_columns;
     std::vector<std::unique_ptr<PreparedMatch>> m_matches; ///< one for each date format
     std::vector<QString> m_formats;
-    std::vector<std::unique_ptr<Memory>> m_memories;
+    std::vector<std::unique_ptr<CellMemo<bool>>> m_memories;
 };

@@ -61,7 +61,7 @@ private:
     {
         const Dataset &input = *inputs.first();
         const QVector<ColumnIndex> columns = values.columns("Columns");
-        const auto mode = static_cast<DedupeMode>(values.choice("Dedupe_Mode"));
+        const auto mode = values.choiceAs<DedupeMode>("Dedupe_Mode");
         Dataset result;
         if (columns.isEmpty()) {
             result = input;

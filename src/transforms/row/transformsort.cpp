@@ -67,7 +67,7 @@ private:
         sorting.localeAware = values.flag("Locale_Aware_Sort");
         sorting.caseSensitive = values.flag("Case_Sensitive");
         sorting.addRank = addRank;
-        sorting.rankType = static_cast<RowRanks::Type>(values.choice("Rank_Types"));
+        sorting.rankType = values.choiceAs<RowRanks::Type>("Rank_Types");
         sorting.rankBy = toNumber(values.column("Rank_By")).toInt();
         result.sortRows(sorting, &report);
         if (!report.isEmpty()) {
