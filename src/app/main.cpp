@@ -3,6 +3,7 @@
 #include "app/commandlinerun.h"
 #include "app/mainwindow.h"
 #include "app/runlog.h"
+#include "app/sessionend.h"
 #include "app/startup.h"
 #include "outputs/filenamevariables.h"
 #include "platform/console.h"
@@ -33,6 +34,7 @@ int runWindow(Application &application, const CommandLine &commandLine, RunLog &
     // The log is that of runs without a window.
     log.close();
     MainWindow window(application, commandLine, log);
+    const SessionEnd sessionEnd(window);
     QObject::connect(&application, &QGuiApplication::lastWindowClosed, &application, &QCoreApplication::quit);
     window.start();
     return QApplication::exec();
