@@ -6,6 +6,7 @@
 #include "app/commands/commandgroups.h"
 #include "app/commands/recentmenu.h"
 #include "app/documentcommands.h"
+#include "app/panelayout.h"
 #include "app/programinfo.h"
 #include "app/recoveryfile.h"
 #include "app/runlog.h"
@@ -21,6 +22,7 @@
 #include "graph/runcontrol.h"
 #include "panes/canvas/graphpane.h"
 #include "panes/dialogs/prompts.h"
+#include "panes/items/itempane.h"
 #include "panes/status/logpane.h"
 #include "panes/status/nodestatuswidget.h"
 #include "panes/status/statusbar.h"
@@ -50,8 +52,8 @@ MainWindow::MainWindow(Application &application, const CommandLine &commandLine,
         QApplication::setFont(application.settings().uiFont());
     }
     buildPanes();
-    const CommandContext context{
-        application, m_session, m_undo, m_prompts, *m_graphPane, *m_logPane, *m_statusBar, *this};
+    const CommandContext context{application, m_session, m_undo, m_prompts, *m_graphPane, *m_itemPane, *m_layout,
+        *m_logPane, *m_statusBar, *this};
     m_groups = std::make_unique<CommandGroups>(context, m_actions, *m_documents, m_recentDocuments);
     m_hooks = std::make_unique<WindowHooks>(context, *m_documents);
     m_actions.build(*this, m_groups->all);
@@ -59,6 +61,7 @@ MainWindow::MainWindow(Application &application, const CommandLine &commandLine,
     m_settingsFollower = std::make_unique<SettingsFollower>(application, m_session, m_actions);
     setFirstStates();
     connectCommands();
+    connectCanvas(context, m_actions, *m_groups);
     m_wiring = std::make_unique<SceneWiring>(context, *this, *m_documents, m_groups->runs);
     m_wiring->onSceneChanged(nullptr, &scene());
     connectDocuments();
@@ -74,11 +77,11 @@ MainWindow::~MainWindow()
     m_application.setMainWindow(nullptr);
     Settings &settings = m_application.settings();
     settings.setSessions(settings.sessions() + 1);
-    settings.setLastDocDir(m_application.lastDocDir());
-    settings.setLastDataDir(m_application.lastDataDir());
-    settings.setLastOutputDataDir(m_application.lastOutputDataDir());
+    storeFolders(m_application, settings);
+    m_layout->store(settings);
     settings.setLogPaneShown(m_logPane->isVisibleTo(this));
     scene().disconnect(this);
+    m_itemPane->letGo();
     delete m_graphPane;
     scene().clearAll();
 }
@@ -92,7 +95,9 @@ void MainWindow::buildPanes()
     centre->addWidget(m_logPane);
     centre->setStretchFactor(0, 1);
     centre->setCollapsible(0, false);
-    setCentralWidget(centre);
+    m_itemPane = new ItemPane;
+    m_layout = std::make_unique<PaneLayout>(centre, m_itemPane);
+    setCentralWidget(m_layout->splitter());
     m_statusBar = new StatusBar;
     setStatusBar(m_statusBar);
 }
@@ -101,6 +106,8 @@ void MainWindow::setFirstStates()
 {
     m_logPane->setVisible(m_application.settings().logPaneShown());
     m_actions.setFirstStates(m_application.settings());
+    m_layout->restore(m_application.settings());
+    m_layout->setActions(*m_actions.viewItemPane);
     m_actions.editSnapToGrid->setChecked(scene().snapToGrid());
     m_actions.showManualRuns(!isAutoRunOn());
 }
@@ -109,15 +116,12 @@ void MainWindow::connectCommands()
 {
     m_groups->view.themes().onUpdateUITheme();
     m_actions.connectSwitches(*this, m_groups->all);
-    connectCanvas(*m_graphPane, m_actions, *m_groups, *m_statusBar);
     connect(&m_groups->runs, &RunCommands::autoRunChanged, this, &MainWindow::updateActions);
     connect(&m_undo, &UndoStack::changed, this, &MainWindow::updateActions);
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &MainWindow::updateActions);
     connect(m_recentMenu.get(), &RecentMenu::updated, this, &MainWindow::updateActions);
-    connect(m_graphPane, &GraphPane::zoomChanged, this, [this] {
-        m_groups->view.onZoomChanged();
-        updateActions();
-    });
+    connect(m_itemPane, &ItemPane::nodeCommentChanged, this, &MainWindow::onDocumentChanged);
+    connect(m_graphPane, &GraphPane::zoomChanged, this, &MainWindow::updateActions);
 }
 
 void MainWindow::onSceneChanged(GraphScene *old, GraphScene *current)
@@ -135,6 +139,7 @@ void MainWindow::connectDocuments()
     connect(&m_session, &DocumentSession::sceneChanged, this, &MainWindow::onSceneChanged);
     connect(&m_session, &DocumentSession::modifiedChanged, this, &QWidget::setWindowModified);
     connect(&m_session, &DocumentSession::pathChanged, this, &MainWindow::onUpdateTitle);
+    connect(&m_session, &DocumentSession::aboutToClear, m_itemPane, &ItemPane::letGo);
     connect(&m_session, &DocumentSession::aboutToClear, m_logPane, &QPlainTextEdit::clear);
     connect(&m_session, &DocumentSession::aboutToClear, &m_undo, &UndoStack::clear);
     connect(&m_session, &DocumentSession::aboutToClear, &m_groups->undo, &UndoCommands::forgetRun);
@@ -150,9 +155,7 @@ void MainWindow::connectDocuments()
 void MainWindow::start()
 {
     const Settings &settings = m_application.settings();
-    m_application.setLastDocDir(settings.lastDocDir());
-    m_application.setLastDataDir(settings.lastDataDir());
-    m_application.setLastOutputDataDir(settings.lastOutputDataDir());
+    restoreFolders(m_application, settings);
     show();
     restoreLayout(*this, settings);
     QTimer::singleShot(0, this, &MainWindow::onStarted);
@@ -177,8 +180,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
     // A run that is still on ends at the next item.
     stopRequested = true;
     Settings &settings = m_application.settings();
-    settings.setGeometry(saveGeometry());
-    settings.setWindowState(saveState());
+    storeLayout(*this, settings);
     const QString path = m_session.path();
     settings.setPreviousPath(
         settings.isIni() && !path.isEmpty() ? m_application.applicationDir().relativeFilePath(path) : path);
@@ -223,6 +225,7 @@ void MainWindow::onUpdateTitle()
 void MainWindow::onNodeDataChanged(Node *node)
 {
     m_statusBar->itemStatus().showCounts(scene());
+    m_itemPane->refresh(node);
     if (node->state() == NodeState::Processed) {
         m_statusBar->onShowMessage(QStringLiteral("%1 updated").arg(node->name()));
     }
@@ -233,6 +236,7 @@ void MainWindow::onGraphSelectionChanged()
     const int items = scene().nodes(true).size();
     const int connections = scene().connections(true).size();
     updateActions();
+    m_itemPane->showSelection(scene());
     m_statusBar->showSelection(items, connections);
 }
 
@@ -270,6 +274,7 @@ void MainWindow::onAllowUserInteraction(bool allow)
     m_allowsInteraction = allow;
     m_graphPane->setEnabled(allow);
     m_graphPane->setInteractive(allow);
+    m_itemPane->setInteraction(allow);
     m_logPane->setEnabled(allow);
     if (allow) {
         m_recentMenu->update();
@@ -283,6 +288,7 @@ void MainWindow::updateActions()
 {
     ActionState state = actionState(m_session, m_undo, *m_graphPane);
     state.isRunning = !m_allowsInteraction;
+    state.isInTwoScreens = m_groups->view.isInTwoScreens();
     state.hasRecentDocuments = !m_recentMenu->isEmpty();
     m_actions.updateEnabled(state);
     m_statusBar->itemStatus().showCounts(scene());

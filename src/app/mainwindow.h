@@ -12,7 +12,9 @@
 class Application;
 class DocumentCommands;
 class GraphPane;
+class ItemPane;
 class LogPane;
+class PaneLayout;
 class Prompts;
 class QSplitter;
 class RecentMenu;
@@ -90,6 +92,8 @@ private:
     std::unique_ptr<RecentMenu> m_recentMenu;
     std::unique_ptr<SettingsFollower> m_settingsFollower;
     GraphPane *m_graphPane = nullptr;
+    ItemPane *m_itemPane = nullptr;
+    std::unique_ptr<PaneLayout> m_layout;
     LogPane *m_logPane = nullptr;
     StatusBar *m_statusBar = nullptr;
     bool m_allowsInteraction = true; ///< false during a run

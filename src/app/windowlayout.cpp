@@ -1,5 +1,6 @@
 #include "app/windowlayout.h"
 
+#include "app/application.h"
 #include "settings/settings.h"
 
 #include <QMainWindow>
@@ -19,4 +20,24 @@ void restoreLayout(QMainWindow &window, const Settings &settings)
     } else {
         window.showMaximized();
     }
+}
+
+void storeLayout(const QMainWindow &window, Settings &settings)
+{
+    settings.setGeometry(window.saveGeometry());
+    settings.setWindowState(window.saveState());
+}
+
+void restoreFolders(Application &application, const Settings &settings)
+{
+    application.setLastDocDir(settings.lastDocDir());
+    application.setLastDataDir(settings.lastDataDir());
+    application.setLastOutputDataDir(settings.lastOutputDataDir());
+}
+
+void storeFolders(const Application &application, Settings &settings)
+{
+    settings.setLastDocDir(application.lastDocDir());
+    settings.setLastDataDir(application.lastDataDir());
+    settings.setLastOutputDataDir(application.lastOutputDataDir());
 }

@@ -14,6 +14,8 @@
 #include "panes/canvas/graphpane.h"
 #include "panes/canvas/transformchoice.h"
 #include "panes/canvas/typeablemenu.h"
+#include "panes/items/itempane.h"
+#include "panes/items/itemwidget.h"
 #include "panes/status/nodestatuswidget.h"
 #include "settings/settings.h"
 #include "support/printers.h"
@@ -23,8 +25,11 @@
 
 #include <QAccessible>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QTabWidget>
+#include <QTableView>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QToolButton>
@@ -431,14 +436,16 @@ TEST_F(CanvasTest, TimingBarsShowTheShareOfTheLongest)
     EXPECT_EQ(bars(), 0);
 }
 
-TEST_F(CanvasTest, ZoomSelectedStaysWithinTheLimits)
+TEST_F(CanvasTest, ZoomSelectedShowsTheSelectionAsLargeAsItMay)
 {
+    const double before = pane().scale();
     select(sortId);
     trigger("m_viewZoomSelectedAction");
-    EXPECT_EQ(pane().scale(), GraphPane::largestScale);
+    EXPECT_GT(pane().scale(), before);
+    EXPECT_LE(pane().scale(), GraphPane::largestScale);
     EXPECT_FALSE(pane().isAutoZoom());
-    const QPointF middle = pane().mapToScene(pane().viewport()->rect().center());
-    EXPECT_TRUE(node(sortId).mapRectToScene(node(sortId).boxRect()).contains(middle));
+    const QRect box = pane().mapFromScene(node(sortId).mapRectToScene(node(sortId).boxRect())).boundingRect();
+    EXPECT_TRUE(pane().viewport()->rect().contains(box));
 }
 
 TEST_F(CanvasTest, TheStatusBarCountsItemsByStatus)
@@ -458,4 +465,62 @@ TEST_F(CanvasTest, TheStatusBarCountsItemsByStatus)
     }
     EXPECT_EQ(scene().nodes(true).size(), 2);
     EXPECT_TRUE(node(sortId).isSelected() && node(outputId).isSelected());
+}
+
+TEST_F(CanvasTest, TheRightPaneShowsTheSelectedItem)
+{
+    auto &right = *m_window->findChild<ItemPane *>();
+    EXPECT_FALSE(right.itemWidget());
+    select(sortId);
+    ASSERT_TRUE(right.itemWidget());
+    EXPECT_EQ(right.itemWidget()->node(), &node(sortId));
+    auto &table = *right.findChild<QTableView *>();
+    EXPECT_EQ(table.model()->rowCount(), 2);
+    EXPECT_EQ(table.model()->index(0, 1).data().toString(), QStringLiteral("x"));
+    EXPECT_EQ(right.findChild<QTabWidget *>()->tabText(1), QStringLiteral("Warnings"));
+    EXPECT_EQ(right.findChild<QTabWidget *>()->tabText(2), QStringLiteral("Info (1)"));
+
+    for (QPlainTextEdit *edit : right.findChildren<QPlainTextEdit *>()) {
+        if (!edit->isReadOnly()) {
+            edit->setPlainText(QStringLiteral("by name"));
+        }
+    }
+    select(outputId);
+    EXPECT_EQ(node(sortId).comment(), QStringLiteral("by name")) << "taken when the item is left";
+    trigger("m_editUndoAction");
+    EXPECT_EQ(node(sortId).comment(), QString());
+    EXPECT_FALSE(right.itemWidget()) << "undo drops the panel";
+    scene().clearSelection();
+    select(sortId);
+    node(outputId).setSelected(true);
+    EXPECT_FALSE(right.itemWidget()) << "two items";
+}
+
+TEST_F(CanvasTest, WhatIsTypedOnANoteGoesIntoIt)
+{
+    scene().addNote(QPointF(0, 500), NoteNode::NoArrow);
+    const int id = selected();
+    press(Qt::Key_H);
+    auto &right = *m_window->findChild<ItemPane *>();
+    auto &edit = *right.findChild<QPlainTextEdit *>();
+    QTest::keyClicks(&edit, QStringLiteral("ello"));
+    EXPECT_TRUE(waitFor([&] { return node(id).comment() == QStringLiteral("hello"); }));
+    EXPECT_EQ(m_window->findChild<QAction *>(QStringLiteral("m_editUndoAction"))->text(),
+        QStringLiteral("&Undo comment changed"));
+}
+
+TEST_F(CanvasTest, TheRightPaneHidesAndComesBack)
+{
+    auto &right = *m_window->findChild<ItemPane *>();
+    QAction &action = *m_window->findChild<QAction *>(QStringLiteral("m_viewItemPaneAction"));
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(action.isChecked());
+    const int width = right.width();
+    action.trigger();
+    EXPECT_EQ(right.visibleRegion().boundingRect().width(), 0);
+    EXPECT_FALSE(action.isChecked());
+    action.trigger();
+    EXPECT_EQ(right.width(), width);
+    EXPECT_FALSE(m_window->findChild<QAction *>(QStringLiteral("m_viewTwoScreensAction"))->isEnabled())
+        << "there is one screen";
 }

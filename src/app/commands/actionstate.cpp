@@ -8,6 +8,8 @@
 #include "graph/node.h"
 #include "panes/canvas/graphpane.h"
 
+#include <QGuiApplication>
+
 ActionState actionState(const DocumentSession &session, const UndoStack &undo, const GraphPane &pane)
 {
     const GraphScene &scene = session.scene();
@@ -23,5 +25,6 @@ ActionState actionState(const DocumentSession &session, const UndoStack &undo, c
     state.canPaste = ClipboardCommands::canPaste();
     state.canZoomIn = pane.canZoomIn();
     state.canZoomOut = pane.canZoomOut();
+    state.hasTwoScreens = QGuiApplication::screens().size() >= 2;
     return state;
 }

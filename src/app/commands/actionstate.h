@@ -18,6 +18,8 @@ struct ActionState
     bool canPaste = false;
     bool canZoomIn = true;
     bool canZoomOut = true;
+    bool hasTwoScreens = false;
+    bool isInTwoScreens = false;
     bool hasRecentDocuments = false;
 };
 

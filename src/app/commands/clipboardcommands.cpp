@@ -5,6 +5,7 @@
 #include "document/graphfragment.h"
 #include "graph/graphscene.h"
 #include "graph/undostep.h"
+#include "panes/items/itempane.h"
 #include "platform/waitcursor.h"
 
 #include <QClipboard>
@@ -29,6 +30,7 @@ void ClipboardCommands::cut()
     if (!scene.isProcessing() && !scene.nodes(true).isEmpty()) {
         const UndoStep step(QStringLiteral("cut"));
         copy();
+        m_context.itemPane.letGo();
         scene.deleteSelected();
     }
 }

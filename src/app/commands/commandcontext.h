@@ -3,7 +3,9 @@
 class Application;
 class DocumentSession;
 class GraphPane;
+class ItemPane;
 class LogPane;
+class PaneLayout;
 class Prompts;
 class QWidget;
 class StatusBar;
@@ -17,6 +19,8 @@ struct CommandContext
     UndoStack &undo;
     Prompts &prompts;
     GraphPane &graphPane;
+    ItemPane &itemPane;
+    PaneLayout &layout;
     LogPane &logPane;
     StatusBar &statusBar;
     QWidget &window;

@@ -9,12 +9,14 @@
 #include "graph/undostep.h"
 #include "panes/dialogs/localedialog.h"
 #include "panes/dialogs/prompts.h"
+#include "panes/items/itempane.h"
 #include "panes/status/statusbar.h"
 
 void EditCommands::deleteSelected()
 {
     if (!m_context.session.scene().isProcessing()) {
         const UndoStep step(QStringLiteral("delete"));
+        m_context.itemPane.letGo();
         m_context.session.scene().deleteSelected();
     }
 }

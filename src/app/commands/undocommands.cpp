@@ -6,6 +6,7 @@
 #include "graph/graphscene.h"
 #include "graph/runcontrol.h"
 #include "panes/canvas/graphpane.h"
+#include "panes/items/itempane.h"
 #include "platform/waitcursor.h"
 #include "settings/settings.h"
 
@@ -35,6 +36,7 @@ void UndoCommands::step(void (UndoStack::*action)())
     const WaitCursor cursor;
     GraphPane &pane = m_context.graphPane;
     const QPointF centre = pane.mapToScene(pane.viewport()->rect().center());
+    m_context.itemPane.letGo();
     (m_context.undo.*action)();
     if (!pane.isAutoZoom()) {
         pane.centerOn(centre);

@@ -3,7 +3,9 @@
 #include "app/application.h"
 #include "app/documentsession.h"
 #include "app/mainactions.h"
+#include "app/panelayout.h"
 #include "app/tips.h"
+#include "app/twoscreenmode.h"
 #include "app/uithemes.h"
 #include "graph/graphscene.h"
 #include "graph/node.h"
@@ -25,6 +27,7 @@ ViewCommands::ViewCommands(const CommandContext &context, MainActions &actions)
     : m_context(context)
     , m_actions(actions)
     , m_themes(std::make_unique<UiThemes>(context.application, actions))
+    , m_twoScreens(std::make_unique<TwoScreenMode>(context.itemPane, context.layout, actions))
 {
     QObject::connect(m_themes.get(), &UiThemes::logMessage, &context.logPane, &LogPane::onShowLogMessage);
 }
@@ -112,6 +115,21 @@ void ViewCommands::updateTimingProfile()
 void ViewCommands::connectByKeyboard()
 {
     m_context.graphPane.onConnectByKeyboard();
+}
+
+void ViewCommands::setItemPaneShown(bool on)
+{
+    m_context.layout.onItemPaneVisibilityToggled(on);
+}
+
+void ViewCommands::setTwoScreens(bool on)
+{
+    m_twoScreens->onTwoScreenModeToggled(on);
+}
+
+bool ViewCommands::isInTwoScreens() const
+{
+    return m_twoScreens->isOn();
 }
 
 void ViewCommands::setToolBarShown(bool on)

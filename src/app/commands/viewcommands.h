@@ -4,6 +4,7 @@
 
 #include <memory>
 
+class TwoScreenMode;
 class UiThemes;
 struct MainActions;
 enum class CanvasTips;
@@ -35,6 +36,9 @@ public:
     void updateTimingProfile();
     void connectByKeyboard();
     void setToolBarShown(bool on);
+    void setItemPaneShown(bool on);
+    void setTwoScreens(bool on);
+    bool isInTwoScreens() const;
     void setLogShown(bool on);
     /// For a document that has come or gone.
     void fitDocument();
@@ -45,4 +49,5 @@ private:
     const CommandContext m_context;
     MainActions &m_actions;
     const std::unique_ptr<UiThemes> m_themes;
+    const std::unique_ptr<TwoScreenMode> m_twoScreens;
 };

@@ -1,0 +1,29 @@
+#include "panes/items/panelfactory.h"
+
+#include "graph/notenode.h"
+#include "panes/items/dataitemwidget.h"
+#include "panes/items/noteitemwidget.h"
+
+#include <utility>
+
+PanelFactory::PanelFactory()
+{
+    add(ItemType::Note, [](Node &node) { return new NoteItemWidget(static_cast<NoteNode &>(node)); });
+}
+
+PanelFactory &PanelFactory::instance()
+{
+    static PanelFactory factory;
+    return factory;
+}
+
+void PanelFactory::add(int kind, Maker maker)
+{
+    m_makers.insert(kind, std::move(maker));
+}
+
+ItemWidget *PanelFactory::make(Node &node) const
+{
+    const Maker maker = m_makers.value(node.type());
+    return maker ? maker(node) : static_cast<ItemWidget *>(new DataItemWidget(node));
+}
