@@ -451,7 +451,8 @@ TEST_F(CommandLineRunTest, WindowTakesOtherFilesTooOrGivesUp)
 {
     ASSERT_TRUE(QDir().mkpath(path("config/Marlwick")));
     writeFile(path("config/Marlwick/Quillmere.conf"), "[General]\nopen_auto_run=0\nwarn_on_locale_change=false\n");
-    const QStringList offscreen{"QT_QPA_PLATFORM=offscreen", "XDG_RUNTIME_DIR=" + root()};
+    // No recovery file of another program is offered here.
+    const QStringList offscreen{"QT_QPA_PLATFORM=offscreen", "XDG_RUNTIME_DIR=" + root(), "TMPDIR=" + root()};
     const RunResult unknown = run({"flow.transform", "-file", "other=in.csv"}, offscreen);
     EXPECT_EQ(unknown.exitCode, 255);
     EXPECT_TRUE(unknown.said.contains(QStringLiteral("Alias 'other' not recognized"))) << unknown.said.toStdString();
