@@ -2,10 +2,18 @@
 
 #include "app/documentcommands.h"
 #include "app/mainwindow.h"
+#include "graph/graphscene.h"
 #include "graph/runcontrol.h"
 
 #include <QApplication>
 #include <QSessionManager>
+#include <QTimer>
+
+namespace {
+
+constexpr int retryMs = 20;
+
+} // namespace
 
 SessionEnd::SessionEnd(MainWindow &window)
     : m_window(window)
@@ -28,8 +36,12 @@ void SessionEnd::onCommitData(QSessionManager &manager)
 
 void SessionEnd::onTerminated()
 {
+    if (m_window.scene().isProcessing()) {
+        // Ends at the next item; only then the document is whole again.
+        stopRequested = true;
+        QTimer::singleShot(retryMs, this, &SessionEnd::onTerminated);
+        return;
+    }
     m_window.saveRecoveryNow();
-    // A run that is still on ends at the next item.
-    stopRequested = true;
     QCoreApplication::exit();
 }
