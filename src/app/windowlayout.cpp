@@ -18,6 +18,8 @@ void restoreLayout(QMainWindow &window, const Settings &settings)
     if (available.width() > firstSize.width() && available.height() > firstSize.height()) {
         window.setGeometry(QStyle::alignedRect(window.layoutDirection(), Qt::AlignCenter, firstSize, available));
     } else {
+        // Where nothing manages windows, maximizing them leaves their size.
+        window.setGeometry(available);
         window.showMaximized();
     }
 }

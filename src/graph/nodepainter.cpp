@@ -194,8 +194,11 @@ void NodePainter::drawComment(QPainter &painter, const Node &node)
     font.setItalic(true);
     painter.setFont(font);
     painter.setPen(node.colors().color(Colors::Arrow));
-    const QString line = node.comment().simplified();
-    drawLine(painter, NodeLayout::comment(), line);
+    // Two lines stand between one row of the grid and the next.
+    const QRectF area = NodeLayout::comment();
+    const QFontMetricsF metrics(font);
+    const QString text = metrics.elidedText(node.comment().simplified(), Qt::ElideRight, 1.85 * area.width());
+    painter.drawText(area, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, text);
 }
 
 void NodePainter::drawProgress(QPainter &painter, const Node &node)

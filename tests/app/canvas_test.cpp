@@ -524,3 +524,27 @@ TEST_F(CanvasTest, TheRightPaneHidesAndComesBack)
     EXPECT_FALSE(m_window->findChild<QAction *>(QStringLiteral("m_viewTwoScreensAction"))->isEnabled())
         << "there is one screen";
 }
+
+TEST_F(CanvasTest, NumbersSelectInputsAndOutputs)
+{
+    const struct
+    {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        int id;
+    } cases[] = {
+        {Qt::Key_1, Qt::ControlModifier, topId},
+        {Qt::Key_2, Qt::ControlModifier, lowId},
+        {Qt::Key_9, Qt::ControlModifier, sortId}, // there is no ninth, so what was selected stays
+        {Qt::Key_1, Qt::ControlModifier | Qt::ShiftModifier, outputId},
+        {Qt::Key_2, Qt::ControlModifier | Qt::ShiftModifier, sortId},
+    };
+    m_window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.key);
+        select(sortId);
+        QTest::keyClick(m_window->windowHandle(), c.key, c.modifiers);
+        EXPECT_EQ(selected(), c.id);
+    }
+}

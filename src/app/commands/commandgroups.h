@@ -9,6 +9,7 @@
 #include "app/commands/runcommands.h"
 #include "app/commands/undocommands.h"
 #include "app/commands/viewcommands.h"
+#include "app/itemkeys.h"
 
 /// The groups of commands, and what the table of actions sees of them.
 struct CommandGroups
@@ -23,6 +24,7 @@ struct CommandGroups
         , runs(context, actions)
         , view(context, actions)
         , help(context)
+        , itemKeys(context)
         , all{documents, files, undo, clipboard, edit, inputs, runs, view, help}
     {
     }
@@ -35,5 +37,6 @@ struct CommandGroups
     RunCommands runs;
     ViewCommands view;
     HelpCommands help;
+    ItemKeys itemKeys;
     Commands all;
 };
