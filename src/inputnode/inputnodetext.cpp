@@ -1,51 +1,13 @@
 #include "data/values.h"
 #include "files/filesheet.h"
 #include "graph/colors.h"
-#include "graph/nodetext.h"
 #include "inputnode/inputnode.h"
-#include "inputs/delimitedreader.h"
+#include "settings/optionwalk.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 // What an input says of itself: names, rows of information, colours.
-
-namespace {
-
-QString headerText(int mode)
-{
-    return mode == InputOptions::DecideAtFirstRead ? QStringLiteral("Automatic")
-                                                   : NodeText::yesNo(mode == InputOptions::FirstRowIsHeader);
-}
-
-QString metaText(int position)
-{
-    static const QStringList texts{QStringLiteral("None"), QStringLiteral("New first row"),
-        QStringLiteral("New last row"), QStringLiteral("New column")};
-    return texts.value(position);
-}
-
-QString widthsText(const InputOptions &options)
-{
-    if (options.autoFixedWidths) {
-        return QStringLiteral("Automatic");
-    }
-    QStringList widths;
-    for (int width : options.fixedWidths) {
-        widths.append(QString::number(width));
-    }
-    return widths.join(QStringLiteral(", "));
-}
-
-QString delimiterText(const InputOptions &options)
-{
-    const QString label = DelimiterKind::label(options.delimiter);
-    return options.delimiter == DelimiterKind::Custom
-               ? QStringLiteral("%1 (%2)").arg(label, QString(options.customDelimiter))
-               : label;
-}
-
-} // namespace
 
 QString InputNode::defaultOutputName() const
 {
@@ -115,41 +77,8 @@ InfoRows InputNode::informationRows() const
 
 InfoRows InputNode::optionSummary() const
 {
-    const InputOptions o = options();
-    InfoRows rows;
-    const auto add = [&rows](const char *label, const QString &value) {
-        rows.append({QString::fromLatin1(label), value});
-    };
-    if (o.applies(InputOptions::Delimiter)) {
-        add("Delimiter", delimiterText(o));
-        add("Ignore repeated delim", NodeText::yesNo(o.ignoreRepeatedDelimiter));
-        add("Quoting", InputQuoting::label(o.quoting));
-    }
-    if (o.applies(InputOptions::Columns)) {
-        add("Columns", widthsText(o));
-    }
-    if (o.applies(InputOptions::Encoding)) {
-        add("Encoding", o.encoding);
-    }
-    if (o.applies(InputOptions::Format)) {
-        add("Format",
-            o.arraysBecomeRows() ? QStringLiteral("Long (more rows)") : QStringLiteral("Wide (more columns)"));
-    }
-    if (o.applies(InputOptions::IgnoredRows)) {
-        add("Ignore", QStringLiteral("First %1 row(s)").arg(formatInteger(o.ignoredRows, true)));
-    }
-    add("Has header", headerText(o.headerMode));
-    add("Trim whitespace", NodeText::yesNo(o.trim));
-    add("Simplify whitespace", NodeText::yesNo(o.simplify));
-    add("Ignore empty rows", NodeText::yesNo(o.ignoreEmptyRows));
-    add("Ignore empty columns", NodeText::yesNo(o.ignoreEmptyColumns));
-    if (o.applies(InputOptions::HiddenRowsAndColumns)) {
-        add("Ignore hidden Excel rows", NodeText::yesNo(o.ignoreHiddenRows));
-        add("Ignore hidden Excel columns", NodeText::yesNo(o.ignoreHiddenColumns));
-    }
-    add("Meta information", metaText(o.metaPosition));
-    add("Uses schema", NodeText::yesNo(o.schema.inUse));
-    add("Alias", alias());
+    InfoRows rows = OptionWalk::summary(InputOptions::fields(), options());
+    rows.append({QStringLiteral("Alias"), alias()});
     return rows;
 }
 

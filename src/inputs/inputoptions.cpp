@@ -1,6 +1,6 @@
 #include "inputs/inputoptions.h"
 
-#include "settings/settings.h"
+#include "settings/optionwalk.h"
 
 #include <QFileInfo>
 
@@ -11,36 +11,6 @@ int typeOfExtension(const QString &extension)
     const int type = Settings::current().inputTypeOf(extension);
     return type == FileType::None ? int(FileType::Delimited) : type;
 }
-
-/// What the user saved for one kind of source; an option that wasn't saved keeps its value.
-class SavedDefaults
-{
-public:
-    explicit SavedDefaults(const InputOptions &options)
-        : m_type(FileType::label(options.fileType))
-        , m_extension(options.sourceExtension())
-    {
-    }
-
-    void take(const char *name, int &value) const { value = saved(name, value).toInt(); }
-    void take(const char *name, bool &value) const { value = saved(name, value).toBool(); }
-    void take(const char *name, QString &value) const { value = saved(name, value).toString(); }
-    void take(const char *name, QChar &value) const
-    {
-        const QString text = saved(name, QString(value)).toString();
-        value = text.isEmpty() ? value : text.at(0);
-    }
-
-private:
-    QVariant saved(const char *name, const QVariant &fallback) const
-    {
-        return Settings::current().defaultOption(
-            QStringLiteral("inputs"), m_type, m_extension, QLatin1String(name), fallback);
-    }
-
-    const QString m_type;
-    const QString m_extension;
-};
 
 } // namespace
 
@@ -86,20 +56,8 @@ QString InputOptions::sourceExtension() const
 
 void InputOptions::applySavedDefaults()
 {
-    const SavedDefaults saved(*this);
-    saved.take("delimiter", delimiter);
-    saved.take("custom_delimiter", customDelimiter);
-    saved.take("encoding", encoding);
-    saved.take("simplify_whitespace", simplify);
-    saved.take("trim_whitespace", trim);
-    saved.take("ignore_empty_rows", ignoreEmptyRows);
-    saved.take("ignore_repeated_delim", ignoreRepeatedDelimiter);
-    saved.take("ignore_hidden_excel_rows", ignoreHiddenRows);
-    saved.take("quoting", quoting);
-    saved.take("show_meta_info", metaPosition);
-    saved.take("meta_info_text", metaText);
-    saved.take("meta_info_col_name", metaColumnName);
-    saved.take("long_or_wide", jsonArraysAsRows);
+    OptionWalk::applyDefaults(
+        fields(), *this, {QStringLiteral("inputs"), FileType::label(fileType), sourceExtension()});
 }
 
 int InputOptions::fileTypeOfText(const QString &text)
@@ -147,13 +105,5 @@ bool InputOptions::applies(Option option) const
 
 QVariantList InputOptions::values() const
 {
-    QVariantList widths;
-    for (int width : fixedWidths) {
-        widths.append(width);
-    }
-    return {medium, fileType, path, worksheet, text, folder.folder, folder.fileMatch, folder.sheetMatch, folder.recurse,
-        delimiter, customDelimiter, ignoreRepeatedDelimiter, quoting, autoFixedWidths, widths, encoding,
-        jsonArraysAsRows, ignoredRows, headerMode, trim, simplify, ignoreEmptyRows, ignoreEmptyColumns,
-        ignoreHiddenRows, ignoreHiddenColumns, metaPosition, metaText, metaColumnName, watching, schema.inUse,
-        schema.columnNames, schema.missingValues, schema.missingMode, schema.reorderMode, schema.extraMode};
+    return OptionWalk::values(fields(), *this);
 }

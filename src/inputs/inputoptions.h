@@ -4,6 +4,7 @@
 #include "files/medium.h"
 #include "inputs/inputschema.h"
 #include "settings/filetypes.h"
+#include "settings/optionfield.h"
 
 #include <QChar>
 #include <QList>
@@ -73,6 +74,8 @@ struct InputOptions
     /// True when arrays become rows, by the file type's reading of jsonArraysAsRows.
     bool arraysBecomeRows() const { return fileType == FileType::Json ? jsonArraysAsRows == 1 : jsonArraysAsRows != 0; }
 
+    /// What is declared of each option, in the order of a document's attributes.
+    static const OptionFields<InputOptions> &fields();
     /// The values of all options in a fixed order, for comparing.
     QVariantList values() const;
 };
