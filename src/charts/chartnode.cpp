@@ -2,18 +2,12 @@
 
 #include "graph/colors.h"
 #include "graph/graphscene.h"
+#include "settings/optionwalk.h"
 
 #include <QFileInfo>
 #include <QLocale>
 
 namespace {
-
-QVariantList axisValues(const ChartAxisOptions &axis)
-{
-    return {axis.show, axis.showGrid, axis.titleOption, axis.customTitle, axis.scale, axis.customMinimum, axis.minimum,
-        axis.customMaximum, axis.maximum, axis.niceValues, axis.showLabels, axis.labelAngle, axis.labelFormat,
-        axis.labelPrecision};
-}
 
 QVariantList columnValues(const ChartColumns &columns)
 {
@@ -162,16 +156,11 @@ InfoRows ChartNode::kindRows() const
 
 InfoRows ChartNode::optionRows() const
 {
-    InfoRows rows{{QStringLiteral("Chart type"), ChartChoice::typeLabel(m_options.type)},
-        {QStringLiteral("X axis data"),
-            m_columns.x().isNull() ? QString() : columnsText(QList<ColumnId>() << m_columns.x())},
-        {QStringLiteral("Y axis data"), columnsText(m_columns.y())},
-        {QStringLiteral("Layout"), ChartChoice::layoutLabel(m_options.layout)},
-        {QStringLiteral("Write to file"), m_options.writeFile ? QStringLiteral("Yes") : QStringLiteral("No")}};
-    if (m_options.writeFile) {
-        rows.append({QStringLiteral("File"), m_options.path});
-        rows.append({QStringLiteral("Type"), ChartChoice::imageTypeLabel(m_options.imageType)});
-    }
+    InfoRows rows = OptionWalk::summary(ChartOptions::fields(), m_options);
+    // What is drawn comes behind the type, how it is drawn after it.
+    const QList<ColumnId> x = m_columns.x().isNull() ? QList<ColumnId>() : QList<ColumnId>{m_columns.x()};
+    rows.insert(1, {QStringLiteral("X axis data"), x.isEmpty() ? QString() : columnsText(x)});
+    rows.insert(2, {QStringLiteral("Y axis data"), columnsText(m_columns.y())});
     return rows;
 }
 
@@ -184,14 +173,8 @@ QString ChartNode::columnsText(const QList<ColumnId> &ids) const
 
 QVariantList ChartNode::summaryRow() const
 {
-    const ChartOptions &o = m_options;
-    QVariantList row = Node::summaryRow();
-    row << o.type << QVariant(columnValues(m_columns)) << o.xAs << o.layout << o.facetsAcross << o.writeFile << o.path
-        << o.imageType << o.imageWidth << o.imageHeight << o.pdfSize << o.pdfOrientation << o.pdfResolution
-        << QVariant(axisValues(o.x)) << o.xLabelDateFormat << QVariant(axisValues(o.y)) << o.ySameRangeAllFacets
-        << o.theme << o.titleOption << o.customTitle << o.legendPosition << o.lineThickness << o.opacity
-        << o.showLineDataPoints << o.pointSizeOption << o.customPointSize;
-    return row;
+    return Node::summaryRow() << QVariant(columnValues(m_columns))
+                              << OptionWalk::values(ChartOptions::fields(), m_options);
 }
 
 QColor ChartNode::borderColor() const

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/optionfield.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -78,4 +80,7 @@ struct ChartOptions
     bool showLineDataPoints = false;
     int pointSizeOption = 0;
     double customPointSize = 15.0;
+
+    /// What is declared of each option, in the order of a document's attributes.
+    static const OptionFields<ChartOptions> &fields();
 };

@@ -154,14 +154,12 @@ void DocumentBuilder::addOutputs()
 {
     QList<OutputNode *> added;
     for (const OutputRecord &record : m_records.outputs) {
-        const QString path = m_relocation.writable(PathRelocation::cleaned(record.path));
-        auto *node = new OutputNode(path, outputType(record.fileType, path), record.id);
-        node->setOptions(record.options);
+        OutputOptions options = record.options;
+        options.path = m_relocation.writable(PathRelocation::cleaned(options.path));
+        options.fileType = outputType(options.fileType, options.path);
+        auto *node = new OutputNode(options.path, options.fileType, record.id);
+        node->setOptions(options);
         node->setAlias(record.alias);
-        node->setPath(path, record.sheet);
-        node->setDelimiterKind(record.delimiter);
-        node->setCustomDelimiter(record.customDelimiter);
-        node->setEncoding(record.encoding);
         node->columns().setStored(record.multiFileColumn, record.excelFormats, record.jsonTypes);
         add(node, record);
         added.append(node);

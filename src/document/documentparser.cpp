@@ -6,7 +6,6 @@
 #include "document/outputfields.h"
 
 #include <QDomElement>
-#include <QFileInfo>
 #include <QSet>
 
 namespace {
@@ -65,12 +64,11 @@ TransformRecord parseTransform(const AttributeReader &reader, const QDomElement 
 
 OutputRecord parseOutput(const AttributeReader &reader, int version)
 {
-    QString path;
-    reader.text("path", path);
-    const bool tabbed = QFileInfo(path).suffix().startsWith(QLatin1Char('t'));
     OutputRecord output;
-    outputFields(reader, output, tabbed ? Quoting::Never : Quoting::AsNeeded,
-        version < 61 ? OutputOptions::defaultFileComment() : QString());
+    outputFields(reader, output);
+    if (version < 61 && reader.stored("file_comment").isNull()) {
+        output.options.fileComment = OutputOptions::defaultFileComment();
+    }
     return output;
 }
 

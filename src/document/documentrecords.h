@@ -52,13 +52,7 @@ struct OutputRecord : NodeRecord
 {
     QString name; ///< as in InputRecord
     QString alias;
-    QString path;
-    QString sheet;
-    int fileType = FileType::None; ///< None: by the path's extension
-    int delimiter = 0;
-    QChar customDelimiter;
-    QString encoding;
-    OutputOptions options;
+    OutputOptions options; ///< a type of None goes by the path's extension
     QString multiFileColumn;
     QString excelFormats;
     QString jsonTypes;

@@ -90,7 +90,7 @@ void writeOutputs(const QVector<OutputRecord> &outputs, QDomElement &root)
         AttributeWriter writer(addChild(group, "output"));
         writer.integer("id", output.id, -1);
         writer.text("name", output.name);
-        outputFields(writer, output, Quoting::AsNeeded, QString());
+        outputFields(writer, output);
     }
 }
 

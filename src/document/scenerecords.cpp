@@ -49,12 +49,6 @@ OutputRecord recordOf(const OutputNode &node)
     takeShared(record, node);
     record.name = node.name();
     record.alias = node.alias();
-    record.path = node.path();
-    record.sheet = node.sheetName();
-    record.fileType = node.fileType();
-    record.delimiter = node.delimiterKind();
-    record.customDelimiter = node.customDelimiter();
-    record.encoding = node.encoding();
     record.options = node.options();
     record.multiFileColumn = node.storedMultiFileColumn();
     record.excelFormats = node.storedExcelFormats();

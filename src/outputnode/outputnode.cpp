@@ -4,8 +4,6 @@
 #include "outputnode/filenamecontext.h"
 #include "outputs/outputpaths.h"
 
-#include <QFileInfo>
-
 namespace {
 
 int choiceWithin(int choice, const QStringList &labels, int otherwise)
@@ -22,16 +20,34 @@ OutputNode::OutputNode(const QString &path, int fileType, int id)
     m_fileType = fileType;
     m_encoding = QStringLiteral("UTF-8");
     m_customDelimiter = QLatin1Char('*');
-    const bool isTabbed = QFileInfo(path).suffix().startsWith(QLatin1Char('t'));
+    const bool isTabbed = OutputOptions::isTabbed(path);
     m_delimiterKind = isTabbed ? DelimiterKind::Tab : DelimiterKind::Comma;
     m_options.quoting = isTabbed ? Quoting::Never : Quoting::AsNeeded;
     m_options.writeBom = fileType != FileType::Json;
+}
+
+OutputOptions OutputNode::options() const
+{
+    OutputOptions options = m_options;
+    options.path = m_path;
+    options.fileType = m_fileType;
+    options.worksheet = m_sheetName;
+    options.delimiter = m_delimiterKind;
+    options.customDelimiter = m_customDelimiter;
+    options.encoding = m_encoding;
+    return options;
 }
 
 void OutputNode::setOptions(const OutputOptions &options)
 {
     const OutputOptions defaults;
     m_options = options;
+    m_path = options.path;
+    m_fileType = options.fileType;
+    m_sheetName = options.worksheet;
+    m_delimiterKind = options.delimiter;
+    m_customDelimiter = options.customDelimiter;
+    m_encoding = options.encoding;
     OutputOptions &o = m_options;
     o.outputTarget = choiceWithin(o.outputTarget, OutputTarget::labels(), defaults.outputTarget);
     o.excelFormatMode = choiceWithin(o.excelFormatMode, ExcelFormatMode::labels(), defaults.excelFormatMode);
@@ -46,50 +62,14 @@ void OutputNode::setOptions(const OutputOptions &options)
 
 void OutputNode::setWriteMode(int mode)
 {
-    OutputOptions changed = m_options;
+    OutputOptions changed = options();
     changed.writeMode = mode;
     setOptions(changed);
 }
 
 bool OutputNode::applies(OutputOption option) const
 {
-    const bool isText = !FileType::isExcel(m_fileType);
-    const bool hasHeader = !isText || m_fileType == FileType::Delimited || m_fileType == FileType::Html
-                           || m_fileType == FileType::Markdown || m_fileType == FileType::PlainText;
-    switch (option) {
-    case OutputOption::Delimiter:
-    case OutputOption::Quoting:
-        return m_fileType == FileType::Delimited;
-    case OutputOption::LineEndings:
-    case OutputOption::Encoding:
-        return isText;
-    case OutputOption::ByteOrderMark:
-        return isText && m_encoding.contains(QLatin1String("utf"), Qt::CaseInsensitive);
-    case OutputOption::ExcelFormatting:
-    case OutputOption::StyleTemplate:
-        return !isText;
-    case OutputOption::JsonTypes:
-        return m_fileType == FileType::Json;
-    case OutputOption::RemoveEmpty:
-        return m_fileType == FileType::Json || m_fileType == FileType::Xml;
-    case OutputOption::XmlTexts:
-        return m_fileType == FileType::Xml;
-    case OutputOption::EscapeHtml:
-        return m_fileType == FileType::Html;
-    case OutputOption::WriteHeader:
-        return hasHeader;
-    case OutputOption::HeaderOnlyIfEmpty:
-        return hasHeader && m_options.writeMode == WriteMode::Append;
-    case OutputOption::FileComment:
-        return m_fileType == FileType::Xml || m_fileType == FileType::Yaml || m_fileType == FileType::Html
-               || m_fileType == FileType::Markdown;
-    case OutputOption::OverwriteScope:
-        return !isText && m_options.writeMode == WriteMode::Overwrite;
-    case OutputOption::FilesColumn:
-    case OutputOption::ConfirmMultiFile:
-        return isMultiFile();
-    }
-    return false;
+    return options().applies(option);
 }
 
 const Dataset *OutputNode::knownDataset() const

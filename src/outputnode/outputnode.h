@@ -26,7 +26,7 @@ public:
     explicit OutputNode(const QString &path = QString(), int fileType = FileType::Delimited, int id = -1);
 
     int type() const override { return Type; }
-    const OutputOptions &options() const { return m_options; }
+    OutputOptions options() const;
     /// Choices outside their tables become the default, a write mode outside its table Disabled. The caller marks the
     /// node stale.
     void setOptions(const OutputOptions &options);
@@ -119,7 +119,7 @@ private:
     void warnOfOtherType(const QString &path);
     QString expandedComment() const;
 
-    OutputOptions m_options;
+    OutputOptions m_options; // those that IONode holds as well count there
     OutputColumns m_columns;
     QString m_lastFilePath;
     QString m_lastSheetName;

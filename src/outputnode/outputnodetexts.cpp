@@ -1,18 +1,13 @@
 #include "data/values.h"
-#include "files/delimiters.h"
 #include "files/filesheet.h"
 #include "graph/colors.h"
 #include "outputnode/outputnode.h"
+#include "settings/optionwalk.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 namespace {
-
-QString yesNo(bool on)
-{
-    return on ? QStringLiteral("Yes") : QStringLiteral("No");
-}
 
 QString multipleFiles()
 {
@@ -72,7 +67,7 @@ QString OutputNode::resultText() const
 
 QVariantList OutputNode::summaryRow() const
 {
-    return IONode::summaryRow() + m_options.values() + m_columns.values();
+    return IONode::summaryRow() + options().values() + m_columns.values();
 }
 
 InfoRows OutputNode::kindRows() const
@@ -90,35 +85,7 @@ InfoRows OutputNode::kindRows() const
 
 InfoRows OutputNode::optionRows() const
 {
-    InfoRows rows;
-    const auto add = [&](OutputOption option, const QString &label, const QString &value) {
-        if (applies(option)) {
-            rows.append({label, value});
-        }
-    };
-    add(OutputOption::Delimiter, QStringLiteral("Delimiter"), DelimiterKind::label(m_delimiterKind));
-    add(OutputOption::Quoting, QStringLiteral("Quoting"), Quoting::label(m_options.quoting));
-    add(OutputOption::LineEndings, QStringLiteral("Line endings"), LineEndings::label(m_options.lineEndings));
-    add(OutputOption::Encoding, QStringLiteral("Encoding"), m_encoding);
-    add(OutputOption::ByteOrderMark, QStringLiteral("Byte Order Mark"), yesNo(m_options.writeBom));
-    add(OutputOption::RemoveEmpty, QStringLiteral("Remove empty"), yesNo(m_options.removeEmpty));
-    add(OutputOption::XmlTexts, QStringLiteral("Above root"), m_options.xmlAboveRoot);
-    add(OutputOption::XmlTexts, QStringLiteral("Root name"), m_options.xmlRootName);
-    add(OutputOption::XmlTexts, QStringLiteral("Below root"), m_options.xmlBelowRoot);
-    add(OutputOption::XmlTexts, QStringLiteral("Row name"), m_options.xmlRowName);
-    add(OutputOption::EscapeHtml, QStringLiteral("Escape special"), yesNo(m_options.escapeHtml));
-    add(OutputOption::ExcelFormatting, QStringLiteral("Formatting"), ExcelFormatMode::label(m_options.excelFormatMode));
-    add(OutputOption::JsonTypes, QStringLiteral("Types"), JsonTypeMode::label(m_options.jsonTypeMode));
-    QString mode = WriteMode::label(m_options.writeMode);
-    if (applies(OutputOption::OverwriteScope)) {
-        mode += QLatin1Char('/') + OverwriteScope::label(m_options.overwriteScope);
-    }
-    rows.append({QStringLiteral("Write mode"), mode});
-    QString header = yesNo(m_options.writeHeader);
-    if (applies(OutputOption::HeaderOnlyIfEmpty) && m_options.headerOnlyIfEmpty) {
-        header += QStringLiteral(" (if empty)");
-    }
-    add(OutputOption::WriteHeader, QStringLiteral("Write header"), header);
+    InfoRows rows = OptionWalk::summary(OutputOptions::fields(), options());
     rows.append({QStringLiteral("Alias"), alias()});
     return rows;
 }

@@ -1,5 +1,7 @@
+#include "document/chartfields.h"
 #include "document/documentattributes.h"
 #include "document/inputfields.h"
+#include "document/outputfields.h"
 #include "settings/optionwalk.h"
 #include "support/printers.h"
 #include "support/scopedsettings.h"
@@ -40,34 +42,106 @@ QVariant otherValue(const OptionField<Options> &field, const Options &options)
     return number < field.highest ? number + 1 : number - 1;
 }
 
-InputRecord stored(const InputRecord &record, QDomElement &element)
+void exchange(AttributeWriter &writer, const InputRecord &record)
+{
+    inputFields(writer, record);
+}
+void exchange(const AttributeReader &reader, InputRecord &record)
+{
+    inputFields(reader, record);
+}
+void exchange(AttributeWriter &writer, const OutputRecord &record)
+{
+    outputFields(writer, record);
+}
+void exchange(const AttributeReader &reader, OutputRecord &record)
+{
+    outputFields(reader, record);
+}
+void exchange(AttributeWriter &writer, const ChartRecord &record)
+{
+    chartFields(writer, record);
+}
+void exchange(const AttributeReader &reader, ChartRecord &record)
+{
+    chartFields(reader, record);
+}
+
+/// The record as a document gives it back.
+template<class Record>
+Record stored(const Record &record, const QDomElement &element)
 {
     AttributeWriter writer(element);
-    inputFields(writer, record);
-    InputRecord read;
-    const AttributeReader reader(element);
-    inputFields(reader, read);
+    exchange(writer, record);
+    Record read;
+    exchange(AttributeReader(element), read);
     return read;
 }
 
-/// Options under which the field applies, by types and media.
-InputOptions startOf(const OptionField<InputOptions> &field)
+/// Options under which all fields but those of single types and media apply.
+std::vector<InputOptions> starts(const InputOptions &)
 {
+    std::vector<InputOptions> all;
     for (int type = FileType::Delimited; type < FileType::None; ++type) {
         for (int medium = Medium::File; medium <= Medium::Folder; ++medium) {
             InputOptions options;
             options.fileType = type;
             options.medium = medium;
             options.metaPosition = InputOptions::MetaColumn;
-            options.delimiter = field.documentKey == "custom_delimiter" ? int(DelimiterKind::Custom)
-                                                                        : options.delimiter;
-            if (field.applies(options)) {
-                return options;
-            }
+            options.delimiter = medium == Medium::Folder ? int(DelimiterKind::Custom) : options.delimiter;
+            all.push_back(options);
+        }
+    }
+    return all;
+}
+
+std::vector<OutputOptions> starts(const OutputOptions &)
+{
+    std::vector<OutputOptions> all;
+    for (int type = FileType::Delimited; type < FileType::None; ++type) {
+        for (int target : {OutputTarget::SingleFile, OutputTarget::MultipleFiles}) {
+            OutputOptions options;
+            options.fileType = type;
+            options.outputTarget = target;
+            options.writeMode = target == OutputTarget::SingleFile ? WriteMode::Overwrite : WriteMode::Append;
+            options.useStyleTemplate = true;
+            options.delimiter = DelimiterKind::Custom;
+            all.push_back(options);
+        }
+    }
+    return all;
+}
+
+std::vector<ChartOptions> starts(const ChartOptions &)
+{
+    std::vector<ChartOptions> all;
+    for (int type = ChartChoice::Scatter; type < ChartChoice::TypeCount; ++type) {
+        for (int image : {ChartChoice::Png, ChartChoice::Pdf}) {
+            ChartOptions options;
+            options.type = type;
+            options.imageType = image;
+            options.layout = ChartChoice::Faceted;
+            options.writeFile = true;
+            options.titleOption = options.x.titleOption = options.y.titleOption = ChartChoice::CustomTitle;
+            options.x.customMinimum = options.x.customMaximum = true;
+            options.y.customMinimum = options.y.customMaximum = true;
+            all.push_back(options);
+        }
+    }
+    return all;
+}
+
+/// The first of these under which the field applies.
+template<class Options>
+Options startOf(const OptionField<Options> &field)
+{
+    for (const Options &options : starts(Options())) {
+        if (field.applies(options)) {
+            return options;
         }
     }
     ADD_FAILURE() << "never applies";
-    return InputOptions();
+    return Options();
 }
 
 template<class Record, class Options>
@@ -84,7 +158,7 @@ void expectKept(const OptionFields<Options> &fields, const OptionField<Options> 
     EXPECT_EQ(OptionWalk::values(fields, changed.options), expected);
 
     QDomDocument document;
-    QDomElement element = document.createElement("item");
+    const QDomElement element = document.createElement("item");
     EXPECT_EQ(OptionWalk::values(fields, stored(changed, element).options), expected);
     EXPECT_TRUE(element.hasAttribute(QString::fromLatin1(field.documentKey)));
 
@@ -100,14 +174,21 @@ void expectKept(const OptionFields<Options> &fields, const OptionField<Options> 
     }
 }
 
-TEST(OptionContractTest, EachOptionOfAnInputIsKept)
+template<class Record, class Options>
+void expectAllKept(const OptionFields<Options> &fields)
 {
-    const OptionFields<InputOptions> &fields = InputOptions::fields();
-    for (const OptionField<InputOptions> &field : fields) {
+    for (const OptionField<Options> &field : fields) {
         SCOPED_TRACE(field.documentKey.constData());
         const ScopedSettings settings;
-        expectKept<InputRecord>(fields, field, startOf(field));
+        expectKept<Record>(fields, field, startOf(field));
     }
+}
+
+TEST(OptionContractTest, EachOptionIsKeptByDocumentComparisonDefaultAndSummary)
+{
+    expectAllKept<InputRecord>(InputOptions::fields());
+    expectAllKept<OutputRecord>(OutputOptions::fields());
+    expectAllKept<ChartRecord>(ChartOptions::fields());
 }
 
 } // namespace
