@@ -7,6 +7,7 @@
 #include "data/dataset.h"
 #include "graph/colors.h"
 #include "graph/nodefactory.h"
+#include "graph/pictures.h"
 #include "graph/runcontrol.h"
 #include "inputnode/inputnode.h"
 #include "outputnode/outputdefaults.h"
@@ -75,6 +76,7 @@ Application::~Application()
 void Application::setUpWindowDefaults()
 {
     setAttribute(Qt::AA_UseHighDpiPixmaps);
+    setWindowIcon(Pictures::programIcon());
     setFont(platform::messageFont());
     m_defaultFont = font();
     if (m_defaultFont.pointSize() > 0 && m_defaultFont.pointSize() < smallFont) {

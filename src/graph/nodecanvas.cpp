@@ -60,6 +60,7 @@ QPointF Node::connectionPoint(Direction side, double offset) const
 void Node::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 {
     NodePainter::drawBox(*painter, *this);
+    NodePainter::drawPicture(*painter, *this);
     NodePainter::drawTexts(*painter, *this);
     NodePainter::drawStatusIcon(*painter, NodeLayout::statusIcon(), statusIcon());
     if (state() == NodeState::Processing) {

@@ -3,6 +3,7 @@
 #include "graph/colors.h"
 #include "graph/node.h"
 #include "graph/nodelook.h"
+#include "graph/pictures.h"
 
 #include <QFontMetricsF>
 #include <QGuiApplication>
@@ -145,7 +146,7 @@ QRectF NodeLayout::border()
 
 QRectF NodeLayout::textLine(int line)
 {
-    const double left = 3 * padding;
+    const double left = line == 1 ? picture().right() + padding : 3 * padding;
     const double right = line == 1 ? statusIcon().left() - padding : Node::boxWidth - 2 * padding;
     return QRectF(left, 2 * padding + (line - 1) * lineHeight, right - left, lineHeight);
 }
@@ -153,6 +154,11 @@ QRectF NodeLayout::textLine(int line)
 QRectF NodeLayout::statusIcon()
 {
     return QRectF(Node::boxWidth - iconSize - 2 * padding, 3 * padding, iconSize, iconSize);
+}
+
+QRectF NodeLayout::picture()
+{
+    return QRectF(2.5 * padding, 2 * padding, lineHeight, lineHeight);
 }
 
 QRectF NodeLayout::progressBar()
@@ -175,6 +181,12 @@ void NodePainter::drawBox(QPainter &painter, const Node &node)
                               : penOf(node.borderColor(), NodeLayout::borderWidth));
     painter.setBrush(boxBrush(node));
     painter.drawRoundedRect(NodeLayout::border(), NodeLayout::cornerRadius, NodeLayout::cornerRadius);
+}
+
+void NodePainter::drawPicture(QPainter &painter, const Node &node)
+{
+    const QColor ground = node.boxColor().isValid() ? node.boxColor() : node.colors().color(Colors::Background);
+    Pictures::draw(painter, NodeLayout::picture(), Pictures::ofNode(node), qGray(ground.rgb()) < 128);
 }
 
 void NodePainter::drawTexts(QPainter &painter, const Node &node)

@@ -18,6 +18,8 @@ QRectF border();
 /// Line 1 to 3.
 QRectF textLine(int line);
 QRectF statusIcon();
+/// Left of line 1.
+QRectF picture();
 QRectF progressBar();
 /// Below the box.
 QRectF comment();
@@ -28,6 +30,7 @@ QRectF comment();
 namespace NodePainter {
 
 void drawBox(QPainter &painter, const Node &node);
+void drawPicture(QPainter &painter, const Node &node);
 /// Name, size and status.
 void drawTexts(QPainter &painter, const Node &node);
 void drawComment(QPainter &painter, const Node &node);
