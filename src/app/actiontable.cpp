@@ -7,6 +7,7 @@
 #include "app/commands/filecommands.h"
 #include "app/commands/helpcommands.h"
 #include "app/commands/inputcommands.h"
+#include "app/commands/outputcommands.h"
 #include "app/commands/runcommands.h"
 #include "app/commands/undocommands.h"
 #include "app/commands/viewcommands.h"
@@ -58,8 +59,8 @@ const ActionRow rows[] = {
     {&MainActions::helpQuickStart, "m_helpQuickStartAction", "&Quick Start Guide", "", "",
         "View the 'Quick start' guide.", false, nullptr, nullptr, false},
     {&MainActions::insertDataToFile, "m_insertDataToFileAction", "To file", "", "document-export",
-        "Output a dataset to a file. Select 1 transform in the central pane to enable.", false, nullptr, nullptr,
-        false},
+        "Output a dataset to a file. Select 1 transform in the central pane to enable.", false,
+        [](Commands &c, bool) { c.outputs.toFile(); }, [](const ActionState &s) { return s.canOutput; }, false},
     {&MainActions::help, "m_helpAction", "Quillmere &Help", "F1", "help-contents", "View the help documentation.",
         false, nullptr, nullptr, false},
     {&MainActions::helpCheckForUpdates, "m_helpCheckForUpdatesAction", "Check For &Updates", "", "",
@@ -154,7 +155,7 @@ const ActionRow rows[] = {
         "'German/Germany'.\nLocale affects how dates, numbers etc are interpreted.",
         false, [](Commands &c, bool) { c.edit.editLocale(); }, nullptr, false},
     {&MainActions::viewActionPane, "m_viewActionPaneAction", "L&eft Pane", "Ctrl+E", "", "Show/hide the Left Pane.",
-        true, nullptr, nullptr, false},
+        true, [](Commands &c, bool on) { c.view.setActionPaneShown(on); }, nullptr, false},
     {&MainActions::viewItemPane, "m_viewItemPaneAction", "Ri&ght Pane", "Ctrl+G", "", "Show/hide the Right pane.", true,
         [](Commands &c, bool on) { c.view.setItemPaneShown(on); },
         [](const ActionState &s) { return !s.isInTwoScreens; }, false},
@@ -175,6 +176,11 @@ const ActionRow rows[] = {
         "Connect the selected item to another one: the arrow keys choose it, Enter connects, Esc ends.", false,
         [](Commands &c, bool) { c.view.connectByKeyboard(); }, [](const ActionState &s) { return s.hasSelectedItems; },
         false},
+    {&MainActions::outputToFile, "m_outputToFileAction", "To File", "Alt+O", "document-export",
+        "Output a dataset to a file.", false, [](Commands &c, bool) { c.outputs.toFile(); },
+        [](const ActionState &s) { return s.canOutput; }, false},
+    {&MainActions::outputToChart, "m_outputToChartAction", "To Chart", "Alt+C", "chart", "Output a dataset to a chart.",
+        false, [](Commands &c, bool) { c.outputs.toChart(); }, [](const ActionState &s) { return s.canOutput; }, false},
     {&MainActions::inputFromFile, "m_inputFromFileAction", "From File", "Alt+I", "document-import",
         "Input a dataset from a file.", false, [](Commands &c, bool) { c.inputs.addFromFiles(); }, nullptr, false},
     {&MainActions::inputFromClipboard, "m_inputFromClipboardAction", "From Clipboard", "Alt+Shift+I", "input-clipboard",

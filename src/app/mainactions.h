@@ -73,6 +73,8 @@ struct MainActions
     QAction *editCut = nullptr;
     QAction *editDuplicateBranch = nullptr;
     QAction *editConnect = nullptr;
+    QAction *outputToFile = nullptr;
+    QAction *outputToChart = nullptr;
     QAction *inputFromFile = nullptr;
     QAction *inputFromClipboard = nullptr;
     QMenu *recentMenu = nullptr;

@@ -1,12 +1,12 @@
 #include "app/mainwindow.h"
 
 #include "app/application.h"
-#include "app/canvaswiring.h"
 #include "app/commands/actionstate.h"
 #include "app/commands/commandgroups.h"
 #include "app/commands/recentmenu.h"
 #include "app/documentcommands.h"
 #include "app/panelayout.h"
+#include "app/panewiring.h"
 #include "app/programinfo.h"
 #include "app/recoveryfile.h"
 #include "app/runlog.h"
@@ -20,6 +20,7 @@
 #include "graph/graphscene.h"
 #include "graph/node.h"
 #include "graph/runcontrol.h"
+#include "panes/actions/actionpane.h"
 #include "panes/canvas/graphpane.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/items/itempane.h"
@@ -52,8 +53,8 @@ MainWindow::MainWindow(Application &application, const CommandLine &commandLine,
         QApplication::setFont(application.settings().uiFont());
     }
     buildPanes();
-    const CommandContext context{application, m_session, m_undo, m_prompts, *m_graphPane, *m_itemPane, *m_layout,
-        *m_logPane, *m_statusBar, *this};
+    const CommandContext context{application, m_session, m_undo, m_prompts, *m_actionPane, *m_graphPane, *m_itemPane,
+        *m_layout, *m_logPane, *m_statusBar, *this};
     m_groups = std::make_unique<CommandGroups>(context, m_actions, *m_documents, m_recentDocuments);
     m_hooks = std::make_unique<WindowHooks>(context, *m_documents);
     m_actions.build(*this, m_groups->all);
@@ -62,6 +63,7 @@ MainWindow::MainWindow(Application &application, const CommandLine &commandLine,
     setFirstStates();
     connectCommands();
     connectCanvas(context, m_actions, *m_groups);
+    connectActionPane(context, *m_groups);
     m_wiring = std::make_unique<SceneWiring>(context, *this, *m_documents, m_groups->runs);
     m_wiring->onSceneChanged(nullptr, &scene());
     connectDocuments();
@@ -90,13 +92,9 @@ void MainWindow::buildPanes()
 {
     m_graphPane = new GraphPane;
     m_logPane = new LogPane;
-    auto *centre = new QSplitter(Qt::Vertical);
-    centre->addWidget(m_graphPane);
-    centre->addWidget(m_logPane);
-    centre->setStretchFactor(0, 1);
-    centre->setCollapsible(0, false);
+    m_actionPane = new ActionPane(m_application.transforms());
     m_itemPane = new ItemPane;
-    m_layout = std::make_unique<PaneLayout>(centre, m_itemPane);
+    m_layout = std::make_unique<PaneLayout>(m_actionPane, m_graphPane, m_logPane, m_itemPane);
     setCentralWidget(m_layout->splitter());
     m_statusBar = new StatusBar;
     setStatusBar(m_statusBar);
@@ -107,7 +105,7 @@ void MainWindow::setFirstStates()
     m_logPane->setVisible(m_application.settings().logPaneShown());
     m_actions.setFirstStates(m_application.settings());
     m_layout->restore(m_application.settings());
-    m_layout->setActions(*m_actions.viewItemPane);
+    m_layout->setActions(*m_actions.viewActionPane, *m_actions.viewItemPane);
     m_actions.editSnapToGrid->setChecked(scene().snapToGrid());
     m_actions.showManualRuns(!isAutoRunOn());
 }
@@ -274,6 +272,7 @@ void MainWindow::onAllowUserInteraction(bool allow)
     m_allowsInteraction = allow;
     m_graphPane->setEnabled(allow);
     m_graphPane->setInteractive(allow);
+    m_actionPane->setEnabled(allow);
     m_itemPane->setInteraction(allow);
     m_logPane->setEnabled(allow);
     if (allow) {
@@ -291,6 +290,7 @@ void MainWindow::updateActions()
     state.isInTwoScreens = m_groups->view.isInTwoScreens();
     state.hasRecentDocuments = !m_recentMenu->isEmpty();
     m_actions.updateEnabled(state);
+    m_actionPane->setCanOutput(state.canOutput);
     m_statusBar->itemStatus().showCounts(scene());
     if (m_actions.runChanged->isEnabled()) {
         m_groups->runs.showRunTip();

@@ -9,6 +9,7 @@
 #include <QMainWindow>
 #include <memory>
 
+class ActionPane;
 class Application;
 class DocumentCommands;
 class GraphPane;
@@ -91,6 +92,7 @@ private:
     std::unique_ptr<SceneWiring> m_wiring;
     std::unique_ptr<RecentMenu> m_recentMenu;
     std::unique_ptr<SettingsFollower> m_settingsFollower;
+    ActionPane *m_actionPane = nullptr;
     GraphPane *m_graphPane = nullptr;
     ItemPane *m_itemPane = nullptr;
     std::unique_ptr<PaneLayout> m_layout;

@@ -12,40 +12,53 @@ constexpr int leastWidth = 180;
 
 } // namespace
 
-PaneLayout::PaneLayout(QWidget *centre, QWidget *right)
+PaneLayout::PaneLayout(QWidget *left, QWidget *canvas, QWidget *log, QWidget *right)
     : m_splitter(new QSplitter(Qt::Horizontal))
     , m_right(right)
 {
+    auto *centre = new QSplitter(Qt::Vertical);
+    centre->addWidget(canvas);
+    centre->addWidget(log);
+    centre->setStretchFactor(0, 1);
+    centre->setCollapsible(0, false);
     m_splitter->setObjectName(QStringLiteral("m_splitter"));
-    m_splitter->addWidget(centre);
-    m_splitter->addWidget(right);
-    m_splitter->setStretchFactor(Centre, 1);
-    m_splitter->setStretchFactor(Right, 0);
+    for (QWidget *pane : {left, static_cast<QWidget *>(centre), right}) {
+        m_splitter->addWidget(pane);
+    }
+    for (int pane = Left; pane < PaneCount; ++pane) {
+        m_splitter->setStretchFactor(pane, pane == Centre ? 1 : 0);
+    }
     m_splitter->setCollapsible(Centre, false);
+    left->setMinimumWidth(leastWidth);
     right->setMinimumWidth(leastWidth);
     connect(m_splitter, &QSplitter::splitterMoved, this, &PaneLayout::onHSplitterMoved);
 }
 
-void PaneLayout::setActions(QAction &itemPaneAction)
+void PaneLayout::setActions(QAction &actionPaneAction, QAction &itemPaneAction)
 {
-    m_itemPaneAction = &itemPaneAction;
-    m_itemPaneAction->setChecked(m_splitter->sizes().value(Right) > 0);
+    m_actions[Left] = &actionPaneAction;
+    m_actions[Right] = &itemPaneAction;
+    onHSplitterMoved();
 }
 
 void PaneLayout::restore(const Settings &settings)
 {
-    m_rightWidth = qMax(leastWidth, settings.splitterWidth3());
-    m_splitter->setSizes({settings.splitterWidth2(), settings.splitterWidth3()});
+    const QList<int> stored{settings.splitterWidth1(), settings.splitterWidth2(), settings.splitterWidth3()};
+    QList<int> widths = stored;
+    for (int pane : {Left, Right}) {
+        m_widths[pane] = qMax(leastWidth, stored[pane]);
+        widths[pane] = stored[pane] > 0 ? m_widths[pane] : 0;
+    }
+    m_splitter->setSizes(widths);
     onHSplitterMoved();
 }
 
 void PaneLayout::store(Settings &settings) const
 {
     const QList<int> sizes = m_splitter->sizes();
-    if (sizes.size() > Right) {
-        settings.setSplitterWidth2(sizes[Centre]);
-        settings.setSplitterWidth3(sizes[Right]);
-    }
+    settings.setSplitterWidth1(sizes.value(Left));
+    settings.setSplitterWidth2(sizes.value(Centre));
+    settings.setSplitterWidth3(sizes.value(Right, m_widths[Right]));
 }
 
 void PaneLayout::setShown(Pane pane, bool on)
@@ -54,37 +67,36 @@ void PaneLayout::setShown(Pane pane, bool on)
     if (sizes.size() <= pane || (sizes[pane] > 0) == on) {
         return;
     }
-    const int width = on ? m_rightWidth : 0;
+    if (!on) {
+        m_widths[pane] = sizes[pane];
+    }
+    const int width = on ? m_widths[pane] : 0;
     sizes[Centre] += sizes[pane] - width;
     sizes[pane] = width;
     m_splitter->setSizes(sizes);
 }
 
-void PaneLayout::onItemPaneVisibilityToggled(bool on)
-{
-    if (!on && m_splitter->sizes().value(Right) > 0) {
-        m_rightWidth = m_splitter->sizes().value(Right);
-    }
-    setShown(Right, on);
-}
-
 void PaneLayout::onHSplitterMoved()
 {
-    const int width = m_splitter->sizes().value(Right);
-    if (width > 0) {
-        m_rightWidth = width;
-    }
-    if (m_itemPaneAction) {
-        const QSignalBlocker blocker(m_itemPaneAction);
-        m_itemPaneAction->setChecked(width > 0);
+    const QList<int> sizes = m_splitter->sizes();
+    for (int pane : {Left, Right}) {
+        const int width = sizes.value(pane);
+        m_widths[pane] = width > 0 ? width : m_widths[pane];
+        if (m_actions[pane]) {
+            const QSignalBlocker blocker(m_actions[pane]);
+            m_actions[pane]->setChecked(width > 0);
+        }
     }
 }
 
 void PaneLayout::takeRightPane()
 {
+    QList<int> sizes = m_splitter->sizes();
     m_right->setWindowFlags(Qt::Widget);
     m_splitter->addWidget(m_right);
     m_right->show();
-    m_splitter->setSizes({m_splitter->width() - m_rightWidth, m_rightWidth});
+    sizes[Centre] -= m_widths[Right];
+    sizes.append(m_widths[Right]);
+    m_splitter->setSizes(sizes);
     onHSplitterMoved();
 }

@@ -18,6 +18,8 @@ ActionState actionState(const DocumentSession &session, const UndoStack &undo, c
     state.hasItems = !scene.nodes().isEmpty();
     state.hasSelectedItems = !scene.nodes(true).isEmpty();
     state.hasSelection = state.hasSelectedItems || !scene.connections(true).isEmpty();
+    const QList<Node *> selected = scene.nodes(true);
+    state.canOutput = selected.size() == 1 && selected.first()->maxOutputs() > 0;
     state.isStale = !scene.nodesInState(NodeState::NeedsProcessing).isEmpty()
                     || !scene.nodesInState(NodeState::Failed).isEmpty();
     state.canUndo = undo.canUndo();

@@ -11,6 +11,7 @@ struct ActionState
     bool isAutoRunOn = true;
     bool hasItems = false;
     bool hasSelectedItems = false;
+    bool canOutput = false;    ///< what is selected can go to an output
     bool hasSelection = false; ///< of items or connections
     bool isStale = false;      ///< an item needs processing, or failed
     bool canUndo = false;

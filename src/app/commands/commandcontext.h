@@ -1,5 +1,6 @@
 #pragma once
 
+class ActionPane;
 class Application;
 class DocumentSession;
 class GraphPane;
@@ -18,6 +19,7 @@ struct CommandContext
     DocumentSession &session;
     UndoStack &undo;
     Prompts &prompts;
+    ActionPane &actionPane;
     GraphPane &graphPane;
     ItemPane &itemPane;
     PaneLayout &layout;

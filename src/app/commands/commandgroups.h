@@ -6,6 +6,7 @@
 #include "app/commands/filecommands.h"
 #include "app/commands/helpcommands.h"
 #include "app/commands/inputcommands.h"
+#include "app/commands/outputcommands.h"
 #include "app/commands/runcommands.h"
 #include "app/commands/undocommands.h"
 #include "app/commands/viewcommands.h"
@@ -21,11 +22,12 @@ struct CommandGroups
         , clipboard(context, actions)
         , edit(context, documents)
         , inputs(context)
+        , outputs(context)
         , runs(context, actions)
         , view(context, actions)
         , help(context)
         , itemKeys(context)
-        , all{documents, files, undo, clipboard, edit, inputs, runs, view, help}
+        , all{documents, files, undo, clipboard, edit, inputs, outputs, runs, view, help}
     {
     }
 
@@ -34,6 +36,7 @@ struct CommandGroups
     ClipboardCommands clipboard;
     EditCommands edit;
     InputCommands inputs;
+    OutputCommands outputs;
     RunCommands runs;
     ViewCommands view;
     HelpCommands help;

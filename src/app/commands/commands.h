@@ -6,6 +6,7 @@ class EditCommands;
 class FileCommands;
 class HelpCommands;
 class InputCommands;
+class OutputCommands;
 class RunCommands;
 class UndoCommands;
 class ViewCommands;
@@ -19,6 +20,7 @@ struct Commands
     ClipboardCommands &clipboard;
     EditCommands &edit;
     InputCommands &inputs;
+    OutputCommands &outputs;
     RunCommands &runs;
     ViewCommands &view;
     HelpCommands &help;

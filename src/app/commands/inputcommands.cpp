@@ -25,6 +25,17 @@ void InputCommands::addFromFiles()
     }
 }
 
+void InputCommands::addFromFolder()
+{
+    Application &application = m_context.application;
+    const QString folder = m_context.prompts.openFolder(
+        {QStringLiteral("Input From Folder"), application.lastDataDir(), QString()});
+    if (!folder.isEmpty()) {
+        application.setLastDataDir(folder);
+        m_context.session.scene().addInputsFromPaths({folder});
+    }
+}
+
 void InputCommands::addFromClipboard(const QPointF &position)
 {
     const QMimeData *mimeData = QGuiApplication::clipboard()->mimeData();

@@ -14,6 +14,8 @@ public:
     }
 
     void addFromFiles();
+    /// Asks for a folder, whose files become one table.
+    void addFromFolder();
     /// Makes an input of what the clipboard holds: files, or data as text. A null position chooses a place.
     void addFromClipboard(const QPointF &position);
 

@@ -117,6 +117,11 @@ void ViewCommands::connectByKeyboard()
     m_context.graphPane.onConnectByKeyboard();
 }
 
+void ViewCommands::setActionPaneShown(bool on)
+{
+    m_context.layout.onActionPaneVisibilityToggled(on);
+}
+
 void ViewCommands::setItemPaneShown(bool on)
 {
     m_context.layout.onItemPaneVisibilityToggled(on);

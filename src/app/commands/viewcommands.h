@@ -36,6 +36,7 @@ public:
     void updateTimingProfile();
     void connectByKeyboard();
     void setToolBarShown(bool on);
+    void setActionPaneShown(bool on);
     void setItemPaneShown(bool on);
     void setTwoScreens(bool on);
     bool isInTwoScreens() const;

@@ -4,5 +4,7 @@ struct CommandContext;
 struct CommandGroups;
 struct MainActions;
 
+/// Lets the left pane add items and light up those on the canvas.
+void connectActionPane(const CommandContext &context, CommandGroups &groups);
 /// Gives the canvas the actions of its menu, and connects what it asks for to the commands and to the right pane.
 void connectCanvas(const CommandContext &context, const MainActions &actions, CommandGroups &groups);

@@ -1,0 +1,58 @@
+#include "app/panewiring.h"
+
+#include "app/commands/commandcontext.h"
+#include "app/commands/commandgroups.h"
+#include "app/documentsession.h"
+#include "app/mainactions.h"
+#include "graph/graphenums.h"
+#include "graph/graphscene.h"
+#include "panes/actions/actionpane.h"
+#include "panes/canvas/graphpane.h"
+#include "panes/items/itempane.h"
+#include "panes/status/nodestatuswidget.h"
+#include "panes/status/statusbar.h"
+#include "transforms/frame/transform.h"
+
+#include <QShortcut>
+
+void connectCanvas(const CommandContext &context, const MainActions &actions, CommandGroups &groups)
+{
+    GraphPane &pane = context.graphPane;
+    StatusBar &statusBar = context.statusBar;
+    CanvasActions menu;
+    menu.inputFromFile = actions.inputFromFile;
+    menu.inputFromClipboard = actions.inputFromClipboard;
+    menu.outputToFile = actions.outputToFile;
+    menu.outputToChart = actions.outputToChart;
+    menu.connectTo = actions.editConnect;
+    menu.cut = actions.editCut;
+    menu.copy = actions.editCopy;
+    menu.paste = actions.editPaste;
+    menu.duplicateBranch = actions.editDuplicateBranch;
+    menu.remove = actions.editDelete;
+    pane.setActions(menu);
+    QObject::connect(&statusBar.itemStatus(), &NodeStatusWidget::iconClicked, &pane,
+        [&groups](NodeStatusIcon icon) { groups.view.selectIconsOfType(icon); });
+    QObject::connect(&pane, &GraphPane::statusMessage, &statusBar, &StatusBar::onShowMessage);
+    QObject::connect(&pane, &GraphPane::runSelectedRequested, &pane, [&groups] { groups.runs.run(RunMode::Selected); });
+    QObject::connect(&pane, &GraphPane::typedCharInNote, &context.itemPane, &ItemPane::onTypedCharInNote);
+    QObject::connect(&pane, &GraphPane::zoomChanged, &pane, [&groups] { groups.view.onZoomChanged(); });
+}
+
+void connectActionPane(const CommandContext &context, CommandGroups &groups)
+{
+    ActionPane *pane = &context.actionPane;
+    DocumentSession *session = &context.session;
+    QObject::connect(pane, &ActionPane::addedTransform, pane,
+        [session](Transform *prototype) { session->scene().addTransform(prototype); });
+    QObject::connect(pane, &ActionPane::highlightTransformNodes, pane,
+        [session](bool on, int type) { session->scene().onHighlightTransformNodes(on, type); });
+    QObject::connect(pane, &ActionPane::inputFileClicked, pane, [&groups] { groups.inputs.addFromFiles(); });
+    QObject::connect(pane, &ActionPane::inputFolderClicked, pane, [&groups] { groups.inputs.addFromFolder(); });
+    QObject::connect(
+        pane, &ActionPane::inputClipboardClicked, pane, [&groups] { groups.inputs.addFromClipboard(QPointF()); });
+    QObject::connect(pane, &ActionPane::outputFileClicked, pane, [&groups] { groups.outputs.toFile(); });
+    QObject::connect(pane, &ActionPane::outputChartClicked, pane, [&groups] { groups.outputs.toChart(); });
+    auto *toFilter = new QShortcut(Qt::CTRL + Qt::Key_K, &context.window);
+    QObject::connect(toFilter, &QShortcut::activated, pane, &ActionPane::onSetFocusToTransformFilter);
+}

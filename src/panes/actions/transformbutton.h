@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QToolButton>
+
+class Transform;
+
+/// A button of the left pane that adds one kind of transform.
+class TransformButton : public QToolButton
+{
+    Q_OBJECT
+
+public:
+    explicit TransformButton(Transform &prototype, QWidget *parent = nullptr);
+
+    Transform &prototype() const { return m_prototype; }
+    /// For one that only a search reaches, since advanced transforms aren't shown.
+    void setHiddenOtherwise(bool hidden, const QString &checkText);
+
+signals:
+    void hoverStatusChange(bool hovered);
+
+protected:
+    void enterEvent(QEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+
+private:
+    Transform &m_prototype;
+};

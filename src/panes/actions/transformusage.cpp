@@ -1,0 +1,28 @@
+#include "panes/actions/transformusage.h"
+
+#include <algorithm>
+
+TransformUsage::TransformUsage()
+    : m_recent(Settings::current().recentTransformsAdded().mid(0, mostRecent))
+    , m_counts(Settings::current().allTransformsAddedCount())
+{
+}
+
+void TransformUsage::record(const QString &typeName)
+{
+    m_recent.removeAll(typeName);
+    m_recent.prepend(typeName);
+    m_recent = m_recent.mid(0, mostRecent);
+    ++m_counts[typeName];
+    Settings::current().setRecentTransformsAdded(m_recent);
+    Settings::current().setAllTransformsAddedCount(m_counts);
+}
+
+QStringList TransformUsage::mostUsed(int count) const
+{
+    QStringList names = m_counts.keys();
+    std::sort(names.begin(), names.end(), [this](const QString &a, const QString &b) {
+        return m_counts[a] != m_counts[b] ? m_counts[a] > m_counts[b] : a < b;
+    });
+    return names.mid(0, count);
+}

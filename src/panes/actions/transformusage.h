@@ -1,0 +1,30 @@
+#pragma once
+
+#include "settings/settings.h"
+
+#include <QStringList>
+
+/// Which transforms a person adds: the last ones, and how often each, as the settings keep them.
+class TransformUsage
+{
+public:
+    static constexpr int mostRecent = 30;
+    /// The lengths of the lists that are offered, longest first.
+    static constexpr int lengths[] = {30, 25, 20, 15, 10};
+
+    /// Reads the settings.
+    TransformUsage();
+
+    /// Counts one more and stores it.
+    void record(const QString &typeName);
+    /// The first `count` of those added last, newest first.
+    QStringList lastUsed(int count) const { return m_recent.mid(0, count); }
+    /// The `count` added most often; those added equally often in alphabetical order.
+    QStringList mostUsed(int count) const;
+    int usedCount() const { return m_counts.size(); }
+    int recentCount() const { return m_recent.size(); }
+
+private:
+    QStringList m_recent;
+    SettingsCounts m_counts;
+};
