@@ -4,6 +4,7 @@
 #include "app/commands/commandgroups.h"
 #include "app/documentsession.h"
 #include "app/mainactions.h"
+#include "app/uithemes.h"
 #include "graph/graphenums.h"
 #include "graph/graphscene.h"
 #include "panes/actions/actionpane.h"
@@ -53,6 +54,8 @@ void connectActionPane(const CommandContext &context, CommandGroups &groups)
         pane, &ActionPane::inputClipboardClicked, pane, [&groups] { groups.inputs.addFromClipboard(QPointF()); });
     QObject::connect(pane, &ActionPane::outputFileClicked, pane, [&groups] { groups.outputs.toFile(); });
     QObject::connect(pane, &ActionPane::outputChartClicked, pane, [&groups] { groups.outputs.toChart(); });
+    QObject::connect(&groups.view.themes(), &UiThemes::changed, pane, &ActionPane::onThemeChanged);
+    pane->onThemeChanged();
     auto *toFilter = new QShortcut(Qt::CTRL + Qt::Key_K, &context.window);
     QObject::connect(toFilter, &QShortcut::activated, pane, &ActionPane::onSetFocusToTransformFilter);
 }

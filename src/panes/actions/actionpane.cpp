@@ -29,6 +29,11 @@ void ActionPane::setCanOutput(bool can)
     m_widgets->setCanOutput(can);
 }
 
+void ActionPane::onThemeChanged()
+{
+    m_widgets->updateIcons();
+}
+
 void ActionPane::onSetFocusToTransformFilter()
 {
     m_widgets->keywords().setFocus(Qt::ShortcutFocusReason);

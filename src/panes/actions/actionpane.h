@@ -17,6 +17,7 @@ public:
     void setCanOutput(bool can);
 
 public slots:
+    void onThemeChanged();
     void onSetFocusToTransformFilter();
 
 signals:

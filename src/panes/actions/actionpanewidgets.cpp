@@ -55,6 +55,7 @@ QToolButton *ActionPaneWidgets::addButton(
 {
     auto *button = new QToolButton;
     button->setText(QString::fromLatin1(text));
+    m_plainButtons.append({button, QString::fromLatin1(icon)});
     button->setIcon(Icons::icon(QString::fromLatin1(icon)));
     button->setIconSize(QSize(24, 24));
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -155,6 +156,16 @@ void ActionPaneWidgets::setCanOutput(bool can)
 {
     m_toFile->setEnabled(can);
     m_toChart->setEnabled(can);
+}
+
+void ActionPaneWidgets::updateIcons()
+{
+    for (const auto &plain : qAsConst(m_plainButtons)) {
+        plain.first->setIcon(Icons::icon(plain.second));
+    }
+    for (TransformButton *button : qAsConst(m_buttons)) {
+        button->updateIcon();
+    }
 }
 
 // What is shown

@@ -27,6 +27,8 @@ public:
     QList<TransformButton *> visibleButtons() const;
     /// Buttons for outputs follow whether one can be added.
     void setCanOutput(bool can);
+    /// Windows have become dark or light.
+    void updateIcons();
 
 signals:
     void addedTransform(Transform *prototype);
@@ -70,6 +72,7 @@ private:
     QCheckBox *m_advanced;
     QScrollArea *m_scroll;
     QVBoxLayout *m_buttonLayout = nullptr;
+    QList<QPair<QToolButton *, QString>> m_plainButtons; ///< with the names of their icons
     QToolButton *m_toFile = nullptr;
     QToolButton *m_toChart = nullptr;
 };

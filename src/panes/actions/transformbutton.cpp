@@ -1,6 +1,7 @@
 #include "panes/actions/transformbutton.h"
 
-#include "panes/actions/transformpicture.h"
+#include "graph/pictures.h"
+#include "panes/icons.h"
 #include "transforms/frame/transform.h"
 
 TransformButton::TransformButton(Transform &prototype, QWidget *parent)
@@ -8,7 +9,7 @@ TransformButton::TransformButton(Transform &prototype, QWidget *parent)
     , m_prototype(prototype)
 {
     setText(prototype.displayName());
-    setIcon(transformPicture(prototype));
+    updateIcon();
     setIconSize(QSize(24, 24));
     setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -17,6 +18,11 @@ TransformButton::TransformButton(Transform &prototype, QWidget *parent)
     setAccessibleName(prototype.displayName());
     setAccessibleDescription(prototype.description());
     setHiddenOtherwise(false, QString());
+}
+
+void TransformButton::updateIcon()
+{
+    setIcon(Pictures::icon(Pictures::ofTransform(m_prototype.typeName()), Icons::areDark()));
 }
 
 void TransformButton::setHiddenOtherwise(bool hidden, const QString &checkText)

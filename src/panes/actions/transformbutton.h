@@ -13,6 +13,8 @@ public:
     explicit TransformButton(Transform &prototype, QWidget *parent = nullptr);
 
     Transform &prototype() const { return m_prototype; }
+    /// Takes the picture for light or for dark windows.
+    void updateIcon();
     /// For one that only a search reaches, since advanced transforms aren't shown.
     void setHiddenOtherwise(bool hidden, const QString &checkText);
 

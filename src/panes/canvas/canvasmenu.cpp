@@ -2,8 +2,10 @@
 
 #include "graph/graphscene.h"
 #include "graph/notenode.h"
+#include "graph/pictures.h"
 #include "graph/transformnode.h"
 #include "panes/canvas/transformchoice.h"
+#include "panes/icons.h"
 #include "transforms/frame/transform.h"
 
 #include <QMenu>
@@ -59,7 +61,8 @@ void CanvasMenu::addTransforms(QMenu &menu) const
             if (choice.category != category) {
                 continue;
             }
-            QAction *action = submenu->addAction(choice.displayName);
+            QAction *action = submenu->addAction(
+                Pictures::icon(Pictures::ofTransform(choice.typeName), Icons::areDark()), choice.displayName);
             action->setData(choice.typeName);
             action->setToolTip(choice.description);
             action->setEnabled(choice.fits(m_scene));

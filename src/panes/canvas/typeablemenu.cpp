@@ -1,6 +1,8 @@
 #include "panes/canvas/typeablemenu.h"
 
+#include "graph/pictures.h"
 #include "panes/canvas/transformchoice.h"
+#include "panes/icons.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -46,7 +48,8 @@ void TypeableMenu::fill()
         choices.resize(mostEntries);
     }
     for (const TransformChoice &choice : qAsConst(choices)) {
-        QAction *action = addAction(choice.displayName);
+        QAction *action = addAction(
+            Pictures::icon(Pictures::ofTransform(choice.typeName), Icons::areDark()), choice.displayName);
         action->setToolTip(choice.description);
         connect(action, &QAction::triggered, this, [this, name = choice.typeName] { emit transformChosen(name); });
         if (!first || (!first->data().toBool() && choice.fits(m_scene))) {
