@@ -79,6 +79,7 @@ TEST_F(UiThemesTest, EveryActionThatNamesAnIconHasItInBothForms)
 {
     for (bool dark : {false, true}) {
         Icons::setDark(dark);
+        QHash<QByteArray, QString> seen;
         for (const ActionRow &row : ActionTable()) {
             if (row.icon[0] == '\0') {
                 continue;
@@ -92,6 +93,10 @@ TEST_F(UiThemesTest, EveryActionThatNamesAnIconHasItInBothForms)
                 }
             }
             EXPECT_TRUE(isDrawn) << row.icon << (dark ? " dark" : " light");
+            const QByteArray pixels(reinterpret_cast<const char *>(image.constBits()), int(image.sizeInBytes()));
+            const QString name = QString::fromLatin1(row.icon);
+            EXPECT_EQ(seen.value(pixels, name), name) << "look the same";
+            seen.insert(pixels, name);
         }
     }
     Icons::setDark(false);
