@@ -56,6 +56,16 @@ QFont boxFont(bool bold)
     return font;
 }
 
+/// Smaller for a name that would be cut.
+QFont nameFont(const QString &name)
+{
+    QFont font = boxFont(true);
+    if (QFontMetricsF(font).horizontalAdvance(name) > NodeLayout::textLine(1).width()) {
+        font.setPixelSize(12);
+    }
+    return font;
+}
+
 void drawTick(QPainter &painter, const QRectF &r)
 {
     painter.drawPolyline(QVector<QPointF>{
@@ -192,7 +202,7 @@ void NodePainter::drawPicture(QPainter &painter, const Node &node)
 void NodePainter::drawTexts(QPainter &painter, const Node &node)
 {
     painter.setPen(node.textColor());
-    painter.setFont(boxFont(true));
+    painter.setFont(nameFont(node.name()));
     drawLine(painter, NodeLayout::textLine(1), node.name());
     painter.setFont(boxFont(false));
     drawLine(painter, NodeLayout::textLine(2), node.displaySizeText());
