@@ -5,6 +5,7 @@
 #include "app/commands/commandgroups.h"
 #include "app/commands/recentmenu.h"
 #include "app/documentcommands.h"
+#include "app/paneinteraction.h"
 #include "app/panelayout.h"
 #include "app/panewiring.h"
 #include "app/programinfo.h"
@@ -64,6 +65,7 @@ MainWindow::MainWindow(Application &application, const CommandLine &commandLine,
     connectCommands();
     connectCanvas(context, m_actions, *m_groups);
     connectActionPane(context, *m_groups);
+    m_interaction = std::make_unique<PaneInteraction>(context);
     m_wiring = std::make_unique<SceneWiring>(context, *this, *m_documents, m_groups->runs);
     m_wiring->onSceneChanged(nullptr, &scene());
     connectDocuments();
@@ -156,6 +158,7 @@ void MainWindow::start()
     restoreFolders(m_application, settings);
     show();
     restoreLayout(*this, settings);
+    m_graphPane->setFocus();
     QTimer::singleShot(0, this, &MainWindow::onStarted);
 }
 
@@ -270,11 +273,7 @@ void MainWindow::onNodesChanged()
 void MainWindow::onAllowUserInteraction(bool allow)
 {
     m_allowsInteraction = allow;
-    m_graphPane->setEnabled(allow);
-    m_graphPane->setInteractive(allow);
-    m_actionPane->setEnabled(allow);
-    m_itemPane->setInteraction(allow);
-    m_logPane->setEnabled(allow);
+    m_interaction->allow(allow);
     if (allow) {
         m_recentMenu->update();
         onGraphSelectionChanged();

@@ -15,6 +15,7 @@ class DocumentCommands;
 class GraphPane;
 class ItemPane;
 class LogPane;
+class PaneInteraction;
 class PaneLayout;
 class Prompts;
 class QSplitter;
@@ -89,6 +90,7 @@ private:
     MainActions m_actions;
     std::unique_ptr<CommandGroups> m_groups;
     std::unique_ptr<WindowHooks> m_hooks;
+    std::unique_ptr<PaneInteraction> m_interaction;
     std::unique_ptr<SceneWiring> m_wiring;
     std::unique_ptr<RecentMenu> m_recentMenu;
     std::unique_ptr<SettingsFollower> m_settingsFollower;

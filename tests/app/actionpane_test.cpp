@@ -12,6 +12,7 @@
 #include "panes/actions/actionpane.h"
 #include "panes/actions/actionpanewidgets.h"
 #include "panes/actions/transformbutton.h"
+#include "panes/canvas/graphpane.h"
 #include "panes/widgets/delayedlineedit.h"
 #include "settings/settings.h"
 #include "support/printers.h"
@@ -114,6 +115,7 @@ TEST_F(ActionPaneTest, ButtonsBuildAFlow)
     m_prompts.paths = QStringList{path("in.csv")};
     QTest::mouseClick(&button("From File"), Qt::LeftButton);
     ASSERT_EQ(scene().inputNodes().size(), 1);
+    EXPECT_EQ(m_window->focusWidget(), m_window->findChild<GraphPane *>()) << "to go on by typing";
     QTest::mouseClick(&button("Sort"), Qt::LeftButton);
     ASSERT_EQ(scene().transformNodes().size(), 1);
     EXPECT_TRUE(button("To File").isEnabled());

@@ -69,6 +69,8 @@ void GraphPane::setGraph(GraphScene *scene)
 
 void GraphPane::onNodesAdded()
 {
+    // Whoever has added something goes on with it: by typing, connecting or walking.
+    setFocus();
     onAutoZoom();
     viewport()->update();
     CanvasAccessible::notifyItems(*this);
