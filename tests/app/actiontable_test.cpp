@@ -7,6 +7,7 @@
 #include "app/recoveryfile.h"
 #include "app/runlog.h"
 #include "app/testdocument.h"
+#include "app/uithemes.h"
 #include "graph/connection.h"
 #include "graph/graphscene.h"
 #include "graph/node.h"
@@ -47,8 +48,10 @@ protected:
     void TearDown() override
     {
         stopRequested = false;
-        m_window.reset();
         Application::instance()->settings().setUiTheme(UiTheme::Light);
+        m_window->themes().onUpdateUITheme();
+        m_window.reset();
+        QLocale::setDefault(m_locale); // a new document takes that of the settings
         RecoveryFile::remove();
     }
     QString path(const char *name) const { return m_folder.filePath(QString::fromLatin1(name)); }
@@ -78,6 +81,7 @@ protected:
         return texts.join(QStringLiteral(", "));
     }
 
+    const QLocale m_locale;
     QTemporaryDir m_folder;
     RunLog m_log;
     ScriptedPrompts m_prompts;

@@ -251,7 +251,9 @@ TEST_F(CanvasTest, TheKeyboardConnects)
 {
     select(lowId);
     QStringList messages;
-    QObject::connect(&pane(), &GraphPane::statusMessage, [&](const QString &text) { messages.append(text); });
+    const QObject listener;
+    QObject::connect(
+        &pane(), &GraphPane::statusMessage, &listener, [&](const QString &text) { messages.append(text); });
     trigger("m_editConnectAction");
     EXPECT_TRUE(messages.isEmpty() || !messages.last().contains("Enter")) << "everything is connected already";
     EXPECT_FALSE(scene().isConnecting());

@@ -118,8 +118,9 @@ protected:
                         QString::number(ids), teller->lastProcessed().isValid() ? QStringLiteral(", timed") : QString(),
                         teller->hasWarnings() ? QStringLiteral(", warns") : QString()));
         };
-        QObject::connect(node, &Node::processingStart, [&](Node *at) { tell(QStringLiteral("start"), at); });
-        QObject::connect(node, &Node::processingEnd, [&](Node *at) { tell(QStringLiteral("end"), at); });
+        const QObject listener; // what listens ends with the list
+        QObject::connect(node, &Node::processingStart, &listener, [&](Node *at) { tell(QStringLiteral("start"), at); });
+        QObject::connect(node, &Node::processingEnd, &listener, [&](Node *at) { tell(QStringLiteral("end"), at); });
         node->process(true, false);
         tell(QStringLiteral("after"), node);
         return events;

@@ -344,7 +344,7 @@ TEST(OutputNode, ClonesWithEveryOption)
     node.setEncoding("UTF-16");
     node.setDelimiterKind(DelimiterKind::Custom);
     node.setCustomDelimiter('~');
-    OutputOptions options;
+    OutputOptions options = node.options();
     options.writeMode = WriteMode::New;
     options.xmlRowName = "row";
     options.quoting = Quoting::Always;
