@@ -1,34 +1,43 @@
 #include "platform/desktop.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusReply>
-#include <QDBusVariant>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QPalette>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QStandardPaths>
 
 QFont platform::messageFont()
 {
     return QFontDatabase::systemFont(QFontDatabase::GeneralFont);
 }
 
-/// What the desktop tells programs that it prefers: 1 for dark, 2 for light, 0 for no preference or no answer.
+/// What the desktop tells programs that it prefers: 1 for dark, 2 for light, 0 for no preference or no answer. Asked by
+/// the desktop's own tool, since linking its message bus would make every run without a window start later.
 static uint preferredScheme()
 {
-    constexpr int answerMs = 200;
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) {
+    constexpr int answerMs = 300;
+    static const QString tool = qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")
+                                    ? QStandardPaths::findExecutable(QStringLiteral("gdbus"))
+                                    : QString();
+    if (tool.isEmpty()) {
         return 0;
     }
-    QDBusMessage question = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.portal.Desktop"),
-        QStringLiteral("/org/freedesktop/portal/desktop"), QStringLiteral("org.freedesktop.portal.Settings"),
-        QStringLiteral("Read"));
-    question << QStringLiteral("org.freedesktop.appearance") << QStringLiteral("color-scheme");
-    const QDBusReply<QDBusVariant> reply = bus.call(question, QDBus::Block, answerMs);
-    // The answer is a variant in a variant.
-    const QVariant outer = reply.isValid() ? reply.value().variant() : QVariant();
-    return outer.canConvert<QDBusVariant>() ? outer.value<QDBusVariant>().variant().toUInt() : outer.toUInt();
+    QProcess process;
+    process.start(tool, {QStringLiteral("call"), QStringLiteral("--session"), QStringLiteral("--timeout=1"),
+                            QStringLiteral("--dest=org.freedesktop.portal.Desktop"),
+                            QStringLiteral("--object-path=/org/freedesktop/portal/desktop"),
+                            QStringLiteral("--method=org.freedesktop.portal.Settings.Read"),
+                            QStringLiteral("org.freedesktop.appearance"), QStringLiteral("color-scheme")});
+    if (!process.waitForFinished(answerMs)) {
+        process.kill();
+        process.waitForFinished(answerMs);
+        return 0;
+    }
+    // Such as "(<<uint32 1>>,)".
+    const QRegularExpressionMatch answer = QRegularExpression(QStringLiteral("uint32 (\\d)"))
+                                               .match(QString::fromUtf8(process.readAllStandardOutput()));
+    return answer.captured(1).toUInt();
 }
 
 bool platform::isSystemDark()
