@@ -1,0 +1,70 @@
+#include "panes/editors/parameterwidget.h"
+
+#include "graph/node.h"
+#include "graph/undostep.h"
+#include "transforms/options/parameter.h"
+
+#include <QPainter>
+#include <QWidget>
+
+namespace {
+
+constexpr QRgb unsetColor = 0xfffc3300;
+constexpr int frameInset = 2;
+
+} // namespace
+
+ParameterWidget::ParameterWidget(Parameter &parameter, Node &node)
+    : m_parameter(&parameter)
+    , m_node(&node)
+{
+}
+
+ParameterWidget::~ParameterWidget() = default;
+
+Node *ParameterWidget::node() const
+{
+    return m_node;
+}
+
+QString ParameterWidget::name() const
+{
+    return m_parameter->name();
+}
+
+bool ParameterWidget::isUnset() const
+{
+    return m_parameter->isUnset();
+}
+
+bool ParameterWidget::commit()
+{
+    if (!m_node) {
+        return false;
+    }
+    const QVariant edited = value();
+    if (edited == m_parameter->value() && !m_parameter->hasDeferredText()) {
+        return false;
+    }
+    const UndoStep step(QStringLiteral("'%1' change").arg(m_parameter->label()));
+    m_parameter->setValue(edited);
+    return true;
+}
+
+void ParameterWidget::describe(QWidget &widget) const
+{
+    widget.setObjectName(m_parameter->name());
+    widget.setToolTip(m_parameter->toolTip());
+    widget.setAccessibleName(m_parameter->label());
+    widget.setAccessibleDescription(m_parameter->toolTip());
+}
+
+void ParameterWidget::paintUnsetFrame(QWidget &widget) const
+{
+    if (!widget.isEnabled() || !isUnset()) {
+        return;
+    }
+    QPainter painter(&widget);
+    painter.setPen(QColor(unsetColor));
+    painter.drawRect(widget.rect().adjusted(frameInset, frameInset, -frameInset - 1, -frameInset - 1));
+}

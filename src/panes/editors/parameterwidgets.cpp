@@ -1,0 +1,63 @@
+#include "panes/editors/parameterwidgets.h"
+
+#include "panes/editors/boolparameterwidget.h"
+#include "panes/editors/dateparameterwidget.h"
+#include "panes/editors/intparameterwidget.h"
+#include "panes/editors/labelparameterwidget.h"
+#include "panes/editors/longtextparameterwidget.h"
+#include "panes/editors/realparameterwidget.h"
+#include "panes/editors/selectionparameterwidget.h"
+#include "panes/editors/textparameterwidget.h"
+#include "transforms/options/parameter.h"
+
+namespace {
+
+using Maker = QWidget *(*)(Parameter &parameter, Node &node, QWidget *parent);
+
+struct Kind
+{
+    Parameter::Kind kind;
+    Maker make;
+    bool isTall;
+};
+
+template<class Editor>
+QWidget *makeEditor(Parameter &parameter, Node &node, QWidget *parent)
+{
+    return new Editor(parameter, node, parent);
+}
+
+const Kind kinds[] = {
+    {Parameter::Bool, makeEditor<BoolParameterWidget>, false},
+    {Parameter::Selection, makeEditor<SelectionParameterWidget>, false},
+    {Parameter::Text, makeEditor<TextParameterWidget>, false},
+    {Parameter::Int, makeEditor<IntParameterWidget>, false},
+    {Parameter::Real, makeEditor<RealParameterWidget>, false},
+    {Parameter::LongText, makeEditor<LongTextParameterWidget>, true},
+    {Parameter::Label, makeEditor<LabelParameterWidget>, false},
+    {Parameter::Date, makeEditor<DateParameterWidget>, false},
+};
+
+const Kind *find(const Parameter &parameter)
+{
+    for (const Kind &row : kinds) {
+        if (row.kind == parameter.kind()) {
+            return &row;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+QWidget *ParameterWidgets::make(Parameter &parameter, Node &node, QWidget *parent)
+{
+    const Kind *kind = find(parameter);
+    return kind ? kind->make(parameter, node, parent) : nullptr;
+}
+
+bool ParameterWidgets::isTall(const Parameter &parameter)
+{
+    const Kind *kind = find(parameter);
+    return kind && kind->isTall;
+}
