@@ -5,10 +5,8 @@
 #include "app/documentsession.h"
 #include "app/tips.h"
 #include "app/undostack.h"
-#include "graph/graphhooks.h"
+#include "graph/graphscene.h"
 #include "graph/runcontrol.h"
-#include "graph/undostep.h"
-#include "outputnode/outputnode.h"
 #include "panes/canvas/graphpane.h"
 #include "panes/dialogs/insufficientmemorydialog.h"
 #include "panes/dialogs/prompts.h"
@@ -19,29 +17,25 @@
 WindowHooks::WindowHooks(const CommandContext &context, DocumentCommands &documents)
     : m_context(context)
 {
-    GraphHooks &hooks = GraphHooks::instance();
+    GraphHooks &hooks = m_context.session.scene().document()->hooks;
     hooks.ask = [this](const QString &text) { return m_context.prompts.confirm(text); };
     hooks.showTip = [this](const QString &key, const QString &title, const QString &text, int milliseconds) {
         Tips::showOnce(key, title, text, milliseconds, &m_context.graphPane);
     };
-    OutputNode::setConfirmation(
-        [this](const QString &title, const QString &text) { return confirmFiles(title, text); });
+    hooks.askAboutFiles = [this](const QString &title, const QString &text) { return confirmFiles(title, text); };
+    hooks.beginUndoStep = [this, &documents](const QString &hint) {
+        documents.refreshRecoveryFile();
+        const WaitCursor cursor;
+        m_context.undo.prepare(hint);
+    };
+    hooks.endUndoStep = [this] { m_context.undo.finish(); };
     RunControl::setMemoryCeilingHook([this](double used, double limit) { return raiseMemoryCeiling(used, limit); });
-    UndoStep::install(
-        [this, &documents](const QString &hint) {
-            documents.refreshRecoveryFile();
-            const WaitCursor cursor;
-            m_context.undo.prepare(hint);
-        },
-        [this] { m_context.undo.finish(); });
 }
 
 WindowHooks::~WindowHooks()
 {
-    UndoStep::install({}, {});
     RunControl::setMemoryCeilingHook({});
-    OutputNode::setConfirmation({});
-    GraphHooks::instance() = GraphHooks();
+    m_context.session.scene().document()->hooks = GraphHooks();
 }
 
 bool WindowHooks::confirmFiles(const QString &title, const QString &text)

@@ -85,10 +85,10 @@ bool readTree(const QString &path, QDomDocument &tree, QString &error)
     return true;
 }
 
-int nextFreeId(const DocumentContents &contents)
+int nextFreeId(const GraphScene &scene)
 {
     int next = 0;
-    for (const Node *node : contents.nodes) {
+    for (const Node *node : scene.nodes()) {
         next = qMax(next, node->id() + 1);
     }
     return next;
@@ -193,7 +193,8 @@ bool loadDocument(const QString &path, GraphScene &scene, const std::function<vo
     loaded.batch = parseBatchSettings(tree.documentElement(), loaded.version);
     scene.layOutConnections();
     scene.updateSceneRect();
-    Node::setNextId(nextFreeId(loaded));
+    // New items come behind those of this document, not of the one that was there before.
+    scene.document()->nextId = nextFreeId(scene);
     return true;
 }
 

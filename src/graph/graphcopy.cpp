@@ -174,7 +174,7 @@ void GraphCopy::duplicateBranch(GraphScene &scene)
     if (scene.isProcessing() || roots.isEmpty()) {
         return;
     }
-    const UndoStep step(QStringLiteral("duplicate branch"));
+    const UndoStep step(scene, QStringLiteral("duplicate branch"));
     const WaitCursor cursor;
     scene.clearSelection();
     const QList<Node *> branch = branchOf(roots);

@@ -1,7 +1,6 @@
 #include "graph/graphedit.h"
 
 #include "graph/connection.h"
-#include "graph/graphhooks.h"
 #include "graph/graphscene.h"
 #include "graph/transformnode.h"
 #include "graph/undostep.h"
@@ -89,10 +88,10 @@ void GraphEdit::disconnectSelected(Direction direction)
     const QString question = QStringLiteral(
         "This disconnection may reset %1 column related option(s) downstream. Are you sure you want to do that?\n\n"
         "Note that you can insert a transform by selecting an exiting connection then adding a transform.");
-    if (atRisk >= 1 && !GraphHooks::instance().confirm(question.arg(atRisk))) {
+    if (atRisk >= 1 && !m_scene.document()->hooks.confirm(question.arg(atRisk))) {
         return;
     }
-    const UndoStep step(QStringLiteral("disconnect"));
+    const UndoStep step(m_scene, QStringLiteral("disconnect"));
     for (Node *node : m_scene.nodes(true)) {
         const bool hasInputs = !node->connections(Direction::Incoming).isEmpty();
         if (direction != Direction::Outgoing && hasInputs) {
@@ -131,7 +130,7 @@ void GraphEdit::deleteSelected()
     m_scene.runChangesIfAuto();
     emit m_scene.nodesDeleted();
     if (onlyConnections) {
-        GraphHooks::instance().tip(QStringLiteral("tip_delete_connection"), QStringLiteral("Deleting connections"),
+        m_scene.document()->hooks.tip(QStringLiteral("tip_delete_connection"), QStringLiteral("Deleting connections"),
             QStringLiteral("You can delete/insert transforms without deleting connections. See "
                            "'Reference>Connections' in the help."),
             tipMs);

@@ -3,18 +3,25 @@
 #include <QString>
 #include <functional>
 
-/// What the canvas asks of the window around it. Every hook may be empty: then nothing is shown and questions are
-/// answered with OK.
+/// What the scenes of a document ask of the window around them. Every hook may be empty: then nothing is shown,
+/// questions are answered with OK, and nothing can be undone.
 struct GraphHooks
 {
     /// A question with OK and Cancel; true for OK.
     std::function<bool(const QString &text)> ask;
+    /// A long text under a title with OK and Cancel, before many files are written; true for OK.
+    std::function<bool(const QString &title, const QString &text)> askAboutFiles;
     /// A hint that shows once in the program's life, at the canvas, for `milliseconds`.
     std::function<void(const QString &key, const QString &title, const QString &text, int milliseconds)> showTip;
+    /// Before a change of the document, which `hint` names, and after it.
+    std::function<void(const QString &hint)> beginUndoStep;
+    std::function<void()> endUndoStep;
 
-    /// The one of the process.
-    static GraphHooks &instance();
     bool confirm(const QString &text) const { return !ask || ask(text); }
+    bool confirmFiles(const QString &title, const QString &text) const
+    {
+        return !askAboutFiles || askAboutFiles(title, text);
+    }
     void tip(const QString &key, const QString &title, const QString &text, int milliseconds) const
     {
         if (showTip) {

@@ -291,7 +291,7 @@ void GraphScene::connectNodes(Node *to)
         endConnection();
         return;
     }
-    const UndoStep step(QStringLiteral("add connection"));
+    const UndoStep step(*this, QStringLiteral("add connection"));
     endConnection();
     GraphEdit(*this).connectNodes(from, to);
 }

@@ -7,12 +7,17 @@
 #include "graph/undostep.h"
 #include "settings/settings.h"
 
-int Node::s_nextId = 0;
+namespace {
+
+/// The id of a new node that isn't in a scene yet. Not -1, which is that of no column in a ColumnId.
+constexpr int unnumbered = -2;
+
+} // namespace
 
 Node::Node(int id)
-    : m_look(std::make_unique<NodeLook>(*this))
+    : m_id(id == -1 ? unnumbered : id)
+    , m_look(std::make_unique<NodeLook>(*this))
 {
-    setId(id);
     setFlags(ItemIsMovable | ItemIsSelectable | ItemSendsGeometryChanges);
     setAcceptHoverEvents(true);
     setZValue(0);
@@ -29,7 +34,22 @@ Node::~Node()
 
 void Node::setId(int id)
 {
-    m_id = id == -1 ? s_nextId++ : id;
+    m_id = id == -1 ? unnumbered : id;
+    takeNumber();
+}
+
+/// In a scene: takes the document's next id if it has none, and keeps later ones larger than its own.
+void Node::takeNumber()
+{
+    const GraphScene *owner = graphScene();
+    if (!owner) {
+        return;
+    }
+    int &next = owner->document()->nextId;
+    if (m_id == unnumbered) {
+        m_id = next;
+    }
+    next = qMax(next, m_id + 1);
 }
 
 void Node::takeColumnsAsText(const Node &) {}

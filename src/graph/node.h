@@ -29,7 +29,7 @@ public:
     static constexpr double boxWidth = 180.0;
     static constexpr double boxHeight = 90.0;
 
-    /// An `id` of -1 takes the next free one.
+    /// An `id` of -1 takes the next free one of the document once the node comes into a scene.
     explicit Node(int id = -1);
     ~Node() override;
     Q_DISABLE_COPY(Node)
@@ -40,9 +40,6 @@ public:
     Node *clone() const;
     int id() const override { return m_id; }
     void setId(int id);
-    /// The id that the next new node gets.
-    static int nextId() { return s_nextId; }
-    static void setNextId(int id) { s_nextId = id; }
     virtual QString name() const = 0;
     virtual QString listName() const { return name(); }
     virtual QString typeName() const { return name(); }
@@ -246,7 +243,7 @@ protected:
     virtual void allowReconnect() { refreshColumnOptions(); }
 
 private:
-    int m_id = -1;
+    int m_id;
     bool m_flagged = false;
     bool m_isPreview = false;
     double m_fraction = 0.0;
@@ -267,5 +264,5 @@ private:
     void releaseUpstreamDatasets();
     void applyState(NodeState state);
     void finishMove();
-    static int s_nextId;
+    void takeNumber();
 };

@@ -2,7 +2,6 @@
 
 #include "files/excellimits.h"
 #include "graph/connection.h"
-#include "graph/graphhooks.h"
 #include "graph/graphscene.h"
 #include "graph/ionode.h"
 #include "graph/nodefactory.h"
@@ -127,7 +126,7 @@ TransformNode *NodeAdder::addTransform(const Transform &prototype)
         emit m_scene.showWarningMessage(refusal(prototype));
         return nullptr;
     }
-    const UndoStep step(QStringLiteral("add '%1'").arg(prototype.displayName()));
+    const UndoStep step(m_scene, QStringLiteral("add '%1'").arg(prototype.displayName()));
     const WaitCursor cursor;
     TransformNode *node = buildTransform(prototype);
     finishTransform(node);
@@ -214,7 +213,7 @@ void NodeAdder::finishTransform(TransformNode *node)
     RunControl::keepAlive();
     m_scene.runChangesIfAuto();
     if (m_scene.transformNodes().size() >= shortcutTipFrom) {
-        GraphHooks::instance().tip(QStringLiteral("tip_transform_shortcut"), QStringLiteral("Keyboard shortcut"),
+        m_scene.document()->hooks.tip(QStringLiteral("tip_transform_shortcut"), QStringLiteral("Keyboard shortcut"),
             QStringLiteral("Add a new transform quickly by typing a few letters of it's name."), tipMs);
     }
     focusCanvas();
@@ -246,7 +245,7 @@ QList<IONode *> NodeAdder::addInputs(const QStringList &paths, const QPointF &sc
     }
     QList<IONode *> added;
     if (!accepted.isEmpty()) {
-        const UndoStep step(anyFile ? QStringLiteral("add file(s)") : QStringLiteral("add folder(s)"));
+        const UndoStep step(m_scene, anyFile ? QStringLiteral("add file(s)") : QStringLiteral("add folder(s)"));
         QPointF centre = scenePos.isNull() ? NodePlacement::newInputCentre(m_scene.nodes()) : scenePos;
         m_scene.clearSelection();
         for (const QString &path : qAsConst(accepted)) {
@@ -301,7 +300,7 @@ IONode *NodeAdder::addClipboardInput(const QString &text, const QPointF &scenePo
     if (!NodeFactory::instance().createClipboardInput) {
         return nullptr;
     }
-    const UndoStep step(QStringLiteral("add clipboard"));
+    const UndoStep step(m_scene, QStringLiteral("add clipboard"));
     IONode *node = NodeFactory::instance().createClipboardInput(text);
     if (!node) {
         return nullptr;
@@ -322,7 +321,7 @@ IONode *NodeAdder::addOutput(const QString &path, int fileType)
     if (selected.size() != 1 || selected.first()->maxOutputs() == 0 || !NodeFactory::instance().createOutput) {
         return nullptr;
     }
-    const UndoStep step(QStringLiteral("add output"));
+    const UndoStep step(m_scene, QStringLiteral("add output"));
     IONode *node = NodeFactory::instance().createOutput(path, fileType);
     if (!node) {
         return nullptr;
@@ -350,7 +349,7 @@ Node *NodeAdder::addChart()
     if (selected.size() != 1 || selected.first()->maxOutputs() == 0 || !NodeFactory::instance().createChart) {
         return nullptr;
     }
-    const UndoStep step(QStringLiteral("add chart"));
+    const UndoStep step(m_scene, QStringLiteral("add chart"));
     Node *node = NodeFactory::instance().createChart();
     if (!node) {
         return nullptr;
@@ -379,7 +378,7 @@ void NodeAdder::addLeaf(Node *node, Node *source)
 
 NoteNode *NodeAdder::addNote(const QPointF &pos, int arrowType)
 {
-    const UndoStep step(QStringLiteral("add note"));
+    const UndoStep step(m_scene, QStringLiteral("add note"));
     m_scene.clearSelection();
     auto *node = new NoteNode(arrowType);
     const QPointF centre = pos + NodePlacement::noteOffset(arrowType);

@@ -78,6 +78,7 @@ QVariant Node::itemChange(GraphicsItemChange change, const QVariant &value)
     if (change == ItemPositionHasChanged && !m_connections.isEmpty()) {
         ConnectionLayout::layOut({this});
     } else if (change == ItemSceneHasChanged) {
+        takeNumber();
         m_look->updateShadow();
     }
     return QGraphicsObject::itemChange(change, value);
@@ -95,10 +96,10 @@ void Node::mousePressEvent(QGraphicsSceneMouseEvent *event)
 
 void Node::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 {
-    GraphScene *owner = graphScene();
+    const GraphScene *owner = graphScene();
     const bool drags = event->buttons() & Qt::LeftButton && flags() & ItemIsMovable;
     if (owner && drags && !m_moveStep) {
-        m_moveStep = std::make_unique<UndoStep>(QStringLiteral("move item(s)"));
+        m_moveStep = std::make_unique<UndoStep>(*owner, QStringLiteral("move item(s)"));
     }
     const QPointF before = pos();
     QGraphicsObject::mouseMoveEvent(event);

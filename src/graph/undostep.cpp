@@ -1,50 +1,39 @@
 #include "graph/undostep.h"
 
-#include <utility>
+#include "graph/documentstate.h"
+#include "graph/graphscene.h"
+#include "graph/node.h"
 
-bool UndoStep::s_open = false;
-
-namespace {
-
-struct Hooks
+UndoStep::UndoStep(const GraphScene &scene, const QString &hint)
+    : UndoStep(scene.document(), hint)
 {
-    std::function<void(const QString &)> begin;
-    std::function<void()> end;
-};
-
-Hooks &hooks()
-{
-    static Hooks instance;
-    return instance;
 }
 
-} // namespace
-
-UndoStep::UndoStep(const QString &hint)
-    : m_outermost(!s_open)
+UndoStep::UndoStep(const Node &node, const QString &hint)
+    : UndoStep(node.graphScene() ? node.graphScene()->document() : nullptr, hint)
 {
-    if (!m_outermost) {
+}
+
+UndoStep::UndoStep(std::shared_ptr<DocumentState> document, const QString &hint)
+    : m_document(std::move(document))
+    , m_isOutermost(m_document && !m_document->isUndoStepOpen)
+{
+    if (!m_isOutermost) {
         return;
     }
-    if (hooks().begin) {
-        hooks().begin(hint);
+    if (m_document->hooks.beginUndoStep) {
+        m_document->hooks.beginUndoStep(hint);
     }
-    s_open = true;
+    m_document->isUndoStepOpen = true;
 }
 
 UndoStep::~UndoStep()
 {
-    if (!m_outermost) {
+    if (!m_isOutermost) {
         return;
     }
-    s_open = false;
-    if (hooks().end) {
-        hooks().end();
+    m_document->isUndoStepOpen = false;
+    if (m_document->hooks.endUndoStep) {
+        m_document->hooks.endUndoStep();
     }
-}
-
-void UndoStep::install(std::function<void(const QString &hint)> begin, std::function<void()> end)
-{
-    hooks().begin = std::move(begin);
-    hooks().end = std::move(end);
 }

@@ -1,24 +1,29 @@
 #pragma once
 
 #include <QString>
-#include <functional>
+#include <memory>
 
-/// A scope that makes one step of undo: what changes in it is taken back together. Steps nest; only the outermost
-/// counts. Without installed hooks it does nothing.
+class GraphScene;
+class Node;
+struct DocumentState;
+
+/// A scope that makes one step of undo: what changes in it is taken back together. Steps of one document nest; only the
+/// outermost counts. Without a window (GraphHooks) it does nothing.
 class UndoStep
 {
 public:
-    /// `hint` names the step in the menu, such as "add note".
-    explicit UndoStep(const QString &hint);
+    /// `scene` is one of the document that is about to change, and may be gone when the step ends. `hint` names the
+    /// step in the menu, such as "add note".
+    UndoStep(const GraphScene &scene, const QString &hint);
+    /// A change of one item; nothing where that is in no scene.
+    UndoStep(const Node &node, const QString &hint);
     ~UndoStep();
     UndoStep(const UndoStep &) = delete;
     UndoStep &operator=(const UndoStep &) = delete;
 
-    static bool isOpen() { return s_open; }
-    /// `begin` runs before the change with its hint, `end` after it.
-    static void install(std::function<void(const QString &hint)> begin, std::function<void()> end);
-
 private:
-    bool m_outermost;
-    static bool s_open;
+    UndoStep(std::shared_ptr<DocumentState> document, const QString &hint);
+
+    const std::shared_ptr<DocumentState> m_document;
+    const bool m_isOutermost;
 };

@@ -7,22 +7,6 @@
 #include <QFileInfo>
 #include <QTimer>
 
-namespace {
-
-struct WatchDelays
-{
-    int quietMs = 5000;
-    int busyMs = 2000;
-};
-
-WatchDelays &watchDelays()
-{
-    static WatchDelays delays;
-    return delays;
-}
-
-} // namespace
-
 InputNode::InputNode(const InputOptions &options, int id)
     : IONode(id)
 {
@@ -111,11 +95,6 @@ std::function<void(double)> InputNode::progressPart(double start, double end)
 
 // Watching
 
-void InputNode::setWatchDelays(int quietMs, int busyMs)
-{
-    watchDelays() = {quietMs, busyMs};
-}
-
 void InputNode::connectToScene(GraphScene *scene)
 {
     IONode::connectToScene(scene);
@@ -166,14 +145,15 @@ void InputNode::onWatchedChanged()
         m_importTimer->setSingleShot(true);
         connect(m_importTimer, &QTimer::timeout, this, &InputNode::onDelayedImport);
     }
-    m_importTimer->start(watchDelays().quietMs);
+    const GraphScene *scene = graphScene();
+    m_importTimer->start(scene ? scene->document()->watchDelays.quiet : 0);
 }
 
 void InputNode::onDelayedImport()
 {
     const GraphScene *scene = graphScene();
     if (scene && scene->isProcessing()) {
-        m_importTimer->start(watchDelays().busyMs);
+        m_importTimer->start(scene->document()->watchDelays.busy);
     } else {
         emit sourceChanged(this);
     }

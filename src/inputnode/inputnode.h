@@ -58,9 +58,6 @@ public:
     void connectToScene(GraphScene *scene) override;
     void goToRest() override;
 
-    /// Waits between a change of a watched file and the new reading: for the file to rest, and for a run to end.
-    static void setWatchDelays(int quietMs, int busyMs);
-
 signals:
     /// The source has changed and is to be read again.
     void sourceChanged(Node *node);

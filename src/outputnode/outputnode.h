@@ -6,7 +6,6 @@
 #include "outputs/outputoptions.h"
 
 #include <QSet>
-#include <functional>
 
 class TextSink;
 struct ExcelFormats;
@@ -69,11 +68,6 @@ public:
     QColor borderColor() const override;
     QColor boxColor() const override;
     QColor textColor() const override;
-
-    /// Shows a text under a title and asks whether to go on.
-    using Confirmation = std::function<bool(const QString &title, const QString &text)>;
-    /// Who is asked before many files are written; nobody at first, which goes for a yes.
-    static void setConfirmation(Confirmation confirmation);
 
     // How the columns of the table will be written; none is Automatic
     ExcelFormats automaticExcelFormats() const;

@@ -8,21 +8,6 @@
 
 #include <QFile>
 
-namespace {
-
-OutputNode::Confirmation &installedConfirmation()
-{
-    static OutputNode::Confirmation confirmation;
-    return confirmation;
-}
-
-} // namespace
-
-void OutputNode::setConfirmation(Confirmation confirmation)
-{
-    installedConfirmation() = std::move(confirmation);
-}
-
 bool OutputNode::writeMultipleFiles()
 {
     if (m_options.writeMode == WriteMode::Disabled) {
@@ -63,8 +48,8 @@ bool OutputNode::confirm(const MultiFileTargets &plan)
     if (summary.count == 0) {
         return false;
     }
-    const Confirmation &ask = installedConfirmation();
-    if (ask && !ask(QStringLiteral("Multi file output"), summary.text)) {
+    const GraphScene *scene = graphScene();
+    if (scene && !scene->document()->hooks.confirmFiles(QStringLiteral("Multi file output"), summary.text)) {
         m_warnings.append(QStringLiteral("Output cancelled by user"));
         return false;
     }

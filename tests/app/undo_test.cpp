@@ -94,7 +94,7 @@ protected:
     }
     void move(int id) const
     {
-        const UndoStep step(QStringLiteral("move item(s)"));
+        const UndoStep step(scene(), QStringLiteral("move item(s)"));
         node(id).moveBy(0, 239.4);
         scene().onPosChanged({&node(id)});
     }
@@ -173,7 +173,7 @@ TEST_F(UndoTest, EachCommandIsTakenBackAndBroughtAgain)
         {"&Undo move item(s)", [this] { move(sortId); }},
         {"&Undo comment changed",
             [this] {
-                const UndoStep step(QStringLiteral("comment changed"));
+                const UndoStep step(scene(), QStringLiteral("comment changed"));
                 node(sortId).setComment(QStringLiteral("why"));
             }},
     };
@@ -222,7 +222,7 @@ TEST_F(UndoTest, WhatChangesNothingLeavesNoStep)
 {
     scene().addNote(QPointF(0, 500), 0);
     {
-        const UndoStep step(QStringLiteral("nothing"));
+        const UndoStep step(scene(), QStringLiteral("nothing"));
     }
     EXPECT_EQ(action("m_editUndoAction").text(), QStringLiteral("&Undo add note"));
     trigger("m_editPasteAction");

@@ -140,7 +140,6 @@ TEST(CatalogueWalk, CopiesAndDuplicatesGiveTheSame)
         SCOPED_TRACE(row.typeName);
         GraphScene scene;
         readText(documentWith(row.typeName, inputsOf(row), smallTable), scene);
-        Node::setNextId(100);
         scene.runTransforms(RunMode::Everything, true);
         const QList<ColumnId> ids = scene.nodeById(topId)->datasetConst().columnIds();
         chooseColumns(*transformIn(scene)->transform(), {ids.at(1), ids.at(3)});

@@ -1,7 +1,8 @@
 #include "document/documentfile.h"
 #include "document/documenthandle.h"
 #include "document/sampledocument.h"
-#include "graph/node.h"
+#include "graph/graphscene.h"
+#include "graph/notenode.h"
 #include "support/printers.h"
 
 #include <QFile>
@@ -156,9 +157,25 @@ TEST_F(DocumentFileTest, SavedAndOpenedAgainItIsTheSame)
     EXPECT_TRUE(m_scene.snapToGrid());
     EXPECT_EQ(m_loaded.locale, QStringLiteral("en_US"));
     EXPECT_EQ(m_loaded.batch, batch);
-    EXPECT_EQ(Node::nextId(), 8) << "new items come behind the largest id";
+    EXPECT_EQ(m_scene.document()->nextId, 8) << "new items come behind the largest id";
     ASSERT_EQ(save(path), QString());
     EXPECT_EQ(withoutSaver(read(path)).toStdString(), withoutSaver(first).toStdString());
+}
+
+TEST_F(DocumentFileTest, ReadingAsideLeavesTheOpenDocumentAlone)
+{
+    ASSERT_EQ(load(write("open.transform", fullDocument())), QString());
+    const std::unique_ptr<GraphScene> kept = m_scene.copy();
+    const NoteNode *first = kept->addNote({}, NoteNode::NoArrow);
+    EXPECT_EQ(first->id(), 8);
+
+    GraphScene aside;
+    LoadedDocument loaded;
+    QString error;
+    ASSERT_TRUE(loadDocument(
+        write("small.transform", "<!DOCTYPE Quillmere><root/>"), aside, [] {}, loaded, error));
+    EXPECT_EQ(aside.addNote({}, NoteNode::NoArrow)->id(), 0) << "a new document begins anew";
+    EXPECT_EQ(m_scene.addNote({}, NoteNode::NoArrow)->id(), 9) << "one id in all scenes of a document";
 }
 
 TEST_F(DocumentFileTest, SavingLeavesTheHashSeedAlone)

@@ -1,6 +1,5 @@
 #include "graphfixture.h"
 
-#include "graph/graphhooks.h"
 #include "graph/nodefactory.h"
 #include "graph/nodeplacement.h"
 #include "transforms/catalogue.h"
@@ -9,7 +8,6 @@
 GraphTest::GraphTest()
 {
     qRegisterMetaType<TransformNode *>();
-    Node::setNextId(0);
     RunControl::reset();
     RunControl::setMemoryReader([] { return 0.0; });
     scene.setAutoRunOn(false);
@@ -22,7 +20,6 @@ GraphTest::~GraphTest()
 {
     RunControl::reset();
     NodeFactory::instance() = NodeFactory();
-    GraphHooks::instance() = GraphHooks();
 }
 
 void GraphTest::place(Node *node, const QString &name, double column, double row)

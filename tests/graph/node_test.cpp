@@ -7,15 +7,24 @@ using NodeTest = GraphTest;
 
 TEST_F(NodeTest, IdsAreCountedUnlessGiven)
 {
-    Node::setNextId(7);
-    const FakeInput first;
-    const FakeInput stored(Dataset(), 3);
-    FakeInput second;
-    EXPECT_EQ(first.id(), 7);
-    EXPECT_EQ(stored.id(), 3);
-    EXPECT_EQ(second.id(), 8);
-    second.setId(-1);
-    EXPECT_EQ(second.id(), 9);
+    const auto added = [this](int id) {
+        Node *node = new FakeInput(Dataset(), id);
+        scene.insertNode(node, {});
+        return node;
+    };
+    scene.document()->nextId = 7;
+    EXPECT_EQ(added(-1)->id(), 7);
+    EXPECT_EQ(added(3)->id(), 3);
+    Node *second = added(-1);
+    EXPECT_EQ(second->id(), 8);
+    EXPECT_EQ(added(20)->id(), 20);
+    second->setId(-1);
+    EXPECT_EQ(second->id(), 21) << "behind the largest of the document";
+    GraphScene other;
+    Node *elsewhere = new FakeInput;
+    other.insertNode(elsewhere, {});
+    EXPECT_EQ(elsewhere->id(), 0) << "each document counts for itself";
+    EXPECT_EQ(added(-1)->id(), 22);
 }
 
 TEST_F(NodeTest, StatePropagatesThroughUnchangedNodes)

@@ -56,9 +56,10 @@ protected:
             node->setFileType(fileType);
             return node;
         };
-        UndoStep::install([this](const QString &hint) { hints.append(hint); }, {});
+        hooks().beginUndoStep = [this](const QString &hint) { hints.append(hint); };
     }
-    ~SceneTest() override { UndoStep::install({}, {}); }
+
+    GraphHooks &hooks() { return scene.document()->hooks; }
 
     QString aliasesOf(const QList<Node *> &nodes) const
     {
@@ -346,9 +347,7 @@ TEST_F(SceneTest, ATransformIsAddedByNameFromAMenu)
 TEST_F(SceneTest, TheShortcutTipComesWithTheSixthTransform)
 {
     QStringList tips;
-    GraphHooks::instance().showTip = [&](const QString &key, const QString &, const QString &, int) {
-        tips.append(key);
-    };
+    hooks().showTip = [&](const QString &key, const QString &, const QString &, int) { tips.append(key); };
     Node *in = input("in", 0, 0);
     for (int i = 0; i < 6; ++i) {
         EXPECT_TRUE(tips.isEmpty());
@@ -564,7 +563,7 @@ TEST_F(SceneTest, WhatDeletingLeaves)
 TEST_F(SceneTest, DeletingOnlyConnectionsGivesATip)
 {
     QStringList tips;
-    GraphHooks::instance().showTip = [&](const QString &key, const QString &, const QString &, int ms) {
+    hooks().showTip = [&](const QString &key, const QString &, const QString &, int ms) {
         tips.append(key + ' ' + QString::number(ms));
     };
     Node *in = input("in", 0, 0);
@@ -592,7 +591,7 @@ TEST_F(SceneTest, DisconnectingAsksWhenColumnOptionsAreAtStake)
     run();
     QStringList questions;
     bool answer = false;
-    GraphHooks::instance().ask = [&](const QString &text) {
+    hooks().ask = [&](const QString &text) {
         questions.append(text);
         return answer;
     };
@@ -697,7 +696,7 @@ TEST_F(SceneTest, DraggingMovesTheSelectionAndItsNotesInOneStep)
     }
     sendMouse(scene, QEvent::GraphicsSceneMouseRelease, {350, 45});
     EXPECT_EQ(hints, QStringList({"move item(s)"}));
-    EXPECT_FALSE(UndoStep::isOpen());
+    EXPECT_FALSE(scene.document()->isUndoStepOpen);
     EXPECT_EQ(moved.size(), 1);
     EXPECT_EQ(in->pos(), QPointF(NodePlacement::gridWidth, 0));
     EXPECT_EQ(note->pos(), QPointF(NodePlacement::gridWidth, NodePlacement::gridHeight));
@@ -761,13 +760,13 @@ TEST_F(SceneTest, AChangedSourceRunsWithAutoRun)
 TEST_F(SceneTest, UndoStepsNest)
 {
     int ends = 0;
-    UndoStep::install([this](const QString &hint) { hints.append(hint); }, [&] { ++ends; });
+    hooks().endUndoStep = [&] { ++ends; };
     {
-        const UndoStep outer("outer");
-        const UndoStep inner("inner");
-        EXPECT_TRUE(UndoStep::isOpen());
+        const UndoStep outer(scene, "outer");
+        const UndoStep inner(scene, "inner");
+        EXPECT_TRUE(scene.document()->isUndoStepOpen);
     }
-    EXPECT_FALSE(UndoStep::isOpen());
+    EXPECT_FALSE(scene.document()->isUndoStepOpen);
     EXPECT_EQ(hints, QStringList({"outer"}));
     EXPECT_EQ(ends, 1);
 }

@@ -16,14 +16,13 @@ class WatchingTest : public testing::Test
 protected:
     void SetUp() override
     {
-        InputNode::setWatchDelays(0, 0);
+        m_scene.document()->watchDelays = {0, 0};
         m_scene.setAutoRunOn(false);
         write(path(), "a\n1\n");
         m_node = new InputNode(options());
         m_scene.insertNode(m_node, QPointF());
         m_node->process(false, false);
     }
-    void TearDown() override { InputNode::setWatchDelays(5000, 2000); }
 
     QString path() const { return m_dir.filePath("in.csv"); }
 

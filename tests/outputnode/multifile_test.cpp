@@ -26,7 +26,6 @@ public:
             o.lineEndings = LineEndings::Unix;
         });
     }
-    ~MultiFlow() { OutputNode::setConfirmation({}); }
 };
 
 QStringList targetTexts(const MultiFileTargets &plan)
@@ -269,10 +268,10 @@ TEST(OutputNode, AsksBeforeItWritesManyFiles)
             o.writeMode = c.mode;
         });
         QStringList asked;
-        OutputNode::setConfirmation([&](const QString &title, const QString &text) {
+        flow.scene.document()->hooks.askAboutFiles = [&](const QString &title, const QString &text) {
             asked = QStringList{title, text};
             return c.answer;
-        });
+        };
         EXPECT_EQ(flow.run(), c.state);
         asked.replaceInStrings(flow.folder.path(), "{dir}").replaceInStrings("{in.fname}", "new");
         EXPECT_EQ(asked, c.asked);
@@ -287,7 +286,7 @@ TEST(OutputNode, AsksNothingWhereNothingWouldBeWritten)
     MultiFlow flow({"a|file", "1|old.csv"});
     flow.put("old.csv", "old");
     bool asked = false;
-    OutputNode::setConfirmation([&](const QString &, const QString &) { return asked = true; });
+    flow.scene.document()->hooks.askAboutFiles = [&](const QString &, const QString &) { return asked = true; };
     flow.changeOptions([](OutputOptions &o) { o.writeMode = WriteMode::New; });
     EXPECT_EQ(flow.run(), NodeState::Processed) << "not confirmed: a file that is there is no failure";
     EXPECT_EQ(

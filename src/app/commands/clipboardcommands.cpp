@@ -28,7 +28,7 @@ void ClipboardCommands::cut()
 {
     GraphScene &scene = m_context.session.scene();
     if (!scene.isProcessing() && !scene.nodes(true).isEmpty()) {
-        const UndoStep step(QStringLiteral("cut"));
+        const UndoStep step(scene, QStringLiteral("cut"));
         copy();
         m_context.itemPane.letGo();
         scene.deleteSelected();
@@ -47,7 +47,7 @@ void ClipboardCommands::paste()
     if (session.scene().isProcessing()) {
         return;
     }
-    const UndoStep step(QStringLiteral("paste"));
+    const UndoStep step(session.scene(), QStringLiteral("paste"));
     const WaitCursor cursor;
     session.scene().clearSelection();
     if (!canPaste()) {

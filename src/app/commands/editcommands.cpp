@@ -15,7 +15,7 @@
 void EditCommands::deleteSelected()
 {
     if (!m_context.session.scene().isProcessing()) {
-        const UndoStep step(QStringLiteral("delete"));
+        const UndoStep step(m_context.session.scene(), QStringLiteral("delete"));
         m_context.itemPane.letGo();
         m_context.session.scene().deleteSelected();
     }

@@ -46,7 +46,7 @@ bool ParameterWidget::commit()
     if (edited == m_parameter->value() && !m_parameter->hasDeferredText()) {
         return false;
     }
-    const UndoStep step(QStringLiteral("'%1' change").arg(m_parameter->label()));
+    const UndoStep step(*m_node, QStringLiteral("'%1' change").arg(m_parameter->label()));
     m_parameter->setValue(edited);
     return true;
 }

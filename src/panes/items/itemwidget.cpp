@@ -19,7 +19,7 @@ Node *ItemWidget::node() const
 void ItemWidget::setNodeComment(const QString &text)
 {
     if (m_node && text != m_node->comment()) {
-        const UndoStep step(QStringLiteral("comment changed"));
+        const UndoStep step(*m_node, QStringLiteral("comment changed"));
         m_node->setComment(text);
         emit nodeCommentChanged(m_node);
     }

@@ -83,7 +83,7 @@ void NoteItemWidget::typeText(QChar c)
 void NoteItemWidget::setArrow(int arrow)
 {
     if (note() && arrow != note()->arrow()) {
-        const UndoStep step(QStringLiteral("comment changed"));
+        const UndoStep step(*note(), QStringLiteral("comment changed"));
         note()->setArrow(arrow);
         emit nodeCommentChanged(note());
     }
@@ -93,7 +93,7 @@ void NoteItemWidget::chooseColor()
 {
     const QColor color = note() ? QColorDialog::getColor(note()->color(), this) : QColor();
     if (color.isValid() && note() && color != note()->color()) {
-        const UndoStep step(QStringLiteral("comment changed"));
+        const UndoStep step(*note(), QStringLiteral("comment changed"));
         note()->setColor(color);
         emit nodeCommentChanged(note());
         showColor();

@@ -1,7 +1,0 @@
-#include "graph/graphhooks.h"
-
-GraphHooks &GraphHooks::instance()
-{
-    static GraphHooks hooks;
-    return hooks;
-}
