@@ -65,6 +65,7 @@ MainWindow::MainWindow(Application &application, const CommandLine &commandLine,
     connectCommands();
     connectCanvas(context, m_actions, *m_groups);
     connectActionPane(context, *m_groups);
+    connectItemPane(context, *this);
     m_interaction = std::make_unique<PaneInteraction>(context);
     m_wiring = std::make_unique<SceneWiring>(context, *this, *m_documents, m_groups->runs);
     m_wiring->onSceneChanged(nullptr, &scene());
@@ -95,7 +96,7 @@ void MainWindow::buildPanes()
     m_graphPane = new GraphPane;
     m_logPane = new LogPane;
     m_actionPane = new ActionPane(m_application.transforms());
-    m_itemPane = new ItemPane;
+    m_itemPane = new ItemPane(m_prompts);
     m_layout = std::make_unique<PaneLayout>(m_actionPane, m_graphPane, m_logPane, m_itemPane);
     setCentralWidget(m_layout->splitter());
     m_statusBar = new StatusBar;
@@ -120,7 +121,6 @@ void MainWindow::connectCommands()
     connect(&m_undo, &UndoStack::changed, this, &MainWindow::updateActions);
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &MainWindow::updateActions);
     connect(m_recentMenu.get(), &RecentMenu::updated, this, &MainWindow::updateActions);
-    connect(m_itemPane, &ItemPane::nodeCommentChanged, this, &MainWindow::onDocumentChanged);
     connect(m_graphPane, &GraphPane::zoomChanged, this, &MainWindow::updateActions);
 }
 
@@ -158,6 +158,7 @@ void MainWindow::start()
     restoreFolders(m_application, settings);
     show();
     restoreLayout(*this, settings);
+    m_layout->restore(settings);
     m_graphPane->setFocus();
     QTimer::singleShot(0, this, &MainWindow::onStarted);
 }

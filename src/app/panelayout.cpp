@@ -49,6 +49,14 @@ void PaneLayout::restore(const Settings &settings)
         m_widths[pane] = qMax(leastWidth, stored[pane]);
         widths[pane] = stored[pane] > 0 ? m_widths[pane] : 0;
     }
+    // A window that is wider or narrower than it was gives each pane its share.
+    const int total = stored[Left] + stored[Centre] + stored[Right];
+    const int present = m_splitter->window()->width();
+    if (widths[Right] > 0 && total > 0) {
+        m_widths[Right] = qMax(leastWidth, stored[Right] * present / total);
+        widths[Right] = m_widths[Right];
+    }
+    widths[Centre] = qMax(1, present - widths[Left] - widths[Right]);
     m_splitter->setSizes(widths);
     onHSplitterMoved();
 }

@@ -4,9 +4,11 @@
 #include "app/commands/commandgroups.h"
 #include "app/documentsession.h"
 #include "app/mainactions.h"
+#include "app/mainwindow.h"
 #include "app/uithemes.h"
 #include "graph/graphenums.h"
 #include "graph/graphscene.h"
+#include "graph/node.h"
 #include "panes/actions/actionpane.h"
 #include "panes/canvas/graphpane.h"
 #include "panes/items/itempane.h"
@@ -58,4 +60,12 @@ void connectActionPane(const CommandContext &context, CommandGroups &groups)
     pane->onThemeChanged();
     auto *toFilter = new QShortcut(Qt::CTRL + Qt::Key_K, &context.window);
     QObject::connect(toFilter, &QShortcut::activated, pane, &ActionPane::onSetFocusToTransformFilter);
+}
+
+void connectItemPane(const CommandContext &context, MainWindow &window)
+{
+    ItemPane *pane = &context.itemPane;
+    QObject::connect(pane, &ItemPane::nodeCommentChanged, &window, &MainWindow::onDocumentChanged);
+    QObject::connect(pane, &ItemPane::changeNeedsSave, &window, &MainWindow::onDocumentChanged);
+    QObject::connect(pane, &ItemPane::nodeStatusChanged, &window, &MainWindow::updateActions);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+class MainWindow;
 struct CommandContext;
 struct CommandGroups;
 struct MainActions;
@@ -8,3 +9,5 @@ struct MainActions;
 void connectActionPane(const CommandContext &context, CommandGroups &groups);
 /// Gives the canvas the actions of its menu, and connects what it asks for to the commands and to the right pane.
 void connectCanvas(const CommandContext &context, const MainActions &actions, CommandGroups &groups);
+/// Lets edits in the right pane mark the document as changed.
+void connectItemPane(const CommandContext &context, MainWindow &window);

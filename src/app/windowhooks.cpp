@@ -3,7 +3,6 @@
 #include "app/application.h"
 #include "app/documentcommands.h"
 #include "app/documentsession.h"
-#include "app/tips.h"
 #include "app/undostack.h"
 #include "graph/graphscene.h"
 #include "graph/runcontrol.h"
@@ -11,6 +10,7 @@
 #include "panes/dialogs/insufficientmemorydialog.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/dialogs/texteditdlg.h"
+#include "panes/widgets/tips.h"
 #include "platform/waitcursor.h"
 #include "settings/settings.h"
 

@@ -182,12 +182,17 @@ QVariant Settings::stored(const QString &key) const
     return value;
 }
 
+void Settings::forget(const QString &key)
+{
+    m_cache.remove(key);
+    m_store->remove(key);
+}
+
 void Settings::store(const QString &key, const QVariant &value)
 {
     const QVariant old = m_notifier ? stored(key) : QVariant();
     if (isLocaleThatNobodyChose(key, value)) {
-        m_cache.remove(key);
-        m_store->remove(key);
+        forget(key);
     } else {
         m_cache.insert(key, value);
         m_store->setValue(key, value);
@@ -277,6 +282,12 @@ QVariant Settings::transformDefault(const QString &type, const QString &paramete
     return value.isValid() ? value : fallback;
 }
 
+void Settings::removeDefaultOption(
+    const QString &kind, const QString &type, const QString &extension, const QString &option)
+{
+    forget(optionKey(kind, type, extension, option));
+}
+
 bool Settings::hasTransformDefault(const QString &type, const QString &parameter) const
 {
     return isStored(transformKey(type, parameter));
@@ -285,6 +296,11 @@ bool Settings::hasTransformDefault(const QString &type, const QString &parameter
 void Settings::setTransformDefault(const QString &type, const QString &parameter, const QVariant &value)
 {
     store(transformKey(type, parameter), value);
+}
+
+void Settings::removeTransformDefault(const QString &type, const QString &parameter)
+{
+    forget(transformKey(type, parameter));
 }
 
 QColor Settings::customColor(int role, const QColor &fallback) const

@@ -77,11 +77,13 @@ public:
         const QString &kind, const QString &type, const QString &extension, const QString &option) const;
     void setDefaultOption(const QString &kind, const QString &type, const QString &extension, const QString &option,
         const QVariant &value);
+    void removeDefaultOption(const QString &kind, const QString &type, const QString &extension, const QString &option);
 
     // What users saved as defaults for new transforms, by stored type name and key of the option
     QVariant transformDefault(const QString &type, const QString &parameter, const QVariant &fallback = {}) const;
     bool hasTransformDefault(const QString &type, const QString &parameter) const;
     void setTransformDefault(const QString &type, const QString &parameter, const QVariant &value);
+    void removeTransformDefault(const QString &type, const QString &parameter);
 
     /// Colour of one role in the custom scheme.
     QColor customColor(int role, const QColor &fallback = QColor()) const;
@@ -118,6 +120,7 @@ public:
 private:
     QVariant stored(const QString &key) const;
     void store(const QString &key, const QVariant &value);
+    void forget(const QString &key);
     void announce(const QString &key) const;
     void announceDefault(const QString &key) const;
     bool moveTo(std::unique_ptr<QSettings> target);

@@ -479,14 +479,15 @@ TEST_F(CanvasTest, TheRightPaneShowsTheSelectedItem)
     auto &table = *right.findChild<QTableView *>();
     EXPECT_EQ(table.model()->rowCount(), 2);
     EXPECT_EQ(table.model()->index(0, 1).data().toString(), QStringLiteral("x"));
-    EXPECT_EQ(right.findChild<QTabWidget *>()->tabText(1), QStringLiteral("Warnings"));
-    EXPECT_EQ(right.findChild<QTabWidget *>()->tabText(2), QStringLiteral("Info (1)"));
-
-    for (QPlainTextEdit *edit : right.findChildren<QPlainTextEdit *>()) {
-        if (!edit->isReadOnly()) {
-            edit->setPlainText(QStringLiteral("by name"));
-        }
+    const auto &tabs = *right.findChild<QTabWidget *>();
+    const QStringList names{"Data", "Characters", "Warnings", "Info", "Details", "Comment"};
+    for (int tab = 0; tab < names.size(); ++tab) {
+        EXPECT_EQ(tabs.tabText(tab), names.at(tab));
+        EXPECT_EQ(tabs.tabIcon(tab).isNull(), tab != 3) << "only information has come of it";
     }
+    auto *comment = qobject_cast<QPlainTextEdit *>(tabs.widget(5));
+    ASSERT_TRUE(comment);
+    comment->setPlainText(QStringLiteral("by name"));
     select(outputId);
     EXPECT_EQ(node(sortId).comment(), QStringLiteral("by name")) << "taken when the item is left";
     trigger("m_editUndoAction");

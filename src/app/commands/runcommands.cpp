@@ -3,13 +3,13 @@
 #include "app/documentsession.h"
 #include "app/mainactions.h"
 #include "app/rowsmilestone.h"
-#include "app/tips.h"
 #include "graph/graphscene.h"
 #include "graph/node.h"
 #include "graph/runcontrol.h"
 #include "panes/canvas/timingprofile.h"
 #include "panes/status/logpane.h"
 #include "panes/status/statusbar.h"
+#include "panes/widgets/tips.h"
 
 #include <QMessageBox>
 #include <QTimer>

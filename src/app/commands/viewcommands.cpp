@@ -4,7 +4,6 @@
 #include "app/documentsession.h"
 #include "app/mainactions.h"
 #include "app/panelayout.h"
-#include "app/tips.h"
 #include "app/twoscreenmode.h"
 #include "app/uithemes.h"
 #include "graph/graphscene.h"
@@ -12,6 +11,7 @@
 #include "panes/canvas/graphpane.h"
 #include "panes/canvas/timingprofile.h"
 #include "panes/status/logpane.h"
+#include "panes/widgets/tips.h"
 #include "settings/settings.h"
 
 #include <QSignalBlocker>

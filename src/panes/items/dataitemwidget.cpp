@@ -1,98 +1,192 @@
 #include "panes/items/dataitemwidget.h"
 
+#include "data/dataset.h"
 #include "data/values.h"
+#include "graph/graphscene.h"
 #include "graph/node.h"
+#include "graph/runcontrol.h"
+#include "panes/items/datapage.h"
+#include "panes/items/datasetexport.h"
+#include "panes/items/itemtoolrow.h"
 #include "panes/table/datatablemodel.h"
+#include "panes/table/datatableview.h"
+#include "panes/widgets/countmark.h"
+#include "panes/widgets/plaintext.h"
+#include "panes/widgets/tips.h"
+#include "settings/settings.h"
 
-#include <QHeaderView>
-#include <QLabel>
+#include <QAbstractItemView>
+#include <QApplication>
 #include <QPlainTextEdit>
-#include <QStackedLayout>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSplitter>
 #include <QTabWidget>
-#include <QTableView>
+#include <QTextBrowser>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
 
-enum Tab { Data, Warnings, Info, Details, Comment };
+enum Tab { Data, Characters, Warnings, Info, Details, Comment };
+
+constexpr int commentPauseMs = 500;
+constexpr int tipMs = 8000;
 
 QString detailsOf(const Node &node)
 {
-    QStringList lines;
-    for (const InfoRow &row : node.generalRows() + node.kindRows() + node.optionRows()) {
+    QString html = QStringLiteral("<table cellpadding='2'>");
+    for (const InfoRow &row : node.generalRows() + node.kindRows() + node.optionRows() + node.commentRows()) {
         if (!row.second.isEmpty()) {
-            lines.append(QStringLiteral("%1: %2").arg(row.first, row.second));
+            html += QStringLiteral("<tr><td><b>%1</b></td><td style='white-space: pre-wrap'>%2</td></tr>")
+                        .arg(row.first.toHtmlEscaped(), row.second.toHtmlEscaped());
         }
     }
-    return lines.join(QLatin1Char('\n'));
+    return html + QStringLiteral("</table>");
 }
 
 } // namespace
 
 DataItemWidget::DataItemWidget(Node &item, QWidget *parent)
     : ItemWidget(item, parent)
-    , m_name(new QLabel)
-    , m_state(new QLabel)
+    , m_tools(new ItemToolRow)
+    , m_splitter(new QSplitter(Qt::Vertical))
+    , m_options(new QScrollArea)
     , m_tabs(new QTabWidget)
-    , m_table(new QTableView)
-    , m_model(new DataTableModel(this))
-    , m_tooBig(new QLabel)
+    , m_data(new DataPage)
+    , m_commentPause(new QTimer(this))
 {
-    QFont bold = font();
-    bold.setBold(true);
-    m_name->setFont(bold);
-    m_name->setTextFormat(Qt::PlainText);
-    m_name->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_name->setWordWrap(true);
-    m_state->setTextFormat(Qt::PlainText);
-    m_state->setWordWrap(true);
-    m_tooBig->setWordWrap(true);
-    m_tooBig->setAlignment(Qt::AlignCenter);
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(m_name);
-    layout->addWidget(m_state);
-    layout->addWidget(m_tabs, 1);
+    layout->setContentsMargins(4, 4, 4, 4);
+    layout->setSpacing(4);
+    layout->addWidget(m_tools);
+    layout->addWidget(m_splitter, 1);
+    m_options->setWidgetResizable(true);
+    m_options->setFrameShape(QFrame::NoFrame);
+    m_options->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_options->setVisible(false);
+    m_splitter->addWidget(m_options);
+    m_splitter->addWidget(m_tabs);
+    m_splitter->setChildrenCollapsible(false);
+    m_splitter->setStretchFactor(1, 1);
     addTabs();
-    m_comment->setPlainText(item.comment());
+    connectTools();
 }
 
 void DataItemWidget::addTabs()
 {
-    m_table->setModel(m_model);
-    m_table->setAccessibleName(QStringLiteral("Data"));
-    m_table->setWordWrap(false);
-    m_table->setTabKeyNavigation(false);
-    m_table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
-    auto *dataTab = new QWidget;
-    auto *stack = new QStackedLayout(dataTab);
-    stack->addWidget(m_table);
-    stack->addWidget(m_tooBig);
-    m_tabs->addTab(dataTab, QStringLiteral("Data"));
-    m_warnings = addTextTab(QStringLiteral("Warnings from the most recent processing."));
-    m_infos = addTextTab(QStringLiteral("Information from the most recent processing."));
-    m_details = addTextTab(QStringLiteral("Details of the most recent processing."));
-    m_tabs->setTabText(Details, QStringLiteral("Details"));
-    m_comment = addTextTab(QStringLiteral("Add a useful comment for a colleague or your future self."));
-    m_tabs->setTabText(Comment, QStringLiteral("Comment"));
+    m_tabs->setDocumentMode(true);
+    const int markHeight = fontMetrics().height();
+    m_tabs->setIconSize(QSize(2 * markHeight, markHeight));
+    m_tabs->addTab(m_data, QStringLiteral("Data"));
+    m_tabs->addTab(new QWidget, QStringLiteral("Characters"));
+    m_warnings = addMessages(QStringLiteral("Warnings"), QStringLiteral("Warnings from the most recent processing."));
+    m_infos = addMessages(QStringLiteral("Info"), QStringLiteral("Information from the most recent processing."));
+    m_details = new QTextBrowser;
+    m_details->setAccessibleName(QStringLiteral("Details"));
+    m_details->setTabChangesFocus(true);
+    m_tabs->setTabToolTip(
+        m_tabs->addTab(m_details, QStringLiteral("Details")), QStringLiteral("Details of the most recent processing."));
+    m_comment = addMessages(
+        QStringLiteral("Comment"), QStringLiteral("Add a useful comment for a colleague or your future self."));
     m_comment->setReadOnly(false);
     m_comment->setPlaceholderText(m_tabs->tabToolTip(Comment));
+    m_comment->setPlainText(node()->comment());
+    m_commentPause->setSingleShot(true);
+    m_commentPause->setInterval(commentPauseMs);
+    connect(m_comment, &QPlainTextEdit::textChanged, m_commentPause, QOverload<>::of(&QTimer::start));
+    connect(m_commentPause, &QTimer::timeout, this, &DataItemWidget::onCommentChanged);
+    connect(m_tabs, &QTabWidget::currentChanged, this, [this](int index) {
+        m_state->tab = index;
+        emit currentTabChanged(index);
+    });
 }
 
-QPlainTextEdit *DataItemWidget::addTextTab(const QString &tip)
+QPlainTextEdit *DataItemWidget::addMessages(const QString &title, const QString &tip)
 {
     auto *edit = new QPlainTextEdit;
     edit->setReadOnly(true);
     edit->setTabChangesFocus(true);
-    edit->setAccessibleName(tip);
-    m_tabs->setTabToolTip(m_tabs->addTab(edit, QString()), tip);
+    edit->setAccessibleName(title);
+    edit->setToolTip(tip);
+    m_tabs->setTabToolTip(m_tabs->addTab(edit, title), tip);
     return edit;
 }
 
-void DataItemWidget::showMessages(int tab, QPlainTextEdit &edit, const QString &title, const QStringList &lines)
+void DataItemWidget::connectTools()
 {
-    edit.setPlainText(lines.isEmpty() ? QStringLiteral("No messages") : lines.join(QLatin1Char('\n')));
-    const QString count = formatInteger(lines.size(), true);
-    m_tabs->setTabText(tab, lines.isEmpty() ? title : QStringLiteral("%1 (%2)").arg(title, count));
+    connect(m_tools, &ItemToolRow::runClicked, this, &DataItemWidget::onClickedRunButton);
+    connect(m_tools, &ItemToolRow::showChosen, this, &DataItemWidget::setShow);
+    connect(m_tools, &ItemToolRow::fullscreenClicked, this, &DataItemWidget::onClickedFullscreen);
+    connect(m_tools, &ItemToolRow::helpClicked, this, [this] {
+        if (node()) {
+            emit helpRequested(node()->helpPage());
+        }
+    });
+    connect(m_data, &DataPage::copyClicked, this, &DataItemWidget::onClickedClipboard);
+    connect(m_data, &DataPage::editClicked, this, &DataItemWidget::onClickedEditTemp);
+    connect(m_data, &DataPage::exportClicked, this, &DataItemWidget::onClickedExport);
+    connect(&m_data->view(), &DataTableView::selectedDataCellsChanged, this, &ItemWidget::selectedDataCellsChanged);
+    connect(m_splitter, &QSplitter::splitterMoved, this, [this] { m_state->splitter = m_splitter->saveState(); });
+}
+
+void DataItemWidget::setOptions(QWidget *options)
+{
+    m_options->setWidget(options);
+}
+
+void DataItemWidget::setPanelState(PanelState &state)
+{
+    m_state = &state;
+    m_data->setPanelState(state);
+    m_tabs->setCurrentIndex(state.tab);
+    if (!state.splitter.isEmpty()) {
+        m_splitter->restoreState(state.splitter);
+    }
+    setShow(state.show);
+}
+
+void DataItemWidget::setShow(int show)
+{
+    m_state->show = static_cast<PanelState::Show>(show);
+    m_tools->setShow(m_state->show);
+    m_options->setVisible(m_options->widget() && m_state->show != PanelState::OnlyData);
+    m_tabs->setVisible(m_state->show != PanelState::OnlyOptions);
+}
+
+void DataItemWidget::onClickedShowOptionsAndData()
+{
+    setShow(PanelState::OptionsAndData);
+}
+
+void DataItemWidget::onClickedShowOptions()
+{
+    setShow(PanelState::OnlyOptions);
+}
+
+void DataItemWidget::onClickedShowData()
+{
+    setShow(PanelState::OnlyData);
+}
+
+void DataItemWidget::showFullscreen(bool on)
+{
+    m_tools->fullscreenButton().setChecked(on);
+    ItemWidget::showFullscreen(on);
+}
+
+void DataItemWidget::onClickedFullscreen(bool on)
+{
+    showFullscreen(on);
+}
+
+void DataItemWidget::showMessages(int tab, QPlainTextEdit &edit, const QStringList &lines, const QColor &color)
+{
+    const QString text = lines.isEmpty() ? QStringLiteral("No messages") : lines.join(QLatin1Char('\n'));
+    if (text != plainTextOf(edit)) {
+        edit.setPlainText(text);
+    }
+    m_tabs->setTabIcon(tab, lines.isEmpty() ? QIcon() : countMark(lines.size(), color, *m_tabs));
 }
 
 void DataItemWidget::refresh()
@@ -101,25 +195,201 @@ void DataItemWidget::refresh()
     if (!item) {
         return;
     }
-    m_name->setText(item->name());
-    QStringList state{item->kindName(), item->displaySizeText(), item->stateText(), item->resultText()};
-    state.removeAll(QString());
-    m_state->setText(state.join(QStringLiteral(", ")));
-    showMessages(Warnings, *m_warnings, QStringLiteral("Warnings"), item->warnings());
-    showMessages(Info, *m_infos, QStringLiteral("Info"), item->infos());
-    m_details->setPlainText(detailsOf(*item));
-    m_model->setDataset(item->datasetConst());
-    auto *stack = static_cast<QStackedLayout *>(m_table->parentWidget()->layout());
-    m_tooBig->setText(m_model->tooBigText());
-    stack->setCurrentIndex(m_model->isTooBig() ? 1 : 0);
+    m_tools->showNode(*item);
+    const Settings &settings = Settings::current();
+    showMessages(Warnings, *m_warnings, item->warnings(), settings.verifyFailErrorColor());
+    showMessages(Info, *m_infos, item->infos(), settings.changedDataColor());
+    m_details->setHtml(detailsOf(*item));
+    if (!m_commentPause->isActive() && item->comment() != plainTextOf(*m_comment)) {
+        const QSignalBlocker blocker(m_comment);
+        m_comment->setPlainText(item->comment());
+    }
+    showTable();
+    if (!isBusy()) {
+        refreshOptions();
+    }
+}
+
+const Dataset *DataItemWidget::previousDataset() const
+{
+    return nullptr;
+}
+
+void DataItemWidget::showTable()
+{
+    const Node &item = *node();
+    const GraphScene *scene = item.graphScene();
+    using Wait = DataTableView::Wait;
+    const bool waits = item.state() == NodeState::NeedsProcessing;
+    const bool runs = scene && scene->isAutoRunOn();
+    DataTableView &view = m_data->view();
+    view.setWait(item.state() == NodeState::Processing ? Wait::Processing
+                 : !waits || item.columnCount() > 0    ? Wait::None
+                 : runs                                ? Wait::AwaitingUpdate
+                                                       : Wait::RunToUpdate);
+    if (scene && scene->isProcessing()) {
+        return;
+    }
+    const Dataset *previous = previousDataset();
+    const QPoint place(view.horizontalScrollBar()->value(), view.verticalScrollBar()->value());
+    view.table().setDataset(item.datasetConst(), previous ? *previous : Dataset());
+    m_data->onTableChanged();
+    onTableShown();
+    view.horizontalScrollBar()->setValue(place.x());
+    view.verticalScrollBar()->setValue(place.y());
 }
 
 void DataItemWidget::letGoOfData()
 {
-    m_model->clear();
+    m_data->view().table().clear();
+}
+
+void DataItemWidget::takeTyped()
+{
+    onCommentChanged();
+}
+
+void DataItemWidget::onCommentChanged()
+{
+    m_commentPause->stop();
+    setNodeComment(plainTextOf(*m_comment));
+}
+
+void DataItemWidget::setInteraction(bool allow)
+{
+    m_options->setEnabled(allow);
+    m_tools->setEnabled(allow);
+    m_tabs->setEnabled(allow);
+}
+
+bool DataItemWidget::isBusy() const
+{
+    if (QApplication::activeModalWidget()) {
+        return true;
+    }
+    const QWidget *options = m_options->widget();
+    const QWidget *popup = QApplication::activePopupWidget();
+    if (popup && options) {
+        return true;
+    }
+    // A cell that is being edited has its editor in the viewport of its view.
+    const QWidget *focus = QApplication::focusWidget();
+    const QWidget *viewport = focus ? focus->parentWidget() : nullptr;
+    const auto *view = viewport ? qobject_cast<const QAbstractItemView *>(viewport->parentWidget()) : nullptr;
+    return view && viewport == view->viewport() && options && options->isAncestorOf(view);
+}
+
+void DataItemWidget::onParameterValueChanged(bool restart)
+{
+    Node *item = node();
+    GraphScene *scene = item ? item->graphScene() : nullptr;
+    if (!scene) {
+        return;
+    }
+    item->setState(NodeState::NeedsProcessing, true);
+    emit changeNeedsSave();
+    emit nodeStatusChanged();
+    m_tools->showNode(*item);
+    if (restart && scene->isAutoRunOn()) {
+        emit restartTimer();
+    }
+}
+
+void DataItemWidget::onUserInteraction()
+{
+    const Node *item = node();
+    if (item && item->graphScene() && item->graphScene()->isAutoRunOn()) {
+        emit restartTimerIfActive();
+    }
+}
+
+void DataItemWidget::processNow()
+{
+    Node *item = node();
+    GraphScene *scene = item ? item->graphScene() : nullptr;
+    if (!scene) {
+        return;
+    }
+    if (scene->isAutoRunOn()) {
+        emit stopTimer();
+    }
+    item->setState(NodeState::NeedsProcessing, true);
+    emit changeNeedsSave();
+    runFlow();
+}
+
+void DataItemWidget::onProcessSelected()
+{
+    runFlow();
+}
+
+void DataItemWidget::onClickedRunButton()
+{
+    processNow();
 }
 
 void DataItemWidget::apply()
 {
-    setNodeComment(m_comment->toPlainText());
+    const GraphScene *scene = node() ? node()->graphScene() : nullptr;
+    if (!scene || scene->isProcessing()) {
+        return;
+    }
+    if (scene->isAutoRunOn() && isBusy()) {
+        emit restartTimer();
+        return;
+    }
+    emit stopTimer();
+    runFlow();
+}
+
+void DataItemWidget::runFlow()
+{
+    GraphScene *scene = node() ? node()->graphScene() : nullptr;
+    if (!scene || scene->isProcessing()) {
+        return;
+    }
+    const QPointer<DataItemWidget> self(this);
+    const QPointer<QWidget> focus(QApplication::focusWidget());
+    m_applying = true;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    stopRequested = false;
+    scene->runTransforms(scene->isAutoRunOn() ? RunMode::Changes : RunMode::Selected, false);
+    stopRequested = false;
+    QApplication::restoreOverrideCursor();
+    if (!self) {
+        return;
+    }
+    m_applying = false;
+    refresh();
+    if (focus) {
+        focus->setFocus(Qt::OtherFocusReason);
+    }
+    if (scene->isAutoRunOn()) {
+        Tips::showOnce(QStringLiteral("tip_data_transform"), QStringLiteral("Transform results"),
+            QStringLiteral(
+                "Transforms are carried out automatically with 'Run>Auto Run' selected.\nThe results are shown "
+                "here."),
+            tipMs, m_tabs);
+    }
+}
+
+void DataItemWidget::onClickedClipboard()
+{
+    if (node()) {
+        DatasetExport(*m_state->prompts).copy(node()->datasetConst());
+    }
+}
+
+void DataItemWidget::onClickedEditTemp()
+{
+    if (node()) {
+        DatasetExport(*m_state->prompts).edit(node()->datasetConst());
+    }
+}
+
+void DataItemWidget::onClickedExport()
+{
+    if (node()) {
+        DatasetExport(*m_state->prompts).save(node()->datasetConst(), node()->name());
+    }
 }

@@ -1,14 +1,19 @@
 #pragma once
 
 #include "panes/items/itemwidget.h"
+#include "panes/items/panelstate.h"
 
-class DataTableModel;
-class QLabel;
+class Dataset;
+class DataPage;
+class ItemToolRow;
+class QTimer;
 class QPlainTextEdit;
+class QScrollArea;
+class QSplitter;
 class QTabWidget;
-class QTableView;
+class QTextBrowser;
 
-/// The panel of an item that has a table: what it is, its table, what it has to say, and its comment.
+/// The panel of an item that has a table: its options, its table, what it has to say, and its comment.
 class DataItemWidget : public ItemWidget
 {
     Q_OBJECT
@@ -16,23 +21,65 @@ class DataItemWidget : public ItemWidget
 public:
     explicit DataItemWidget(Node &node, QWidget *parent = nullptr);
 
+    void setPanelState(PanelState &state) override;
     void refresh() override;
     void letGoOfData() override;
+    void takeTyped() override;
     void apply() override;
+    bool isBusy() const override;
+    void setInteraction(bool allow) override;
+    void showFullscreen(bool on) override;
+
+public slots:
+    /// An option has changed: the item is stale; with `restart`, and auto run on, it runs after a pause.
+    void onParameterValueChanged(bool restart);
+    void processNow();
+    void onUserInteraction();
+    void onProcessSelected();
+    void onClickedRunButton();
+    void onClickedClipboard();
+    void onClickedEditTemp();
+    void onClickedExport();
+    void onClickedShowOptionsAndData();
+    void onClickedShowOptions();
+    void onClickedShowData();
+    void onCommentChanged();
+    void onClickedFullscreen(bool on);
+
+protected:
+    /// Takes ownership; shown above the table.
+    void setOptions(QWidget *options);
+    /// Shows the item's options, which somebody else may have changed.
+    virtual void refreshOptions() {}
+    /// The table that the item's is compared with; empty for none.
+    virtual const Dataset *previousDataset() const;
+    virtual void onTableShown() {}
+    DataPage &dataPage() const { return *m_data; }
+    PanelState &panelState() const { return *m_state; }
+    ItemToolRow &toolRow() const { return *m_tools; }
+    /// While the panel itself runs the flow.
+    bool isApplying() const { return m_applying; }
 
 private:
     void addTabs();
-    QPlainTextEdit *addTextTab(const QString &tip);
-    void showMessages(int tab, QPlainTextEdit &edit, const QString &title, const QStringList &lines);
+    void connectTools();
+    QPlainTextEdit *addMessages(const QString &title, const QString &tip);
+    void showMessages(int tab, QPlainTextEdit &edit, const QStringList &lines, const QColor &color);
+    void showTable();
+    void setShow(int show);
+    void runFlow();
 
-    QLabel *m_name;
-    QLabel *m_state;
+    PanelState m_ownState;
+    PanelState *m_state = &m_ownState;
+    ItemToolRow *m_tools;
+    QSplitter *m_splitter;
+    QScrollArea *m_options;
     QTabWidget *m_tabs;
-    QTableView *m_table;
-    DataTableModel *m_model;
-    QLabel *m_tooBig;
+    DataPage *m_data;
     QPlainTextEdit *m_warnings = nullptr;
     QPlainTextEdit *m_infos = nullptr;
-    QPlainTextEdit *m_details = nullptr;
+    QTextBrowser *m_details = nullptr;
     QPlainTextEdit *m_comment = nullptr;
+    QTimer *m_commentPause;
+    bool m_applying = false;
 };

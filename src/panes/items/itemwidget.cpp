@@ -3,6 +3,9 @@
 #include "graph/node.h"
 #include "graph/undostep.h"
 
+#include <QCloseEvent>
+#include <QKeyEvent>
+
 ItemWidget::ItemWidget(Node &node, QWidget *parent)
     : QWidget(parent)
     , m_node(&node)
@@ -23,4 +26,39 @@ void ItemWidget::setNodeComment(const QString &text)
         m_node->setComment(text);
         emit nodeCommentChanged(m_node);
     }
+}
+
+void ItemWidget::showFullscreen(bool on)
+{
+    if (on == isFullScreen()) {
+        return;
+    }
+    if (on) {
+        setParent(nullptr);
+        setWindowTitle(m_node ? m_node->labelWithId() : QString());
+        showFullScreen();
+        activateWindow();
+    } else {
+        setWindowState(windowState() & ~Qt::WindowFullScreen);
+        emit fullScreenReleased(this);
+    }
+}
+
+void ItemWidget::closeEvent(QCloseEvent *event)
+{
+    if (isWindow()) {
+        // The panel lives on in its pane.
+        event->ignore();
+        showFullscreen(false);
+        emit closed();
+    }
+}
+
+void ItemWidget::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape && isWindow()) {
+        showFullscreen(false);
+        return;
+    }
+    QWidget::keyPressEvent(event);
 }

@@ -41,7 +41,7 @@ NoteItemWidget::NoteItemWidget(NoteNode &item, QWidget *parent)
     m_pause.setSingleShot(true);
     m_pause.setInterval(pauseMs);
     connect(m_text, &QPlainTextEdit::textChanged, &m_pause, QOverload<>::of(&QTimer::start));
-    connect(&m_pause, &QTimer::timeout, this, &NoteItemWidget::apply);
+    connect(&m_pause, &QTimer::timeout, this, &NoteItemWidget::takeTyped);
     connect(m_arrow, QOverload<int>::of(&QComboBox::activated), this, &NoteItemWidget::setArrow);
     connect(m_color, &QPushButton::clicked, this, &NoteItemWidget::chooseColor);
 }
@@ -67,7 +67,7 @@ void NoteItemWidget::showColor()
     m_color->setText(note()->color().name());
 }
 
-void NoteItemWidget::apply()
+void NoteItemWidget::takeTyped()
 {
     m_pause.stop();
     setNodeComment(m_text->toPlainText());

@@ -18,7 +18,7 @@ public:
     explicit NoteItemWidget(NoteNode &note, QWidget *parent = nullptr);
 
     void refresh() override;
-    void apply() override;
+    void takeTyped() override;
     void typeText(QChar c) override;
 
 private:

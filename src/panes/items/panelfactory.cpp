@@ -1,13 +1,16 @@
 #include "panes/items/panelfactory.h"
 
 #include "graph/notenode.h"
+#include "graph/transformnode.h"
 #include "panes/items/dataitemwidget.h"
 #include "panes/items/noteitemwidget.h"
+#include "panes/items/transformitemwidget.h"
 
 #include <utility>
 
 PanelFactory::PanelFactory()
 {
+    add(ItemType::Transform, [](Node &node) { return new TransformItemWidget(static_cast<TransformNode &>(node)); });
     add(ItemType::Note, [](Node &node) { return new NoteItemWidget(static_cast<NoteNode &>(node)); });
 }
 

@@ -1,4 +1,4 @@
-#include "app/tips.h"
+#include "panes/widgets/tips.h"
 
 #include "settings/settings.h"
 

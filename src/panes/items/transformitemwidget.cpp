@@ -1,0 +1,141 @@
+#include "panes/items/transformitemwidget.h"
+
+#include "data/dataset.h"
+#include "graph/transformnode.h"
+#include "panes/items/comparerow.h"
+#include "panes/items/datapage.h"
+#include "panes/items/parameterform.h"
+#include "panes/table/datatablemodel.h"
+#include "panes/table/datatableview.h"
+#include "panes/widgets/colorbutton.h"
+#include "settings/settings.h"
+#include "transforms/frame/transform.h"
+#include "transforms/options/parameter.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+TransformItemWidget::TransformItemWidget(TransformNode &item, QWidget *parent)
+    : DataItemWidget(item, parent)
+    , m_form(new ParameterForm(item))
+{
+    auto *options = new QWidget;
+    auto *layout = new QVBoxLayout(options);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto *help = new QLabel(item.description());
+    help->setTextFormat(Qt::PlainText);
+    help->setWordWrap(true);
+    QPalette faint = help->palette();
+    faint.setColor(QPalette::WindowText, faint.color(QPalette::PlaceholderText));
+    help->setPalette(faint);
+    layout->addWidget(help);
+    layout->addWidget(m_form, 1);
+    setOptions(options);
+    connect(m_form, &ParameterForm::parameterValueChanged, this, &DataItemWidget::onParameterValueChanged);
+    connect(m_form, &ParameterForm::processNow, this, &DataItemWidget::processNow);
+    connect(m_form, &ParameterForm::userInteraction, this, &DataItemWidget::onUserInteraction);
+    if (item.transform()->canCompareChanges()) {
+        m_compare = new CompareRow(dataPage().view());
+        dataPage().addRow(m_compare);
+        connect(m_compare, &CompareRow::showChangesToggled, this, &TransformItemWidget::showChanges);
+        connect(m_compare, &CompareRow::colorChanged, this, &TransformItemWidget::refresh);
+    }
+    if (item.transform()->isVerify()) {
+        dataPage().view().table().setVerification(true);
+        addVerificationColors();
+    }
+}
+
+void TransformItemWidget::addVerificationColors()
+{
+    struct Row
+    {
+        const char *label;
+        QColor (Settings::*color)() const;
+        void (Settings::*setColor)(const QColor &color);
+    };
+    const Row rows[] = {
+        {"Error:", &Settings::verifyFailErrorColor, &Settings::setVerifyFailErrorColor},
+        {"Warning:", &Settings::verifyFailWarningColor, &Settings::setVerifyFailWarningColor},
+        {"Info:", &Settings::verifyFailInfoColor, &Settings::setVerifyFailInfoColor},
+    };
+    auto *row = new QWidget;
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    for (const Row &color : rows) {
+        auto *label = new QLabel(QLatin1String(color.label));
+        auto *button = new ColorButton;
+        button->setAccessibleName(label->text());
+        button->setColor((Settings::current().*color.color)());
+        label->setBuddy(button);
+        layout->addWidget(label);
+        layout->addWidget(button);
+        connect(button, &ColorButton::colorChosen, this, [this, color](const QColor &chosen) {
+            (Settings::current().*color.setColor)(chosen);
+            refresh();
+        });
+    }
+    layout->addStretch(1);
+    dataPage().addRow(row);
+}
+
+TransformNode *TransformItemWidget::transformNode() const
+{
+    return static_cast<TransformNode *>(node());
+}
+
+void TransformItemWidget::setPanelState(PanelState &state)
+{
+    DataItemWidget::setPanelState(state);
+    if (m_compare) {
+        m_compare->setShowChanges(state.showsChanges);
+        showChanges(state.showsChanges);
+    }
+}
+
+void TransformItemWidget::refreshOptions()
+{
+    m_form->refresh();
+}
+
+const Dataset *TransformItemWidget::previousDataset() const
+{
+    const QList<Node *> inputs = m_compare && node() ? node()->upstreamNodes(true) : QList<Node *>();
+    return inputs.isEmpty() ? nullptr : &inputs.first()->datasetConst();
+}
+
+void TransformItemWidget::onTableShown()
+{
+    highlightColumns();
+    if (m_compare) {
+        m_compare->updateButtons();
+    }
+}
+
+void TransformItemWidget::showChanges(bool on)
+{
+    panelState().showsChanges = on;
+    dataPage().view().table().setShowChanges(on);
+    m_compare->updateButtons();
+}
+
+void TransformItemWidget::highlightColumns()
+{
+    const Dataset &dataset = node()->datasetConst();
+    QSet<int> columns;
+    for (const Parameter *parameter : transformNode()->transform()->parameters()) {
+        const QList<ColumnId> ids = parameter->referencedColumns();
+        // An option that names everything would only tint the whole table.
+        if (ids.size() >= dataset.columnCount()) {
+            continue;
+        }
+        for (const ColumnId id : ids) {
+            const ColumnIndex column = dataset.columnIndexOfId(id);
+            if (column.isValid()) {
+                columns.insert(column.toInt());
+            }
+        }
+    }
+    dataPage().view().table().setHighlightColumns(columns);
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "panes/items/dataitemwidget.h"
+
+class CompareRow;
+class ParameterForm;
+class TransformNode;
+
+/// The panel of a transform: its options, and its table with what it changed there.
+class TransformItemWidget : public DataItemWidget
+{
+    Q_OBJECT
+
+public:
+    explicit TransformItemWidget(TransformNode &node, QWidget *parent = nullptr);
+
+    void setPanelState(PanelState &state) override;
+    ParameterForm &form() const { return *m_form; }
+
+protected:
+    void refreshOptions() override;
+    const Dataset *previousDataset() const override;
+    void onTableShown() override;
+
+private:
+    TransformNode *transformNode() const;
+    void addVerificationColors();
+    void showChanges(bool on);
+    void highlightColumns();
+
+    ParameterForm *m_form;
+    CompareRow *m_compare = nullptr;
+};
