@@ -1,26 +1,15 @@
 #include "app/aliasoverrides.h"
 
+#include "app/itempaths.h"
 #include "charts/chartnode.h"
 #include "files/filesheet.h"
 #include "graph/graphscene.h"
 #include "inputnode/inputnode.h"
 #include "outputnode/outputnode.h"
-#include "platform/paths.h"
 
 #include <QFileInfo>
 
 namespace {
-
-/// Parts the sheet in brackets from the path of a workbook; without one, the item's sheet stays.
-FileSheet parted(const QString &value, const IONode &node)
-{
-    FileSheet source{value, node.sheetName()};
-    if (FileType::isExcel(node.fileType()) && !QFileInfo::exists(value)) {
-        const FileSheet split = splitFileSheet(value);
-        source = split.file == value ? source : split;
-    }
-    return source;
-}
 
 /// Gives one alias of a scene another file or folder.
 class Override
@@ -55,8 +44,7 @@ private:
             return input->medium() == Medium::Folder ? setFolder(*input) : setFile(*input);
         }
         if (auto *output = qobject_cast<OutputNode *>(&node)) {
-            const FileSheet target = parted(m_value, *output);
-            output->setPath(target.file, target.sheet);
+            setOutputFile(*output, m_value);
         } else if (auto *chart = qobject_cast<ChartNode *>(&node)) {
             chart->setPath(m_value);
         } else {
@@ -72,13 +60,11 @@ private:
         if (input.medium() != Medium::File) {
             return QString();
         }
-        const FileSheet source = parted(m_value, input);
-        const QFileInfo file(source.file);
-        if (!file.isFile()) {
+        if (!QFileInfo(fileOfInput(input, m_value).file).isFile()) {
             return QStringLiteral("File '%1' does not exist").arg(m_value);
         }
         m_isKnown = true;
-        input.setPath(platform::resolvedPath(source.file), source.sheet);
+        setInputFile(input, m_value);
         return QString();
     }
 
@@ -89,11 +75,7 @@ private:
             return QStringLiteral("Folder '%1' does not exist").arg(m_value);
         }
         m_isKnown = true;
-        InputOptions options = input.options();
-        options.folder.folder = platform::resolvedPath(m_value);
-        input.setOptions(options);
-        input.clearDataset();
-        input.setState(NodeState::NeedsProcessing, true);
+        setInputFolder(input, m_value);
         return QString();
     }
 

@@ -2,7 +2,7 @@
 
 #include "app/exceptionreport.h"
 #include "app/mainwindow.h"
-#include "app/runlog.h"
+#include "app/report/runlog.h"
 #include "charts/chartnode.h"
 #include "data/dataset.h"
 #include "graph/colors.h"

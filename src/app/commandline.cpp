@@ -48,6 +48,9 @@ public:
                 takeDocument(argument);
             }
         }
+        if (m_result.error.isEmpty()) {
+            m_result.error = batchError();
+        }
         return m_result;
     }
 
@@ -60,6 +63,17 @@ private:
         }
     }
 
+    /// What can't be asked for beside a batch, or empty.
+    QString batchError() const
+    {
+        if (m_result.batch && !m_result.commandLine) {
+            return QStringLiteral("-batch only works with -cli");
+        }
+        return m_result.batch && !m_result.overrides.isEmpty()
+                   ? QStringLiteral("-file and -folder can't be used with -batch, whose rows name the files")
+                   : QString();
+    }
+
     bool takeFlag(const QString &name)
     {
         static const struct
@@ -68,6 +82,7 @@ private:
             bool CommandLine::*flag;
         } flags[] = {
             {"cli", &CommandLine::commandLine},
+            {"batch", &CommandLine::batch},
             {"overwrite", &CommandLine::overwriteLog},
             {"new_window", &CommandLine::newWindow},
             {"version", &CommandLine::printVersion},
@@ -81,6 +96,7 @@ private:
         }
         if (name == QLatin1String("verbose")) {
             m_result.verbosity = Verbosity::Normal;
+            m_result.namesVerbosity = true;
             return true;
         }
         return false;
@@ -114,6 +130,7 @@ private:
         const int level = value.toInt(&isNumber);
         if (isNumber && level >= Verbosity::Silent && level <= Verbosity::Maximum) {
             m_result.verbosity = level;
+            m_result.namesVerbosity = true;
         } else {
             m_result.error = QStringLiteral("Verbosity value '%1' not recognised, %2-%3 expected")
                                  .arg(value, QString::number(Verbosity::Silent), QString::number(Verbosity::Maximum));

@@ -19,10 +19,12 @@ QString description(int level);
 struct CommandLine
 {
     bool commandLine = false; ///< run without a window
+    bool batch = false;       ///< run the batch that the document holds
     bool newWindow = false;   ///< open no document that wasn't named
     bool printVersion = false;
     bool printBuild = false;
     int verbosity = Verbosity::Silent;
+    bool namesVerbosity = false;
     QString logPath; ///< as typed, variables and all; empty without a log
     bool overwriteLog = false;
     QString document;      ///< absolute; empty when none was named

@@ -10,6 +10,13 @@
 
 namespace {
 
+bool writesFile(const Node &node)
+{
+    const auto *output = qobject_cast<const OutputNode *>(&node);
+    const auto *chart = qobject_cast<const ChartNode *>(&node);
+    return (output && output->writeMode() != WriteMode::Disabled) || (chart && chart->writesFile());
+}
+
 template<class NodeType>
 QList<NodeType *> byId(QList<NodeType *> nodes)
 {
@@ -24,8 +31,10 @@ CommandLineItem inputItem(const InputNode &input)
     item.alias = input.alias();
     item.isFolder = input.medium() == Medium::Folder;
     item.path = item.isFolder ? input.path() : fileSheetText(input.path(), input.sheetName());
-    item.isConnected = !input.allDownstreamOfKind(ItemType::Output, false).isEmpty()
-                       || !input.allDownstreamOfKind(ItemType::Chart, false).isEmpty();
+    const QSet<Node *> leaves = input.allDownstreamOfKind(ItemType::Output, false)
+                                + input.allDownstreamOfKind(ItemType::Chart, false);
+    item.isConnected = !leaves.isEmpty();
+    item.feedsFile = std::any_of(leaves.cbegin(), leaves.cend(), [](const Node *leaf) { return writesFile(*leaf); });
     return item;
 }
 
@@ -43,7 +52,8 @@ CommandLineItem outputItem(const OutputNode &output)
     CommandLineItem item = leafItem(output, CommandLineItem::Output);
     item.path = fileSheetText(output.path(), output.sheetName());
     item.writeMode = output.writeMode();
-    item.lacksFilesColumn = output.isMultiFile() && output.storedMultiFileColumn().isEmpty();
+    item.isMultiFile = output.isMultiFile();
+    item.lacksFilesColumn = item.isMultiFile && output.storedMultiFileColumn().isEmpty();
     return item;
 }
 
@@ -52,6 +62,7 @@ CommandLineItem chartItem(const ChartNode &chart)
     CommandLineItem item = leafItem(chart, CommandLineItem::Chart);
     item.path = chart.path();
     item.writeMode = WriteMode::Overwrite;
+    item.chartType = ChartChoice::typeLabel(chart.options().type);
     return item;
 }
 

@@ -5,7 +5,7 @@
 
 class GraphScene;
 
-/// What the text for the command line needs to know of an item.
+/// What the text for the command line and batches need to know of an item.
 struct CommandLineItem
 {
     enum Kind { Input, Output, Chart };
@@ -17,10 +17,16 @@ struct CommandLineItem
     bool isFolder = false;
     /// An input that reaches an output or chart, or one of these that an input reaches.
     bool isConnected = false;
+    /// An input that reaches an output or chart that writes a file.
+    bool feedsFile = false;
     /// What an output or chart does with files: a value of WriteMode.
     int writeMode = 0;
     /// An output that wants the names of its files from a column, and has no column.
     bool lacksFilesColumn = false;
+    /// An output that takes the names of its files from a column.
+    bool isMultiFile = false;
+    /// What a chart draws, such as "Line".
+    QString chartType;
 };
 
 /// The inputs from files and folders, the outputs, and the charts that write files, each kind by ascending id.

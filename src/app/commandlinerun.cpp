@@ -1,16 +1,19 @@
 #include "app/commandlinerun.h"
 
 #include "app/aliasoverrides.h"
-#include "app/commandlinereport.h"
+#include "app/batch/batchcolumns.h"
+#include "app/batch/batchprocess.h"
 #include "app/exceptionreport.h"
 #include "app/programinfo.h"
+#include "app/report/commandlinereport.h"
+#include "app/report/runlog.h"
 #include "app/rowsmilestone.h"
-#include "app/runlog.h"
 #include "graph/runcontrol.h"
 #include "outputnode/outputnode.h"
 #include "panes/dialogs/insufficientmemorydialog.h"
 #include "platform/console.h"
 #include "settings/product.h"
+#include "settings/settings.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -18,10 +21,26 @@
 #include <QElapsedTimer>
 #include <QLocale>
 
+namespace {
+
+/// Where the report of a silent batch goes.
+class SilentSink final : public ReportSink
+{
+public:
+    void info(const QString &) override {}
+    void error(const QString &) override {}
+    bool openLog(const QString &, bool) override { return true; }
+    QString logPath() const override { return QString(); }
+};
+
+} // namespace
+
 CommandLineRun::CommandLineRun(const CommandLine &commandLine, RunLog &log)
     : m_commandLine(commandLine)
     , m_log(log)
+    , m_verbosity(commandLine.verbosity)
 {
+    m_log.setErrorsMarked(commandLine.batch);
     RunControl::setMemoryCeilingHook([this](double used, double limit) {
         for (const QString &line :
             InsufficientMemoryDialog::explanation(used, limit).split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
@@ -40,7 +59,11 @@ int CommandLineRun::run()
     if (error.isEmpty()) {
         error = applyOverrides(m_commandLine.overrides, m_scene).error;
     }
-    const int exitCode = error.isEmpty() ? process() : m_log.fatal(error);
+    if (error.isEmpty() && m_commandLine.batch) {
+        error = batchError();
+    }
+    const auto run = m_commandLine.batch ? &CommandLineRun::processBatch : &CommandLineRun::process;
+    const int exitCode = error.isEmpty() ? (this->*run)() : m_log.fatal(error);
     m_log.close();
     platform::flushConsole();
     return exitCode;
@@ -70,8 +93,21 @@ QString CommandLineRun::open()
     if (!m_loaded.locale.isEmpty() && QLocale(m_loaded.locale) != QLocale()) {
         QLocale::setDefault(QLocale(m_loaded.locale));
     }
+    takeBatchVerbosity();
     tellWhatWasLost();
     return QString();
+}
+
+void CommandLineRun::takeBatchVerbosity()
+{
+    if (!m_commandLine.batch || m_commandLine.namesVerbosity) {
+        return;
+    }
+    const bool hadHeading = m_commandLine.printVersion || m_commandLine.printBuild;
+    m_verbosity = m_loaded.batch.verbosity;
+    if (tells(Verbosity::Summary) && !hadHeading) {
+        m_log.info(QString());
+    }
 }
 
 void CommandLineRun::tellWhatWasLost()
@@ -97,17 +133,63 @@ int CommandLineRun::process()
         m_log.info(QStringLiteral("Started: %1").arg(QDateTime::currentDateTime().toString()));
     }
     askNothing();
-    CommandLineReport report(m_scene, m_commandLine.verbosity, m_log);
+    CommandLineReport report(m_scene, m_verbosity, m_log);
     report.countRepairs(m_loaded.repairs.size(), m_loaded.nodesInCircles);
     QCoreApplication::processEvents();
     QElapsedTimer timer;
     timer.start();
     int exitCode = 0;
-    if (!runScene(&exitCode)) {
+    m_scene.setAutoRunOn(true);
+    if (!isCompleted([this] { m_scene.runTransforms(RunMode::EverythingReleasing, true); }, &exitCode)) {
         return exitCode;
     }
     RowsMilestone::advance();
     return report.write(timer.elapsed()) > 0 ? 1 : 0;
+}
+
+/// Why the document has no batch that can be run, or empty when it has.
+QString CommandLineRun::batchError() const
+{
+    const QString obstacle = batchObstacle(commandLineItems(m_scene));
+    if (!obstacle.isEmpty()) {
+        return obstacle;
+    }
+    return m_loaded.batch.rowCount() > 0
+               ? QString()
+               : QStringLiteral("'%1' has no rows of a batch. Add some with File > Batch Process and save it.")
+                     .arg(QDir::toNativeSeparators(m_commandLine.document));
+}
+
+/// The document's, but for what the command line says.
+BatchSettings CommandLineRun::batchSettings() const
+{
+    BatchSettings settings = m_loaded.batch;
+    settings.verbosity = m_verbosity;
+    if (m_commandLine.overwriteLog) {
+        settings.logMode = BatchSettings::Overwrite;
+    }
+    // The log of the command line has been opened by now, or can't be, which has been said.
+    settings.loggingEnabled = settings.loggingEnabled && m_commandLine.logPath.isEmpty();
+    return settings;
+}
+
+int CommandLineRun::processBatch()
+{
+    const BatchSettings settings = batchSettings();
+    SilentSink silence;
+    ReportSink &sink = settings.verbosity == Verbosity::Silent ? static_cast<ReportSink &>(silence) : m_log;
+    BatchProcess batch(m_scene, settings, sink);
+    batch.setClearBeforeAppend(Settings::current().batchClearBeforeAppend());
+    batch.setUnattended(true);
+    batch.setInCircles(m_loaded.nodesInCircles);
+    batch.addWarnings(m_loaded.repairs.size());
+    int errors = 0;
+    int exitCode = 0;
+    if (!isCompleted([&] { errors = batch.run(); }, &exitCode)) {
+        return exitCode;
+    }
+    RowsMilestone::advance();
+    return errors > 0 ? 1 : 0;
 }
 
 /// Nobody is there to confirm what many files are written.
@@ -122,12 +204,11 @@ void CommandLineRun::askNothing()
     }
 }
 
-bool CommandLineRun::runScene(int *exitCode)
+bool CommandLineRun::isCompleted(const std::function<void()> &work, int *exitCode)
 {
-    m_scene.setAutoRunOn(true);
     stopRequested = false;
     try {
-        m_scene.runTransforms(RunMode::EverythingReleasing, true);
+        work();
     } catch (...) {
         const ExceptionReport exception = ExceptionReport::ofCurrent();
         m_log.error(exception.logLine);

@@ -4,6 +4,8 @@
 #include "document/documentfile.h"
 #include "graph/graphscene.h"
 
+#include <functional>
+
 class RunLog;
 
 /// One document, run without a window: opened, given other files, run, reported.
@@ -19,15 +21,21 @@ private:
     void writeHeading();
     /// Empty, or why the document can't be used.
     QString open();
+    void takeBatchVerbosity();
     void tellWhatWasLost();
     void askNothing();
     int process();
-    /// False when the run had to end; then `exitCode` says how.
-    bool runScene(int *exitCode);
-    bool tells(int level) const { return m_commandLine.verbosity >= level; }
+    /// Runs the document's batch.
+    int processBatch();
+    QString batchError() const;
+    BatchSettings batchSettings() const;
+    /// Does the work; false when it had to end by an exception, and then `exitCode` says how.
+    bool isCompleted(const std::function<void()> &work, int *exitCode);
+    bool tells(int level) const { return m_verbosity >= level; }
 
     const CommandLine &m_commandLine;
     RunLog &m_log;
+    int m_verbosity; ///< of a batch that is the document's, if the command line names none
     GraphScene m_scene;
     LoadedDocument m_loaded;
 };

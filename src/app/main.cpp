@@ -2,7 +2,7 @@
 #include "app/commandline.h"
 #include "app/commandlinerun.h"
 #include "app/mainwindow.h"
-#include "app/runlog.h"
+#include "app/report/runlog.h"
 #include "app/sessionend.h"
 #include "app/startup.h"
 #include "outputs/filenamevariables.h"

@@ -10,7 +10,7 @@
 #include "app/panewiring.h"
 #include "app/programinfo.h"
 #include "app/recoveryfile.h"
-#include "app/runlog.h"
+#include "app/report/runlog.h"
 #include "app/scenewiring.h"
 #include "app/settingsfollower.h"
 #include "app/startdocument.h"

@@ -18,6 +18,9 @@ struct BatchSettings
     QString logPath; ///< variables unexpanded
     int logMode = Append;
 
+    /// Rows up to the last that holds something.
+    int rowCount() const { return values.isEmpty() ? 0 : values.lastKey().first + 1; }
+
     friend bool operator==(const BatchSettings &a, const BatchSettings &b)
     {
         return a.values == b.values && a.verbosity == b.verbosity && a.loggingEnabled == b.loggingEnabled

@@ -128,14 +128,26 @@ QPointF branchOffset(const QList<Node *> &branch, const QList<Node *> &all)
     return {0, isLow ? -step : step};
 }
 
+void insertCopies(const GraphScene &original, GraphScene &copy)
+{
+    NodeCopies copies(original.nodes(), NodeCopies::Ids::Kept);
+    copies.insertInto(copy, {});
+    copies.bindOptions();
+}
+
 } // namespace
+
+std::unique_ptr<GraphScene> GraphCopy::sceneForRun(const GraphScene &scene)
+{
+    auto copy = std::make_unique<GraphScene>(std::make_shared<DocumentState>(*scene.document()));
+    insertCopies(scene, *copy);
+    return copy;
+}
 
 std::unique_ptr<GraphScene> GraphCopy::sceneCopy(const GraphScene &scene)
 {
     auto copy = std::make_unique<GraphScene>(scene.document(), scene.parent());
-    NodeCopies copies(scene.nodes(), NodeCopies::Ids::Kept);
-    copies.insertInto(*copy, {});
-    copies.bindOptions();
+    insertCopies(scene, *copy);
     copy->layOutConnections();
     updateWholeRect(*copy);
     return copy;

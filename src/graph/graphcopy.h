@@ -11,6 +11,9 @@ namespace GraphCopy {
 /// One more scene of the same document with copies of all items, without data. Ids are kept.
 std::unique_ptr<GraphScene> sceneCopy(const GraphScene &scene);
 
+/// A scene of a document of its own with copies of all items, for runs that nobody looks at. Ids are kept.
+std::unique_ptr<GraphScene> sceneForRun(const GraphScene &scene);
+
 /// True when both have the same items with the same options at the same places, connected alike. What a run made
 /// doesn't count.
 bool areSame(const GraphScene &a, const GraphScene &b);

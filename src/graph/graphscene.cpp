@@ -412,6 +412,11 @@ std::unique_ptr<GraphScene> GraphScene::copy() const
     return GraphCopy::sceneCopy(*this);
 }
 
+std::unique_ptr<GraphScene> GraphScene::copyForRun() const
+{
+    return GraphCopy::sceneForRun(*this);
+}
+
 bool GraphScene::sameAs(const GraphScene &other) const
 {
     return GraphCopy::areSame(*this, other);

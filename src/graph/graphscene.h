@@ -86,6 +86,8 @@ public:
     // Copies
     /// One more scene of this document with all items, which have no data.
     std::unique_ptr<GraphScene> copy() const;
+    /// A scene of a document of its own with all items, which have no data: for runs on other files, never shown.
+    std::unique_ptr<GraphScene> copyForRun() const;
     /// True when items, options, places and connections are the same.
     bool sameAs(const GraphScene &other) const;
     /// Adds and selects copies of all items of `source`, at `position` or at a free place; the caller makes the step of

@@ -95,14 +95,17 @@ quint64 RunControl::currentRun()
 }
 
 RunControl::RunScope::RunScope()
+    : m_outer(state().run)
 {
     state().run = ++state().lastRun;
 }
 
 RunControl::RunScope::~RunScope()
 {
-    state().run = 0;
-    storeRowCount();
+    state().run = m_outer;
+    if (m_outer == 0) {
+        storeRowCount();
+    }
 }
 
 void RunControl::countRows(int rows)

@@ -37,7 +37,7 @@ void checkMemory();
 /// Number of the run under way, 0 between runs. A node that was walked through once needn't be again in the same run.
 quint64 currentRun();
 
-/// A run is under way while this lives.
+/// A run is under way while this lives, which may lie within another: a batch is a run that has runs.
 class RunScope
 {
 public:
@@ -45,6 +45,9 @@ public:
     ~RunScope();
     RunScope(const RunScope &) = delete;
     RunScope &operator=(const RunScope &) = delete;
+
+private:
+    const quint64 m_outer;
 };
 
 /// Adds to the total of the settings; in a run at its end, since each write to the store costs a trip to the disk.

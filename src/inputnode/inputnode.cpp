@@ -2,6 +2,7 @@
 
 #include "data/values.h"
 #include "graph/graphscene.h"
+#include "graph/runcontrol.h"
 #include "inputs/filewatch.h"
 
 #include <QFileInfo>
@@ -151,8 +152,9 @@ void InputNode::onWatchedChanged()
 
 void InputNode::onDelayedImport()
 {
+    // A batch runs other scenes meanwhile, and lets events in.
     const GraphScene *scene = graphScene();
-    if (scene && scene->isProcessing()) {
+    if (scene && (scene->isProcessing() || RunControl::currentRun() != 0)) {
         m_importTimer->start(scene->document()->watchDelays.busy);
     } else {
         emit sourceChanged(this);

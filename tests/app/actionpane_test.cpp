@@ -2,7 +2,7 @@
 #include "app/boxanswers.h"
 #include "app/mainwindow.h"
 #include "app/recoveryfile.h"
-#include "app/runlog.h"
+#include "app/report/runlog.h"
 #include "app/testdocument.h"
 #include "graph/graphscene.h"
 #include "graph/ionode.h"

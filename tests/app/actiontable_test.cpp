@@ -5,7 +5,7 @@
 #include "app/mainactions.h"
 #include "app/mainwindow.h"
 #include "app/recoveryfile.h"
-#include "app/runlog.h"
+#include "app/report/runlog.h"
 #include "app/testdocument.h"
 #include "app/uithemes.h"
 #include "graph/connection.h"

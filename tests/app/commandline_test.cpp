@@ -64,6 +64,10 @@ TEST_F(CommandLineTest, Errors)
         {"the first error counts", {"-bad", "no.transform"}, "Unrecognized argument: -bad"},
         {"an override is looked at later", {"-file", "a=b=c", "-folder", "nothing"}, ""},
         {"a value may look like an option", {"-log", "-cli"}, ""},
+        {"a batch in a window", {"a.transform", "-batch"}, "-batch only works with -cli"},
+        {"a batch on files of the command line", {"a.transform", "-batch", "-cli", "-file", "x=y"},
+            "-file and -folder can't be used with -batch, whose rows name the files"},
+        {"a batch", {"a.transform", "--Batch", "-CLI", "-verbose"}, ""},
     };
     for (const ParseCase &c : cases) {
         SCOPED_TRACE(c.what);

@@ -65,7 +65,7 @@ protected:
         text.replace(root(), QStringLiteral("{dir}"));
         text.replace(QRegularExpression(QStringLiteral("(Started|Finished): [^\n]*")), QStringLiteral("\\1: {when}"));
         text.replace(
-            QRegularExpression(QStringLiteral("Elapsed: \\d+\\.\\d{3} second")), QStringLiteral("Elapsed: {s} second"));
+            QRegularExpression(QStringLiteral("lapsed: \\d+\\.\\d{3} second")), QStringLiteral("lapsed: {s} second"));
         text.replace(QRegularExpression(QStringLiteral("cols?, [^,\n]* second\\(s\\)")), QStringLiteral("cols, {s}"));
         return text;
     }
@@ -280,6 +280,52 @@ TEST_F(CommandLineRunTest, LogPathTakesVariables)
 {
     EXPECT_EQ(run({"flow.transform", "-cli", "-verbosity", "1", "-log", "{transformfname}_{year}.log"}).exitCode, 0);
     EXPECT_TRUE(QFile::exists(path("flow_") + QString::number(QDate::currentDate().year()) + QStringLiteral(".log")));
+}
+
+TEST_F(CommandLineRunTest, StoredBatch)
+{
+    TestDocument document = plain();
+    writeFile(path("none.transform"), document.xml());
+    document.batch = "<batch_values>" + batchXml(0, QStringLiteral("in"), QStringLiteral("*.csv"))
+                     + batchXml(0, QStringLiteral("out"), QStringLiteral("{in}.txt"))
+                     + "</batch_values><batch_logging verbosity=\"1\" enabled=\"1\" path=\"run.log\" mode=\"1\"/>";
+    writeFile(path("batch.transform"), document.xml());
+    document.outputs = outputXml(2, QStringLiteral("out"), path("out.csv"), 0);
+    writeFile(path("off.transform"), document.xml());
+    const QString ofOneRun = QStringLiteral(
+        "Batch row: 1\nProcessed: 1 Input(s), 0 Transform(s), 1 Output(s), 0 Chart(s)\nElapsed: {s} "
+        "second(s)\nResults: 0 error(s)\n\nTotal elapsed: {s} second(s)\nTotal .transform runs: 1, 0 with "
+        "errors\nTotal results: 0 error(s)\n");
+    const RunResult result = run({"batch.transform", "-cli", "-batch"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.said, QStringLiteral("\nWriting to log file '{dir}/run.log'\n\n") + ofOneRun);
+    EXPECT_EQ(cleaned(readFile(path("run.log"))), QStringLiteral("Writing to log file '{dir}/run.log'\n\n") + ofOneRun);
+    EXPECT_EQ(readFile(path("in.txt")), "id,name\n1,caf\xc3\xa9\n2,b\n");
+    QFile::remove(path("in.csv"));
+    writeFile(path("run.log"), "old\n");
+    const RunResult failed = run({"batch.transform", "-cli", "-batch", "-verbosity", "0"});
+    EXPECT_EQ(failed.exitCode, 0) << "a wildcard may match nothing";
+    EXPECT_EQ(failed.said, QString());
+    EXPECT_EQ(readFile(path("run.log")), "old\n") << "silence isn't logged";
+    for (const char *name : {"none.transform", "off.transform"}) {
+        EXPECT_EQ(run({QString::fromLatin1(name), "-cli", "-batch"}).exitCode, 255);
+    }
+    EXPECT_TRUE(
+        run({"off.transform", "-cli", "-batch"})
+            .said.contains(QStringLiteral("There must be at least 1 Output/Chart item that is writing to a file.")));
+}
+
+TEST_F(CommandLineRunTest, ErrorsOfABatchAreMarkedInTheLog)
+{
+    TestDocument document = plain();
+    document.batch = "<batch_values>" + batchXml(0, QStringLiteral("in"), QStringLiteral("gone.csv"))
+                     + "</batch_values>";
+    writeFile(path("batch.transform"), document.xml());
+    const RunResult result = run({"batch.transform", "-cli", "-batch", "-verbosity", "1", "-log", "run.log"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.said.contains(QStringLiteral("\033[31mInput file 'gone.csv' not found.\033[0m\n")));
+    EXPECT_TRUE(readFile(path("run.log")).contains("\n** Input file 'gone.csv' not found. **\n"));
+    EXPECT_EQ(run({"batch.transform", "-cli", "-batch", "-verbosity", "0"}).exitCode, 1);
 }
 
 TEST_F(CommandLineRunTest, UnknownTransformsAreTold)

@@ -1,5 +1,5 @@
 #include "app/application.h"
-#include "app/runlog.h"
+#include "app/report/runlog.h"
 #include "settings/settings.h"
 #include "support/testenvironment.h"
 

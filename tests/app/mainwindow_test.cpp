@@ -5,7 +5,7 @@
 #include "app/mainwindow.h"
 #include "app/openingquestions.h"
 #include "app/recoveryfile.h"
-#include "app/runlog.h"
+#include "app/report/runlog.h"
 #include "app/testdocument.h"
 #include "data/dataset.h"
 #include "graph/colors.h"

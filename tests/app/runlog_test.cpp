@@ -1,4 +1,4 @@
-#include "app/runlog.h"
+#include "app/report/runlog.h"
 #include "support/printers.h"
 
 #include <QDebug>
@@ -62,7 +62,7 @@ TEST_F(RunLogTest, AppendsUnlessToldToOverwrite)
         EXPECT_EQ(contentOf(path("run.log")), expected);
     }
     testing::internal::GetCapturedStderr();
-    EXPECT_EQ(m_log.nativePath(), path("run.log"));
+    EXPECT_EQ(m_log.logPath(), path("run.log"));
 }
 
 TEST_F(RunLogTest, UnopenableFileIsReportedAndTheRunGoesOn)
@@ -73,7 +73,7 @@ TEST_F(RunLogTest, UnopenableFileIsReportedAndTheRunGoesOn)
     m_log.info(QStringLiteral("still here"));
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
         "\033[31mCould not open log file at '" + path("no/folder/run.log").toStdString() + "'\033[0m\nstill here\n");
-    EXPECT_EQ(m_log.nativePath(), QString());
+    EXPECT_EQ(m_log.logPath(), QString());
 }
 
 } // namespace

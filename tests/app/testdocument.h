@@ -32,6 +32,13 @@ inline QByteArray connectionXml(int from, int to)
     return "<connection start_id=\"" + QByteArray::number(from) + "\" end_id=\"" + QByteArray::number(to) + "\"/>";
 }
 
+/// A cell of the batch grid.
+inline QByteArray batchXml(int row, const QString &alias, const QString &value)
+{
+    return "<batch_value row=\"" + QByteArray::number(row) + "\" alias=\"" + encoded(alias) + "\" value=\""
+           + encoded(value) + "\"/>";
+}
+
 /// The parts of a document; `meta` takes elements beside the version.
 struct TestDocument
 {
@@ -40,13 +47,14 @@ struct TestDocument
     QByteArray outputs;
     QByteArray connections;
     QByteArray meta;
+    QByteArray batch; ///< the elements of batches
     int version = 86;
 
     QByteArray xml() const
     {
         return "<!DOCTYPE Quillmere>\n<root><meta><version value=\"" + QByteArray::number(version) + "\"/>" + meta
                + "</meta><inputs>" + inputs + "</inputs><transforms>" + transforms + "</transforms><outputs>" + outputs
-               + "</outputs><charts/><notes/><connections>" + connections + "</connections></root>\n";
+               + "</outputs><charts/><notes/><connections>" + connections + "</connections>" + batch + "</root>\n";
     }
 };
 

@@ -3,7 +3,7 @@
 #include "app/boxanswers.h"
 #include "app/mainactions.h"
 #include "app/mainwindow.h"
-#include "app/runlog.h"
+#include "app/report/runlog.h"
 #include "app/uithemes.h"
 #include "panes/icons.h"
 #include "settings/settings.h"

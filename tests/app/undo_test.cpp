@@ -3,7 +3,7 @@
 #include "app/documentcommands.h"
 #include "app/mainwindow.h"
 #include "app/recoveryfile.h"
-#include "app/runlog.h"
+#include "app/report/runlog.h"
 #include "app/testdocument.h"
 #include "app/undostack.h"
 #include "graph/connection.h"

@@ -19,7 +19,7 @@ import tempfile
 
 TIMES = [
     (re.compile(r"^(Started|Finished): .*$", re.M), r"\1: {when}"),
-    (re.compile(r"^Elapsed: [0-9.,]+ second\(s\)$", re.M), "Elapsed: {time} second(s)"),
+    (re.compile(r"^(Elapsed|Total elapsed): [0-9.,]+ second\(s\)$", re.M), r"\1: {time} second(s)"),
     (re.compile(r"( processed in )<?[0-9.e-]+ second\(s\)"), r"\1{time} second(s)"),
     (re.compile(r"(cols?, )<?[0-9.,e-]+ second\(s\)(, )"), r"\1{time} second(s)\2"),
 ]

@@ -1,11 +1,8 @@
-#include "app/runlog.h"
+#include "app/report/runlog.h"
 
 #include "platform/console.h"
-#include "platform/paths.h"
 
 #include <QDebug>
-#include <QDir>
-#include <QFileInfo>
 
 namespace {
 
@@ -18,7 +15,7 @@ QMessageLogger logger()
 }
 
 bool librariesAreQuiet = false;
-QFile *openLog = nullptr; // of the run that goes on
+ReportFile *openFile = nullptr; // of the run that goes on
 
 void writeMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
@@ -39,34 +36,34 @@ void RunLog::installMessageHandler(bool quiet)
 
 bool RunLog::open(const QString &path, bool overwrite)
 {
-    auto file = std::make_unique<QFile>(platform::resolvedPath(path));
-    const QIODevice::OpenMode mode = overwrite ? QIODevice::Truncate : QIODevice::Append;
-    if (!file->open(QIODevice::WriteOnly | QIODevice::Text | mode)) {
+    if (!openLog(path, overwrite)) {
         error(QStringLiteral("Could not open log file at '%1'").arg(path));
         return false;
     }
-    m_file = std::move(file);
-    openLog = m_file.get();
+    return true;
+}
+
+bool RunLog::openLog(const QString &path, bool overwrite)
+{
+    if (!m_file.open(path, overwrite)) {
+        return false;
+    }
+    openFile = &m_file;
     return true;
 }
 
 void RunLog::close()
 {
-    if (openLog == m_file.get()) {
-        openLog = nullptr;
+    if (openFile == &m_file) {
+        openFile = nullptr;
     }
-    m_file.reset();
-}
-
-QString RunLog::nativePath() const
-{
-    return m_file ? QDir::toNativeSeparators(m_file->fileName()) : QString();
+    m_file.close();
 }
 
 void RunLog::info(const QString &text)
 {
     infoToConsole(text);
-    writeToFile(text);
+    m_file.info(text);
 }
 
 void RunLog::infoToConsole(const QString &text)
@@ -78,7 +75,7 @@ void RunLog::error(const QString &text)
 {
     const QString shown = text.startsWith(QLatin1Char(' ')) ? text.mid(1) : text;
     logger().warning().noquote() << QStringLiteral("\033[31m") + shown + QStringLiteral("\033[0m");
-    writeToFile(text);
+    m_file.error(text);
 }
 
 int RunLog::fatal(const QString &text)
@@ -92,16 +89,7 @@ int RunLog::fatal(const QString &text)
 void RunLog::reportOutOfMemory()
 {
     platform::writeConsoleLine(QStringLiteral("Out of memory"));
-    if (openLog) {
-        openLog->write("Out of memory\n");
-        openLog->flush();
-    }
-}
-
-void RunLog::writeToFile(const QString &text)
-{
-    if (m_file) {
-        m_file->write(text.toUtf8() + '\n');
-        m_file->flush();
+    if (openFile) {
+        openFile->writeBytes("Out of memory\n");
     }
 }

@@ -1,17 +1,15 @@
 #pragma once
 
-#include <QFile>
-#include <QString>
-#include <memory>
+#include "app/report/reportfile.h"
+#include "app/report/reportsink.h"
 
 /// Where the program reports in lines: the console and, when one is open, a log file. Both are UTF-8 and each line is
 /// out when its call returns.
-class RunLog
+class RunLog final : public ReportSink
 {
 public:
     RunLog() = default;
-    ~RunLog() { close(); }
-    Q_DISABLE_COPY(RunLog)
+    ~RunLog() override { close(); }
 
     /// Exit code after a command line or document that can't be used.
     static constexpr int fatalExitCode = -1;
@@ -22,14 +20,15 @@ public:
 
     /// Opens `path`, made absolute; false after reporting that it can't be opened.
     bool open(const QString &path, bool overwrite);
+    bool openLog(const QString &path, bool overwrite) override;
     void close();
-    bool isOpen() const { return m_file != nullptr; }
-    /// Of the log file, with the system's separators.
-    QString nativePath() const;
+    bool isOpen() const { return m_file.isOpen(); }
+    QString logPath() const override { return m_file.nativePath(); }
+    void setErrorsMarked(bool on) { m_file.setErrorsMarked(on); }
 
-    void info(const QString &text);
+    void info(const QString &text) override;
     /// Red on a terminal.
-    void error(const QString &text);
+    void error(const QString &text) override;
     /// Reports that the program gives up; returns the exit code.
     int fatal(const QString &text);
     /// Says so on the console and in the log that is open, with next to no memory.
@@ -38,7 +37,5 @@ public:
     void infoToConsole(const QString &text);
 
 private:
-    void writeToFile(const QString &text);
-
-    std::unique_ptr<QFile> m_file;
+    ReportFile m_file;
 };
