@@ -36,7 +36,7 @@ void SessionEnd::onCommitData(QSessionManager &manager)
 
 void SessionEnd::onTerminated()
 {
-    if (m_window.scene().isProcessing()) {
+    if (m_window.scene().isProcessing() || RunControl::currentRun() != 0) {
         // Ends at the next item; only then the document is whole again.
         stopRequested = true;
         QTimer::singleShot(retryMs, this, &SessionEnd::onTerminated);

@@ -139,7 +139,11 @@ void insertCopies(const GraphScene &original, GraphScene &copy)
 
 std::unique_ptr<GraphScene> GraphCopy::sceneForRun(const GraphScene &scene)
 {
-    auto copy = std::make_unique<GraphScene>(std::make_shared<DocumentState>(*scene.document()));
+    // No window shows it, so it has none of the hooks.
+    const auto document = std::make_shared<DocumentState>();
+    document->path = scene.documentPath();
+    document->snapToGrid = scene.snapToGrid();
+    auto copy = std::make_unique<GraphScene>(document);
     insertCopies(scene, *copy);
     return copy;
 }
