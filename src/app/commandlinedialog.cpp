@@ -1,7 +1,7 @@
 #include "app/commandlinedialog.h"
 
+#include "app/logwidget.h"
 #include "graph/graphscene.h"
-#include "outputs/filenamevariables.h"
 #include "panes/dialogs/prompts.h"
 #include "settings/settings.h"
 
@@ -90,37 +90,19 @@ void CommandLineDialog::buildForm()
         m_verbosity->setItemData(level, Verbosity::description(level), Qt::ToolTipRole);
     }
     m_verbosity->setCurrentIndex(Verbosity::Normal);
+    m_log = new LogWidget(m_prompts);
     auto *form = new QFormLayout;
     form->addRow(QStringLiteral("&Format for:"), m_format);
     form->addRow(note);
     form->addRow(QStringLiteral("&Pause for:"), m_pause);
     form->addRow(QStringLiteral("&Verbosity:"), m_verbosity);
-    form->addRow(QString(), buildLog());
+    form->addRow(QString(), m_log);
     static_cast<QVBoxLayout *>(layout())->addLayout(form);
     layout()->addWidget(buildLoop());
     connect(m_format, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &CommandLineDialog::onChanged);
     connect(m_verbosity, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &CommandLineDialog::onChanged);
+    connect(m_log, &LogWidget::changed, this, &CommandLineDialog::onChanged);
     connect(m_pause, QOverload<int>::of(&QSpinBox::valueChanged), this, &CommandLineDialog::onChanged);
-}
-
-QWidget *CommandLineDialog::buildLog()
-{
-    m_logging = new QCheckBox(QStringLiteral("&Log to:"));
-    m_logPath = new QLineEdit;
-    m_logPath->setAccessibleName(QStringLiteral("Log file"));
-    m_logPath->setToolTip(QStringLiteral("Where the report is written to. It may hold the variables %1.")
-                              .arg(FileNameVariables::names().join(QStringLiteral(", "))));
-    m_browseLog = new QPushButton(QStringLiteral("Browse..."));
-    m_overwriteLog = new QCheckBox(QStringLiteral("&overwrite"));
-    m_overwriteLog->setToolTip(QStringLiteral("Check to begin the log file anew with each run."));
-    auto *widget = new QWidget;
-    widget->setLayout(row({m_logging, m_logPath, m_browseLog, m_overwriteLog}));
-    widget->layout()->setContentsMargins(0, 0, 0, 0);
-    connect(m_logging, &QCheckBox::toggled, this, &CommandLineDialog::onChanged);
-    connect(m_logPath, &QLineEdit::textChanged, this, &CommandLineDialog::onChanged);
-    connect(m_overwriteLog, &QCheckBox::toggled, this, &CommandLineDialog::onChanged);
-    connect(m_browseLog, &QPushButton::clicked, this, &CommandLineDialog::onBrowseLog);
-    return widget;
 }
 
 QGroupBox *CommandLineDialog::buildLoop()
@@ -182,9 +164,9 @@ CommandLineTextOptions CommandLineDialog::options() const
     chosen.format = CommandLineTextOptions::Format(m_format->currentIndex());
     chosen.pauseSeconds = m_pause->value();
     chosen.verbosity = m_verbosity->currentIndex();
-    chosen.logging = m_logging->isChecked();
-    chosen.logPath = m_logPath->text();
-    chosen.overwriteLog = m_overwriteLog->isChecked();
+    chosen.logging = m_log->isLogging();
+    chosen.logPath = m_log->path();
+    chosen.overwriteLog = m_log->overwrites();
     chosen.loop = m_loop->isChecked() && m_loopAlias->count() > 0;
     chosen.loopAlias = m_loopAlias->currentText();
     chosen.loopFolder = m_loopFolder->text();
@@ -201,9 +183,6 @@ void CommandLineDialog::onChanged()
     m_warnings->setPlainText(command.warnings.join(QLatin1Char('\n')));
     m_warnings->setVisible(!command.warnings.isEmpty());
     m_warningsLabel->setVisible(!command.warnings.isEmpty());
-    for (QWidget *widget : std::initializer_list<QWidget *>{m_logPath, m_browseLog, m_overwriteLog}) {
-        widget->setEnabled(m_logging->isChecked());
-    }
     m_loop->setEnabled(m_loopAlias->count() > 0);
     for (QWidget *widget :
         std::initializer_list<QWidget *>{m_loopAlias, m_loopFolder, m_browseFolder, m_loopMatching}) {
@@ -224,15 +203,6 @@ void CommandLineDialog::onBrowseFolder()
     const QString folder = m_prompts.openFolder({QStringLiteral("Select folder"), m_loopFolder->text(), QString()});
     if (!folder.isEmpty()) {
         m_loopFolder->setText(QDir::toNativeSeparators(folder));
-    }
-}
-
-void CommandLineDialog::onBrowseLog()
-{
-    const QString path = m_prompts.saveFile(
-        {QStringLiteral("Log file"), m_logPath->text(), QStringLiteral("Log files (*.log);;All Files (*)"), false});
-    if (!path.isEmpty()) {
-        m_logPath->setText(QDir::toNativeSeparators(path));
     }
 }
 

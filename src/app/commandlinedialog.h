@@ -5,6 +5,7 @@
 #include <QDialog>
 
 class GraphScene;
+class LogWidget;
 class Prompts;
 class QCheckBox;
 class QComboBox;
@@ -29,13 +30,11 @@ private slots:
     void onChanged();
     void onLoopAliasChanged();
     void onBrowseFolder();
-    void onBrowseLog();
     void onCopy();
     void onHelpRequested();
 
 private:
     void buildForm();
-    QWidget *buildLog();
     QGroupBox *buildLoop();
     void buildText();
     CommandLineTextOptions options() const;
@@ -47,10 +46,7 @@ private:
     QComboBox *m_format;
     QSpinBox *m_pause;
     QComboBox *m_verbosity;
-    QCheckBox *m_logging;
-    QLineEdit *m_logPath;
-    QPushButton *m_browseLog;
-    QCheckBox *m_overwriteLog;
+    LogWidget *m_log;
     QCheckBox *m_loop;
     QComboBox *m_loopAlias;
     QLineEdit *m_loopFolder;

@@ -180,7 +180,6 @@ int CommandLineRun::processBatch()
     ReportSink &sink = settings.verbosity == Verbosity::Silent ? static_cast<ReportSink &>(silence) : m_log;
     BatchProcess batch(m_scene, settings, sink);
     batch.setClearBeforeAppend(Settings::current().batchClearBeforeAppend());
-    batch.setUnattended(true);
     batch.setInCircles(m_loaded.nodesInCircles);
     batch.addWarnings(m_loaded.repairs.size());
     int errors = 0;

@@ -29,6 +29,8 @@ public:
     void setPath(const QString &path);
     const QString &notes() const { return m_notes; }
     void setNotes(const QString &text) { m_notes = text; }
+    const BatchSettings &batch() const { return m_batch; }
+    void setBatch(const BatchSettings &batch) { m_batch = batch; }
     bool isModified() const { return m_modified; }
     void setModified(bool modified);
 

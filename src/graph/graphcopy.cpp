@@ -139,10 +139,11 @@ void insertCopies(const GraphScene &original, GraphScene &copy)
 
 std::unique_ptr<GraphScene> GraphCopy::sceneForRun(const GraphScene &scene)
 {
-    // No window shows it, so it has none of the hooks.
+    // No window shows it, but a person who wants to be asked before many files are written still is.
     const auto document = std::make_shared<DocumentState>();
     document->path = scene.documentPath();
     document->snapToGrid = scene.snapToGrid();
+    document->hooks.askAboutFiles = scene.document()->hooks.askAboutFiles;
     auto copy = std::make_unique<GraphScene>(document);
     insertCopies(scene, *copy);
     return copy;

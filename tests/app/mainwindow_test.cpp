@@ -107,6 +107,40 @@ TEST_F(MainWindowTest, OpeningRunsAndNames)
     EXPECT_TRUE(log.contains(QStringLiteral("Up to date: 2, Needs updating: 0, Error: 0")));
 }
 
+TEST_F(MainWindowTest, BatchRowsAreSavedWithTheDocument)
+{
+    ASSERT_TRUE(open("flow.transform"));
+    QFile::remove(path("out.csv"));
+    {
+        BoxAnswers answers({QStringLiteral("Process"), QStringLiteral("Add")});
+        action("m_fileBatchProcessAction").trigger();
+        EXPECT_EQ(answers.texts(), QStringList("Batch Process[*]"));
+        EXPECT_TRUE(QFile::exists(path("out.csv")));
+        EXPECT_FALSE(m_window->isWindowModified()) << "the grid hasn't changed";
+        action("m_fileBatchProcessAction").trigger();
+        EXPECT_TRUE(m_window->isWindowModified());
+    }
+    action("m_fileSaveAction").trigger();
+    DocumentSession other;
+    LoadedDocument loaded;
+    QString error;
+    ASSERT_TRUE(other.load(path("flow.transform"), loaded, error));
+    EXPECT_EQ(other.batch().rowCount(), 2);
+    EXPECT_EQ(other.batch().values.value({1, QStringLiteral("in")}), path("in.csv"));
+    EXPECT_TRUE(other.batch() == loaded.batch);
+}
+
+TEST_F(MainWindowTest, ADocumentThatBatchesCantRunIsRefused)
+{
+    TestDocument document = plain();
+    document.outputs = outputXml(2, QStringLiteral("out"), path("out.csv"), 0);
+    writeFile(path("off.transform"), document.xml());
+    ASSERT_TRUE(open("off.transform"));
+    const BoxAnswers answers;
+    action("m_fileBatchProcessAction").trigger();
+    EXPECT_EQ(answers.texts(), QStringList("There must be at least 1 Output/Chart item that is writing to a file."));
+}
+
 TEST_F(MainWindowTest, AutoRunOffLeavesItToTheUser)
 {
     TestDocument document = plain();

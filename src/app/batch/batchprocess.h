@@ -24,8 +24,6 @@ public:
 
     /// Whether outputs that append begin with an empty file in each batch.
     void setClearBeforeAppend(bool on) { m_options.clearBeforeAppend = on; }
-    /// Nobody is asked before many files are written.
-    void setUnattended(bool on) { m_options.unattended = on; }
     /// Items in circles can't have been meant to run as they do now: each counts as an error of every run.
     void setInCircles(const QList<Node *> &nodes);
 

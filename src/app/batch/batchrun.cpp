@@ -95,11 +95,6 @@ void BatchRun::prepareInput(InputNode &input, const BatchPaths &paths)
 
 void BatchRun::prepareOutput(OutputNode &output, const BatchPaths &paths)
 {
-    if (m_options.unattended && output.options().confirmMultiFile) {
-        OutputOptions options = output.options();
-        options.confirmMultiFile = false;
-        output.setOptions(options);
-    }
     const auto path = paths.outputs.constFind(output.alias());
     if (path != paths.outputs.cend() && output.writeMode() != WriteMode::Disabled) {
         setOutputFile(output, *path);

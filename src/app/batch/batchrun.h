@@ -27,7 +27,6 @@ struct BatchPaths
 struct BatchRunOptions
 {
     bool clearBeforeAppend = false;
-    bool unattended = false;
     /// Ids of items that count as errors, whatever becomes of them.
     QSet<int> inCircles;
 };

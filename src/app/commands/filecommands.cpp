@@ -1,5 +1,7 @@
 #include "app/commands/filecommands.h"
 
+#include "app/batch/batchcolumns.h"
+#include "app/batch/batchprocessdialog.h"
 #include "app/commandlinedialog.h"
 #include "app/documentcommands.h"
 #include "app/documentsession.h"
@@ -41,6 +43,25 @@ void FileCommands::newWindow()
     const QStringList arguments = QCoreApplication::arguments();
     if (!m_context.session.scene().isProcessing() && !arguments.isEmpty()) {
         QProcess::startDetached(QCoreApplication::applicationFilePath(), {QStringLiteral("-new_window")});
+    }
+}
+
+void FileCommands::batchProcess()
+{
+    DocumentSession &session = m_context.session;
+    if (session.scene().isProcessing()) {
+        return;
+    }
+    const QString obstacle = batchObstacle(commandLineItems(session.scene()));
+    if (!obstacle.isEmpty()) {
+        m_context.prompts.warning(obstacle);
+        return;
+    }
+    BatchProcessDialog dialog(session.scene(), session.batch(), m_context.prompts);
+    m_context.prompts.exec(dialog);
+    session.setBatch(dialog.settings());
+    if (dialog.isWindowModified()) {
+        session.setModified(true);
     }
 }
 

@@ -20,6 +20,8 @@ public:
     void editNotes();
     /// Starts the program once more.
     void newWindow();
+    /// Runs the document over many files, if its items allow that.
+    void batchProcess();
     void showCommandLine();
     void exit();
 

@@ -45,7 +45,7 @@ protected:
         open(plain());
         m_settings.verbosity = 1;
     }
-    void TearDown() override { RunControl::reset(); }
+    void TearDown() override { stopRequested = false; }
 
     TestDocument plain(int writeMode = 1) const
     {
