@@ -22,73 +22,24 @@ QString referenceOf(ColumnId id, const Dataset &upstream)
     return column.isValid() ? QString::number(toNumber(column).toInt()) + QStringLiteral("*0") : QString();
 }
 
-QStringList splitReferences(const QString &stored)
+QList<ColumnId> columnsOfReferences(const QString &references, const Dataset &upstream)
 {
-    const QChar by = stored.contains(separator) ? separator : QLatin1Char('^');
-    return stored.split(by, Qt::SkipEmptyParts);
-}
-
-} // namespace
-
-void ChartColumns::setX(ColumnId column)
-{
-    m_x = column;
-    m_xPending = false;
-    m_storedX.clear();
-}
-
-void ChartColumns::setY(const QList<ColumnId> &columns)
-{
-    m_y = columns;
-    m_yPending = false;
-    m_storedY.clear();
-}
-
-void ChartColumns::setStored(const QString &x, const QString &y)
-{
-    m_storedX = x;
-    m_storedY = y;
-    m_xPending = m_yPending = true;
-}
-
-void ChartColumns::resolve(const Dataset &upstream)
-{
-    if (!isPending() || !upstream.hasColumns()) {
-        return;
-    }
-    if (m_xPending) {
-        m_x = columnOfReference(m_storedX, upstream);
-    }
-    if (m_yPending) {
-        m_y.clear();
-        const QStringList references = splitReferences(m_storedY);
-        for (const QString &reference : references) {
-            const ColumnId id = columnOfReference(reference, upstream);
-            if (!id.isNull()) {
-                m_y.append(id);
-            }
+    const QChar by = references.contains(separator) ? separator : QLatin1Char('^');
+    QList<ColumnId> ids;
+    for (const QString &reference : references.split(by, Qt::SkipEmptyParts)) {
+        const ColumnId id = columnOfReference(reference, upstream);
+        if (!id.isNull()) {
+            ids.append(id);
         }
     }
-    m_xPending = m_yPending = false;
-    remember(upstream);
+    return ids;
 }
 
-QString ChartColumns::storedX(const Dataset *upstream) const
+QString referencesOf(const QList<ColumnId> &ids, const Dataset &upstream)
 {
-    if (m_xPending || !upstream || !upstream->hasColumns()) {
-        return m_storedX;
-    }
-    return referenceOf(m_x, *upstream);
-}
-
-QString ChartColumns::storedY(const Dataset *upstream) const
-{
-    if (m_yPending || !upstream || !upstream->hasColumns()) {
-        return m_storedY;
-    }
     QStringList references;
-    for (ColumnId id : m_y) {
-        const QString reference = referenceOf(id, *upstream);
+    for (const ColumnId id : ids) {
+        const QString reference = referenceOf(id, upstream);
         if (!reference.isEmpty()) {
             references.append(reference);
         }
@@ -96,71 +47,78 @@ QString ChartColumns::storedY(const Dataset *upstream) const
     return references.join(separator);
 }
 
-void ChartColumns::reconnect(const Dataset &upstream, QStringList &warnings, QStringList &infos)
+bool hasTable(const Dataset *upstream)
 {
-    QHash<ColumnId, QString> names;
-    m_x = reconnected(m_x, upstream, QStringLiteral("X axis data"), names, warnings, infos);
-    for (ColumnId &id : m_y) {
-        id = reconnected(id, upstream, QStringLiteral("Y axis data"), names, warnings, infos);
-    }
-    m_lastNames = names;
-    m_canReconnect = false;
-    remember(upstream);
+    return upstream && upstream->hasColumns();
 }
 
-ColumnId ChartColumns::reconnected(ColumnId id, const Dataset &upstream, const QString &option,
-    QHash<ColumnId, QString> &names, QStringList &warnings, QStringList &infos) const
+} // namespace
+
+void ChartColumns::setX(ColumnId column, const Dataset *upstream)
 {
-    if (id.isNull()) {
-        return id;
+    m_x = column;
+    m_xText.keep(hasTable(upstream) ? referenceOf(column, *upstream) : QString());
+}
+
+void ChartColumns::setY(const QList<ColumnId> &columns, const Dataset *upstream)
+{
+    m_y = columns;
+    m_yText.keep(hasTable(upstream) ? referencesOf(columns, *upstream) : QString());
+}
+
+void ChartColumns::setStored(const QString &x, const QString &y)
+{
+    m_xText.wait(x);
+    m_yText.wait(y);
+}
+
+void ChartColumns::resolve(const Dataset &upstream)
+{
+    if (!isPending() || !upstream.hasColumns()) {
+        return;
     }
-    const ColumnIndex column = upstream.columnIndexOfId(id);
-    const QString lastName = m_lastNames.value(id);
-    if (column.isValid()) {
-        names.insert(id, upstream.columnName(column));
-        return id;
+    if (m_xText.isWaiting()) {
+        m_x = columnOfReference(m_xText.take(), upstream);
     }
-    names.insert(id, lastName);
-    if (!m_canReconnect || lastName.isEmpty()) {
-        return id;
+    if (m_yText.isWaiting()) {
+        m_y = columnsOfReferences(m_yText.take(), upstream);
     }
-    const ColumnIndex found = upstream.columnIndexOfName(lastName);
-    if (!found.isValid()) {
-        warnings.append(QStringLiteral("Cannot reconnect to column '%1' for '%2'").arg(lastName, option));
-        return id;
+    m_memory.learn(upstream, options());
+    keepTexts(upstream);
+}
+
+QString ChartColumns::storedX(const Dataset *upstream) const
+{
+    const bool asKept = m_xText.isWaiting() || !hasTable(upstream);
+    return asKept ? m_xText.text() : referenceOf(m_x, *upstream);
+}
+
+QString ChartColumns::storedY(const Dataset *upstream) const
+{
+    const bool asKept = m_yText.isWaiting() || !hasTable(upstream);
+    return asKept ? m_yText.text() : referencesOf(m_y, *upstream);
+}
+
+QList<ColumnOption> ChartColumns::options()
+{
+    return {{QStringLiteral("X axis data"), m_x}, {QStringLiteral("Y axis data"), m_y}};
+}
+
+void ChartColumns::reconnect(const Dataset &upstream, QStringList &warnings, QStringList &infos)
+{
+    m_memory.reconnect(options(), {upstream, warnings, infos});
+    keepTexts(upstream);
+}
+
+void ChartColumns::keepTexts(const Dataset &upstream)
+{
+    if (!isPending() && upstream.hasColumns()) {
+        m_xText.keep(storedX(&upstream));
+        m_yText.keep(storedY(&upstream));
     }
-    infos.append(QStringLiteral("Reconnected to column '%1' for '%2'").arg(lastName, option));
-    const ColumnId newId = upstream.columnId(found);
-    names.insert(newId, lastName);
-    return newId;
 }
 
 void ChartColumns::remap(const QHash<ColumnId, ColumnId> &map)
 {
-    m_x = map.value(m_x, m_x);
-    for (ColumnId &id : m_y) {
-        id = map.value(id, id);
-    }
-    QHash<ColumnId, QString> names;
-    for (auto it = m_lastNames.cbegin(); it != m_lastNames.cend(); ++it) {
-        names.insert(map.value(it.key(), it.key()), it.value());
-    }
-    m_lastNames = names;
-}
-
-/// Keeps the stored form and the names for the time when the table upstream is gone.
-void ChartColumns::remember(const Dataset &upstream)
-{
-    if (!upstream.hasColumns()) {
-        return;
-    }
-    m_storedX = storedX(&upstream);
-    m_storedY = storedY(&upstream);
-    const QList<ColumnId> ids = QList<ColumnId>(m_y) << m_x;
-    for (ColumnId id : ids) {
-        const ColumnIndex column = upstream.columnIndexOfId(id);
-        if (column.isValid()) {
-            m_lastNames.insert(id, upstream.columnName(column));
-        }
-    }
+    m_memory.remap(map, options());
 }

@@ -26,6 +26,8 @@ public:
     /// Native paths written by the last run.
     const QStringList &writtenFiles() const { return m_writtenFiles; }
 
+    /// The table of the one input, or null.
+    const Dataset *upstreamDataset() const;
     const ChartColumns &columns() const { return m_columns; }
     ChartColumns &columns() { return m_columns; }
     /// Column references as a document holds them; they wait for the table upstream.
@@ -57,8 +59,6 @@ public:
     QColor textColor() const override;
 
 private:
-    /// The table of the one input, or null.
-    const Dataset *upstreamDataset() const;
     QString columnsText(const QList<ColumnId> &ids) const;
     bool mayRun() override;
     void prepareRun() override;

@@ -35,6 +35,8 @@ public:
     /// True when the option has a meaning for the present type, encoding and modes.
     bool applies(OutputOption option) const;
 
+    /// The table of the one input, else the copy of the last run; null when neither has columns.
+    const Dataset *knownDataset() const;
     const OutputColumns &columns() const { return m_columns; }
     OutputColumns &columns() { return m_columns; }
     /// The texts that a document holds for the options that refer to columns.
@@ -82,8 +84,6 @@ public:
     bool shouldWriteBom(const QString &path) const;
 
 private:
-    /// The table of the one input, else the copy of the last run; null when neither has columns.
-    const Dataset *knownDataset() const;
     bool mayRun() override;
     void prepareRun() override;
     bool produce() override;

@@ -23,6 +23,11 @@ ColumnId columnOfText(const QString &text, const Dataset &upstream)
     return column.isValid() ? upstream.columnId(column) : ColumnId();
 }
 
+QString textOfColumn(ColumnId column, const Dataset &upstream)
+{
+    return QString::number(toNumber(upstream.columnIndexOfId(column)).toInt());
+}
+
 OutputColumns::Choices choicesOfText(const QString &text, const Dataset &upstream)
 {
     const QChar by = text.contains(separator) ? separator : QLatin1Char('^');
@@ -48,15 +53,6 @@ QString textOfChoices(const OutputColumns::Choices &choices, const Dataset &upst
     return numbers.join(separator);
 }
 
-OutputColumns::Choices remapped(const OutputColumns::Choices &choices, const QHash<ColumnId, ColumnId> &map)
-{
-    OutputColumns::Choices result;
-    for (auto it = choices.cbegin(); it != choices.cend(); ++it) {
-        result.insert(map.value(it.key(), it.key()), it.value());
-    }
-    return result;
-}
-
 QVariantList valuesOf(const OutputColumns::Choices &choices)
 {
     QVariantList values;
@@ -73,136 +69,91 @@ bool hasTable(const Dataset *upstream)
 
 } // namespace
 
-void OutputColumns::setMultiFileColumn(ColumnId column)
+void OutputColumns::setMultiFileColumn(ColumnId column, const Dataset *upstream)
 {
     m_multiFileColumn = column;
-    m_filePending = false;
-    m_storedMultiFileColumn.clear();
+    m_fileText.keep(hasTable(upstream) ? textOfColumn(column, *upstream) : QString());
 }
 
-void OutputColumns::setExcelFormats(const Choices &formats)
+void OutputColumns::setExcelFormats(const Choices &formats, const Dataset *upstream)
 {
     m_excelFormats = formats;
-    m_formatsPending = false;
-    m_storedExcelFormats.clear();
+    m_formatsText.keep(hasTable(upstream) ? textOfChoices(formats, *upstream) : QString());
 }
 
-void OutputColumns::setJsonTypes(const Choices &types)
+void OutputColumns::setJsonTypes(const Choices &types, const Dataset *upstream)
 {
     m_jsonTypes = types;
-    m_typesPending = false;
-    m_storedJsonTypes.clear();
+    m_typesText.keep(hasTable(upstream) ? textOfChoices(types, *upstream) : QString());
 }
 
 void OutputColumns::setStored(const QString &multiFileColumn, const QString &excelFormats, const QString &jsonTypes)
 {
-    m_storedMultiFileColumn = multiFileColumn;
-    m_storedExcelFormats = excelFormats;
-    m_storedJsonTypes = jsonTypes;
-    m_filePending = m_formatsPending = m_typesPending = true;
+    m_fileText.wait(multiFileColumn);
+    m_formatsText.wait(excelFormats);
+    m_typesText.wait(jsonTypes);
 }
 
 void OutputColumns::resolve(const Dataset &upstream)
 {
-    if (!upstream.hasColumns()) {
+    if (!isPending() || !upstream.hasColumns()) {
         return;
     }
-    if (m_filePending) {
-        m_multiFileColumn = columnOfText(m_storedMultiFileColumn, upstream);
+    if (m_fileText.isWaiting()) {
+        m_multiFileColumn = columnOfText(m_fileText.take(), upstream);
     }
-    if (m_formatsPending) {
-        m_excelFormats = choicesOfText(m_storedExcelFormats, upstream);
+    if (m_formatsText.isWaiting()) {
+        m_excelFormats = choicesOfText(m_formatsText.take(), upstream);
     }
-    if (m_typesPending) {
-        m_jsonTypes = choicesOfText(m_storedJsonTypes, upstream);
+    if (m_typesText.isWaiting()) {
+        m_jsonTypes = choicesOfText(m_typesText.take(), upstream);
     }
-    m_filePending = m_formatsPending = m_typesPending = false;
+    m_memory.learn(upstream, options());
+    keepTexts(upstream);
 }
 
 QString OutputColumns::storedMultiFileColumn(const Dataset *upstream) const
 {
-    if (m_filePending || !hasTable(upstream)) {
-        return m_storedMultiFileColumn;
-    }
-    return QString::number(toNumber(upstream->columnIndexOfId(m_multiFileColumn)).toInt());
+    const bool asKept = m_fileText.isWaiting() || !hasTable(upstream);
+    return asKept ? m_fileText.text() : textOfColumn(m_multiFileColumn, *upstream);
 }
 
 QString OutputColumns::storedExcelFormats(const Dataset *upstream) const
 {
-    return m_formatsPending || !hasTable(upstream) ? m_storedExcelFormats : textOfChoices(m_excelFormats, *upstream);
+    const bool asKept = m_formatsText.isWaiting() || !hasTable(upstream);
+    return asKept ? m_formatsText.text() : textOfChoices(m_excelFormats, *upstream);
 }
 
 QString OutputColumns::storedJsonTypes(const Dataset *upstream) const
 {
-    return m_typesPending || !hasTable(upstream) ? m_storedJsonTypes : textOfChoices(m_jsonTypes, *upstream);
+    const bool asKept = m_typesText.isWaiting() || !hasTable(upstream);
+    return asKept ? m_typesText.text() : textOfChoices(m_jsonTypes, *upstream);
+}
+
+QList<ColumnOption> OutputColumns::options()
+{
+    return {{QStringLiteral("Excel column formats"), m_excelFormats},
+        {QStringLiteral("Json column types"), m_jsonTypes}, {QStringLiteral("Files column"), m_multiFileColumn}};
 }
 
 void OutputColumns::reconnect(const Dataset &upstream, QStringList &warnings, QStringList &infos)
 {
-    if (m_reconnectPending) {
-        m_excelFormats = reconnected(m_excelFormats, upstream, QStringLiteral("Excel column formats"), warnings, infos);
-        m_jsonTypes = reconnected(m_jsonTypes, upstream, QStringLiteral("Json column types"), warnings, infos);
-        m_multiFileColumn = reconnected(m_multiFileColumn, upstream, QStringLiteral("Files column"), warnings, infos);
-        m_reconnectPending = false;
-    }
-    learnNames(upstream);
+    m_memory.reconnect(options(), {upstream, warnings, infos});
+    keepTexts(upstream);
 }
 
-ColumnId OutputColumns::reconnected(
-    ColumnId id, const Dataset &upstream, const QString &option, QStringList &warnings, QStringList &infos) const
+void OutputColumns::keepTexts(const Dataset &upstream)
 {
-    const QString lastName = m_columnNameHints.value(id);
-    if (lastName.isEmpty() || upstream.columnIndexOfId(id).isValid()) {
-        return id;
+    if (!isPending() && upstream.hasColumns()) {
+        m_fileText.keep(storedMultiFileColumn(&upstream));
+        m_formatsText.keep(storedExcelFormats(&upstream));
+        m_typesText.keep(storedJsonTypes(&upstream));
     }
-    const ColumnIndex found = upstream.columnIndexOfName(lastName);
-    if (!found.isValid()) {
-        warnings.append(QStringLiteral("Cannot reconnect to column '%1' for '%2'").arg(lastName, option));
-        return id;
-    }
-    infos.append(QStringLiteral("Reconnected to column '%1' for '%2'").arg(lastName, option));
-    return upstream.columnId(found);
-}
-
-OutputColumns::Choices OutputColumns::reconnected(const Choices &choices, const Dataset &upstream,
-    const QString &option, QStringList &warnings, QStringList &infos) const
-{
-    Choices result;
-    for (const ColumnId id : sortedKeys(choices)) {
-        result.insert(reconnected(id, upstream, option, warnings, infos), choices.value(id));
-    }
-    return result;
-}
-
-/// Renews the names of what is there; the names of lost columns stay for a later search. The stored texts follow, for
-/// the time when the table upstream is gone.
-void OutputColumns::learnNames(const Dataset &upstream)
-{
-    if (isPending() || !upstream.hasColumns()) {
-        return;
-    }
-    QHash<ColumnId, QString> names;
-    const QList<ColumnId> ids = m_excelFormats.keys() + m_jsonTypes.keys() + QList<ColumnId>{m_multiFileColumn};
-    for (const ColumnId id : ids) {
-        const ColumnIndex column = upstream.columnIndexOfId(id);
-        names.insert(id, column.isValid() ? upstream.columnName(column) : m_columnNameHints.value(id));
-    }
-    m_columnNameHints = names;
-    m_storedMultiFileColumn = storedMultiFileColumn(&upstream);
-    m_storedExcelFormats = storedExcelFormats(&upstream);
-    m_storedJsonTypes = storedJsonTypes(&upstream);
 }
 
 void OutputColumns::remap(const QHash<ColumnId, ColumnId> &map)
 {
-    m_multiFileColumn = map.value(m_multiFileColumn, m_multiFileColumn);
-    m_excelFormats = remapped(m_excelFormats, map);
-    m_jsonTypes = remapped(m_jsonTypes, map);
-    QHash<ColumnId, QString> names;
-    for (auto it = m_columnNameHints.cbegin(); it != m_columnNameHints.cend(); ++it) {
-        names.insert(map.value(it.key(), it.key()), it.value());
-    }
-    m_columnNameHints = names;
+    m_memory.remap(map, options());
 }
 
 QVariantList OutputColumns::values() const
@@ -211,7 +162,7 @@ QVariantList OutputColumns::values() const
     values.append(QVariant(valuesOf(m_excelFormats)));
     values.append(QVariant(valuesOf(m_jsonTypes)));
     if (isPending()) {
-        values << m_storedMultiFileColumn << m_storedExcelFormats << m_storedJsonTypes;
+        values << m_fileText.text() << m_formatsText.text() << m_typesText.text();
     }
     return values;
 }

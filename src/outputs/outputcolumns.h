@@ -1,10 +1,8 @@
 #pragma once
 
-#include "data/indexes.h"
+#include "data/columnmemory.h"
+#include "data/columntext.h"
 
-#include <QHash>
-#include <QString>
-#include <QStringList>
 #include <QVariantList>
 
 class Dataset;
@@ -20,16 +18,17 @@ public:
     using Choices = QHash<ColumnId, int>;
 
     ColumnId multiFileColumn() const { return m_multiFileColumn; }
-    // A new choice wins over what a document said of it, and leaves the others alone.
-    void setMultiFileColumn(ColumnId column);
+    // A new choice wins over what a document said of it, and leaves the others alone. `upstream` is the table that it
+    // was made for, null when none is known.
+    void setMultiFileColumn(ColumnId column, const Dataset *upstream);
     const Choices &excelFormats() const { return m_excelFormats; }
-    void setExcelFormats(const Choices &formats);
+    void setExcelFormats(const Choices &formats, const Dataset *upstream);
     const Choices &jsonTypes() const { return m_jsonTypes; }
-    void setJsonTypes(const Choices &types);
+    void setJsonTypes(const Choices &types, const Dataset *upstream);
 
     /// The texts of a document: the number of the Files column, and a number for each column in lists.
     void setStored(const QString &multiFileColumn, const QString &excelFormats, const QString &jsonTypes);
-    bool isPending() const { return m_filePending || m_formatsPending || m_typesPending; }
+    bool isPending() const { return m_fileText.isWaiting() || m_formatsText.isWaiting() || m_typesText.isWaiting(); }
     /// Turns pending texts into columns of `upstream`; numbers beyond its columns are dropped. A table without columns
     /// leaves them pending.
     void resolve(const Dataset &upstream);
@@ -39,8 +38,9 @@ public:
     QString storedJsonTypes(const Dataset *upstream) const;
 
     /// Lets the next reconnect() look for lost columns by their last names.
-    void requestReconnect() { m_reconnectPending = true; }
-    /// Learns the names of the columns in use and, once after requestReconnect(), finds lost columns by name.
+    void requestReconnect() { m_memory.allowReconnect(); }
+    /// Learns the names of the columns in use and, once after requestReconnect(), finds lost columns by name; the
+    /// stored texts follow.
     void reconnect(const Dataset &upstream, QStringList &warnings, QStringList &infos);
     /// Replaces ids; those that `map` lacks stay.
     void remap(const QHash<ColumnId, ColumnId> &map);
@@ -49,21 +49,14 @@ public:
     QVariantList values() const;
 
 private:
-    ColumnId reconnected(
-        ColumnId id, const Dataset &upstream, const QString &option, QStringList &warnings, QStringList &infos) const;
-    Choices reconnected(const Choices &choices, const Dataset &upstream, const QString &option, QStringList &warnings,
-        QStringList &infos) const;
-    void learnNames(const Dataset &upstream);
+    QList<ColumnOption> options();
+    void keepTexts(const Dataset &upstream);
 
     ColumnId m_multiFileColumn;
     Choices m_excelFormats;
     Choices m_jsonTypes;
-    QString m_storedMultiFileColumn;
-    QString m_storedExcelFormats;
-    QString m_storedJsonTypes;
-    bool m_filePending = false;
-    bool m_formatsPending = false;
-    bool m_typesPending = false;
-    bool m_reconnectPending = false;
-    QHash<ColumnId, QString> m_columnNameHints;
+    ColumnText m_fileText;
+    ColumnText m_formatsText;
+    ColumnText m_typesText;
+    ColumnMemory m_memory;
 };

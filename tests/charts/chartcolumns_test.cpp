@@ -94,14 +94,17 @@ TEST(ChartColumns, ANewChoiceWinsOverWhatADocumentSaidOfThatAxisOnly)
     const Dataset upstream = table({"day|qty|price", "1|2|3"}, 5);
     ChartColumns columns;
     columns.setStored(QStringLiteral("2*0"), yReferences);
-    columns.setY({ColumnId(5, 2)});
+    columns.setY({ColumnId(5, 2)}, &upstream);
     columns.resolve(upstream);
     EXPECT_EQ(columns.y(), QList<ColumnId>{ColumnId(5, 2)});
     EXPECT_EQ(columns.x(), ColumnId(5, 2)) << "still that of the document";
 
     columns.setStored(QStringLiteral("2*0"), yReferences);
-    columns.setX(ColumnId());
+    columns.setX(ColumnId(), &upstream);
     columns.resolve(upstream);
     EXPECT_TRUE(columns.x().isNull());
     EXPECT_EQ(columns.y().size(), 2);
+
+    columns.setX(ColumnId(5, 3), &upstream);
+    EXPECT_EQ(columns.storedX(nullptr), QStringLiteral("3*0")) << "also without a run before the table goes";
 }

@@ -134,7 +134,8 @@ TEST_P(ExcelNodeTest, TellsWhichColumnsAutomaticFormatsChange)
     EXPECT_EQ(flow.output->infos().last(), line) << "where nothing was chosen by hand either";
     const Dataset &table = flow.input->datasetConst();
     flow.output->columns().setExcelFormats({{table.columnId(ColumnIndex(0)), ExcelColumnFormat::Number},
-        {table.columnId(ColumnIndex(2)), ExcelColumnFormat::Time}});
+                                               {table.columnId(ColumnIndex(2)), ExcelColumnFormat::Time}},
+        &table);
     EXPECT_EQ(flow.run(), NodeState::Processed);
     EXPECT_EQ(flow.withNames(flow.output->infos()), QStringList("Overwrote sheet 'OUT[Data]'"));
 }

@@ -19,7 +19,7 @@ public:
     {
         scene.setDocumentPath(path("flow.transform"));
         const Dataset &table = input->datasetConst();
-        output->columns().setMultiFileColumn(table.columnId(table.columnIndexOfName("file")));
+        output->columns().setMultiFileColumn(table.columnId(table.columnIndexOfName("file")), &table);
         changeOptions([](OutputOptions &o) {
             o.outputTarget = OutputTarget::MultipleFiles;
             o.confirmMultiFile = false;
@@ -163,7 +163,7 @@ TEST(OutputNode, JudgesColumnsByTheWholeTableOfManyFiles)
     EXPECT_EQ(flow.bytes("y.json"), "[\n  {\n    \"a\": 2,\n    \"b\": \"no\"\n  }\n]\n");
 
     flow.output->columns().setJsonTypes(
-        {{flow.input->datasetConst().columnId(ColumnIndex(2)), JsonColumnType::Number}});
+        {{flow.input->datasetConst().columnId(ColumnIndex(2)), JsonColumnType::Number}}, nullptr);
     flow.changeOptions([](OutputOptions &o) { o.jsonTypeMode = JsonTypeMode::Manual; });
     EXPECT_EQ(flow.run(), NodeState::Processed);
     EXPECT_EQ(flow.bytes("y.json"), "[\n  {\n    \"a\": 2,\n    \"b\": null\n  }\n]\n");
@@ -201,11 +201,11 @@ TEST(OutputNode, LeavesAWorkbookThatCantBeLoadedAmongMany)
 TEST(OutputNode, WritesNothingWithoutAFilesColumn)
 {
     MultiFlow flow({"a|file", "1|x.csv"});
-    flow.output->columns().setMultiFileColumn(ColumnId());
+    flow.output->columns().setMultiFileColumn(ColumnId(), nullptr);
     EXPECT_EQ(flow.run(), NodeState::Processed);
     EXPECT_EQ(flow.output->warnings(), QStringList{"No column set for 'Files column'"});
     EXPECT_EQ(flow.output->resultText(), QString("Not written"));
-    flow.output->columns().setMultiFileColumn(ColumnId(77, 1));
+    flow.output->columns().setMultiFileColumn(ColumnId(77, 1), nullptr);
     EXPECT_EQ(flow.run(), NodeState::Processed);
     EXPECT_EQ(flow.output->warnings(), QStringList{"No column set for 'Files column'"}) << "the column is gone";
     EXPECT_EQ(flow.bytes("x.csv"), "no file");
@@ -370,7 +370,7 @@ TEST(OutputNode, CountsTheJsonIssuesThatItDoesntList)
         Flow flow(grid(lines));
         flow.output->setFileType(FileType::Json);
         flow.output->columns().setJsonTypes(
-            {{flow.input->datasetConst().columnId(ColumnIndex(0)), JsonColumnType::Number}});
+            {{flow.input->datasetConst().columnId(ColumnIndex(0)), JsonColumnType::Number}}, nullptr);
         flow.changeOptions([](OutputOptions &o) { o.jsonTypeMode = JsonTypeMode::Manual; });
         EXPECT_EQ(flow.run(), NodeState::Processed);
         EXPECT_EQ(flow.output->warnings().mid(4, 1), QStringList{"'x' not of type Number in column 1."});

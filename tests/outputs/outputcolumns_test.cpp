@@ -87,10 +87,7 @@ TEST(OutputColumns, AreSavedWithoutATableUpstream)
         "0",
         "");
     columns.resolve(upstream);
-    QStringList warnings;
-    QStringList infos;
-    columns.setExcelFormats({{upstream.columnId(ColumnIndex(1)), 6}});
-    columns.reconnect(upstream, warnings, infos);
+    columns.setExcelFormats({{upstream.columnId(ColumnIndex(1)), 6}}, &upstream);
     EXPECT_EQ(columns.storedMultiFileColumn(nullptr), QString("2"));
     const Dataset empty;
     EXPECT_EQ(columns.storedExcelFormats(&empty), QString("0\x1F"
@@ -157,7 +154,7 @@ TEST(OutputColumns, NewChoicesWinOverWhatADocumentSaid)
         "0",
         "2\x1F"
         "2");
-    columns.setJsonTypes({{second, 3}});
+    columns.setJsonTypes({{second, 3}}, &upstream);
     columns.resolve(upstream);
     EXPECT_EQ(columns.jsonTypes(), (OutputColumns::Choices{{second, 3}}));
     EXPECT_EQ(columns.multiFileColumn(), upstream.columnId(ColumnIndex(0)))
@@ -168,8 +165,8 @@ TEST(OutputColumns, NewChoicesWinOverWhatADocumentSaid)
         "5\x1F"
         "0",
         "");
-    columns.setMultiFileColumn(second);
-    columns.setExcelFormats({});
+    columns.setMultiFileColumn(second, &upstream);
+    columns.setExcelFormats({}, &upstream);
     columns.resolve(upstream);
     EXPECT_EQ(columns.multiFileColumn(), second);
     EXPECT_TRUE(columns.excelFormats().isEmpty());

@@ -238,7 +238,10 @@ void Parameter::setValue(const QVariant &value)
 {
     m_value = value;
     m_selectAllPending = false;
-    dropDeferred();
+    if (m_text.isWaiting()) {
+        m_text.take();
+    }
+    keepColumnText();
 }
 
 void Parameter::setNode(DataSource *node, bool reinitialise)

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "data/indexes.h"
+#include "data/columnmemory.h"
+#include "data/columntext.h"
 #include "transforms/options/parameterdeclaration.h"
 #include "transforms/options/records.h"
 #include "transforms/options/verifyrules.h"
@@ -12,7 +13,6 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
-#include <functional>
 
 class DataSource;
 
@@ -86,11 +86,11 @@ public:
     void fromDocumentText(const QString &text, int version);
     /// Keeps a stored value until the columns upstream are known; one that names no columns is taken at once.
     void setDeferredText(const QString &text, int version);
-    bool hasDeferredText() const { return m_hasDeferredText; }
+    bool hasDeferredText() const { return m_text.isWaiting(); }
     void resolveDeferred();
 
     // Keeping hold of columns
-    void allowReconnect() { m_canReconnect = true; }
+    void allowReconnect() { m_memory.allowReconnect(); }
     /// Follows renames, and once after a new connection looks lost columns up by their last names.
     void reconnectColumns(QStringList &warnings, QStringList &infos);
     /// True when `id` was found anew under its last name; `newId` and `currentName` are set.
@@ -102,14 +102,13 @@ public:
 
 private:
     void initialiseFromNode();
-    /// Keeps the stored text of the columns while they are known: a table that can't be read any more, because its file
-    /// is gone, must not cost the document its choices.
-    void rememberColumnText();
+    /// Keeps the stored text of the columns while they are known.
+    void keepColumnText();
     QString columnText() const;
-    void dropDeferred();
+    ColumnOption columnOption();
     /// Calls `change` for each column that `value` names, in order; it may set another id and then returns true. True
     /// when one did.
-    bool changeColumns(QVariant &value, const std::function<bool(ColumnId &)> &change) const;
+    bool changeColumns(QVariant &value, const ColumnChange &change) const;
     /// `value` in this kind's form, or nothing.
     QVariant acceptable(const QVariant &value) const;
     /// The columns without which the option does something else, without those that it only arranges or names.
@@ -129,15 +128,11 @@ private:
     void readParts(const QStringList &parts);
     void readRecord(const QStringList &parts);
 
-    int m_deferredVersion = -1;
-    bool m_hasDeferredText = false;
-    QString m_deferredText;
     bool m_selectAllPending = false;
     QVariant m_value;
     QVariant m_choices;
     DataSource *m_node = nullptr;
-    QHash<ColumnId, QString> m_columnNames;
-    QString m_knownText;   ///< the stored text that m_knownValue had
+    ColumnMemory m_memory;
+    ColumnText m_text;     ///< what waits, else the stored text that m_knownValue had
     QVariant m_knownValue; ///< the value when its columns were last known
-    bool m_canReconnect = false;
 };

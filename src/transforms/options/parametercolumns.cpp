@@ -1,3 +1,4 @@
+#include "data/columnwalk.h"
 #include "data/dataset.h"
 #include "data/datasource.h"
 #include "text/cappedlist.h"
@@ -10,83 +11,52 @@
 
 // How a value keeps hold of its columns.
 
-using ColumnChange = std::function<bool(ColumnId &)>;
+// The forms of value that name columns and aren't known to changeColumnsIn() yet. A list of each is known with it.
 
-// Each form of value that names columns: calls `change` for its ids in order, true when one changed.
-
-static bool changeIn(ColumnId &id, const ColumnChange &change)
-{
-    return change(id);
-}
-
-static bool changeIn(SortColumn &entry, const ColumnChange &change)
+static bool changeColumnsIn(SortColumn &entry, const ColumnChange &change)
 {
     return change(entry.column);
 }
 
-static bool changeIn(FilterTerm &term, const ColumnChange &change)
+static bool changeColumnsIn(FilterTerm &term, const ColumnChange &change)
 {
     return change(term.column);
 }
 
-template<class Entry>
-static bool changeIn(QList<Entry> &list, const ColumnChange &change)
+static bool changeColumnsIn(IfBranch &branch, const ColumnChange &change)
 {
-    bool changed = false;
-    for (Entry &entry : list) {
-        changed |= changeIn(entry, change);
-    }
-    return changed;
+    return changeColumnsIn(branch.conditions, change);
 }
 
-static bool changeIn(IfBranch &branch, const ColumnChange &change)
+static bool changeColumnsIn(FilterRecord &record, const ColumnChange &change)
 {
-    return changeIn(branch.conditions, change);
+    return changeColumnsIn(record.terms, change);
 }
 
-static bool changeIn(FilterRecord &record, const ColumnChange &change)
-{
-    return changeIn(record.terms, change);
-}
-
-static bool changeIn(IfRecord &record, const ColumnChange &change)
+static bool changeColumnsIn(IfRecord &record, const ColumnChange &change)
 {
     bool changed = false;
     for (IfBranch &branch : record.branches) {
-        changed |= changeIn(branch, change);
+        changed |= changeColumnsIn(branch, change);
     }
     return changed;
 }
 
-static bool changeIn(SplitRowsRecord &record, const ColumnChange &change)
+static bool changeColumnsIn(SplitRowsRecord &record, const ColumnChange &change)
 {
     return change(record.startColumn);
 }
 
-template<class Value>
-static bool changeIn(QHash<ColumnId, Value> &map, const ColumnChange &change)
+static bool changeColumnsIn(VerifyRuleSet &rules, const ColumnChange &change)
 {
-    bool changed = false;
-    QHash<ColumnId, Value> result;
-    for (auto it = map.cbegin(); it != map.cend(); ++it) {
-        ColumnId id = it.key();
-        changed |= change(id);
-        result.insert(id, it.value());
-    }
-    map = result;
-    return changed;
-}
-
-static bool changeIn(VerifyRuleSet &rules, const ColumnChange &change)
-{
-    return changeIn(rules.columns, change);
+    return changeColumnsIn(rules.columns, change);
 }
 
 template<class Value>
 static bool changeValue(QVariant &variant, const ColumnChange &change)
 {
     Value value = variant.value<Value>();
-    if (!changeIn(value, change)) {
+    if (!changeColumnsIn(value, change)) {
         return false;
     }
     variant = QVariant::fromValue(value);
@@ -218,7 +188,7 @@ QStringList Parameter::lostColumnWarnings() const
     const bool isUnset = this->isUnset();
     CappedList lost;
     for (const ColumnId id : neededColumns()) {
-        const QString name = m_columnNames.value(id);
+        const QString name = m_memory.lastName(id);
         if (!columns.hasGone(id) || (name.isEmpty() && isUnset)) {
             continue;
         }
@@ -244,65 +214,29 @@ QStringList Parameter::columnNamesFor(const QList<ColumnId> &ids) const
     return names;
 }
 
+ColumnOption Parameter::columnOption()
+{
+    return {m_name, [this](const ColumnChange &change) { return changeColumns(m_value, change); }};
+}
+
 bool Parameter::reconnectColumn(ColumnId id, const QString &lastName, ColumnId &newId, QString &currentName,
     QStringList &warnings, QStringList &infos) const
 {
     currentName = lastName;
-    if (id.isNull() || !m_node) {
-        return false;
-    }
-    const Dataset &dataset = m_node->datasetConst();
-    const ColumnIndex column = dataset.columnIndexOfId(id);
-    if (column.isValid()) {
-        currentName = dataset.columnName(column);
-        return false;
-    }
-    if (!m_canReconnect || lastName.isEmpty()) {
-        return false;
-    }
-    const ColumnIndex found = dataset.columnIndexOfName(lastName);
-    if (!found.isValid()) {
-        warnings.append(QStringLiteral("Cannot reconnect to column '%1' for '%2'").arg(lastName, m_name));
-        return false;
-    }
-    newId = dataset.columnId(found);
-    infos.append(QStringLiteral("Reconnected to column '%1' for '%2'").arg(lastName, m_name));
-    return true;
+    return m_node
+           && m_memory.reconnectColumn(
+               id, lastName, m_name, {m_node->datasetConst(), warnings, infos}, newId, currentName);
 }
 
 void Parameter::reconnectColumns(QStringList &warnings, QStringList &infos)
 {
-    if (!m_node) {
-        return;
+    if (m_node) {
+        m_memory.reconnect({columnOption()}, {m_node->datasetConst(), warnings, infos});
+        keepColumnText();
     }
-    QHash<ColumnId, QString> names;
-    changeColumns(m_value, [&](ColumnId &id) {
-        ColumnId newId;
-        QString name;
-        const bool found = reconnectColumn(id, m_columnNames.value(id), newId, name, warnings, infos);
-        if (found) {
-            id = newId;
-        }
-        if (!id.isNull()) {
-            names.insert(id, name);
-        }
-        return found;
-    });
-    m_columnNames = names;
-    m_canReconnect = false;
-    rememberColumnText();
 }
 
 void Parameter::remapColumnIds(const QHash<ColumnId, ColumnId> &map)
 {
-    const ColumnChange remap = [&map](ColumnId &id) {
-        const auto it = map.constFind(id);
-        if (it == map.cend()) {
-            return false;
-        }
-        id = it.value();
-        return true;
-    };
-    changeColumns(m_value, remap);
-    changeIn(m_columnNames, remap);
+    m_memory.remap(map, {columnOption()});
 }

@@ -63,7 +63,7 @@ QString Parameter::sortSummary() const
 
 QString Parameter::summary() const
 {
-    if (m_hasDeferredText) {
+    if (m_text.isWaiting()) {
         return QStringLiteral("Needs updating");
     }
     switch (m_kind) {

@@ -137,11 +137,11 @@ QStringList Parameter::recordParts() const
 QString Parameter::deferredDocumentText() const
 {
     if (!hasSeveralParts()) {
-        return RecordText::encoded(m_deferredText);
+        return RecordText::encoded(m_text.text());
     }
-    QStringList parts = m_deferredText.split(separator);
-    if (m_deferredVersion < operatorsVersion) {
-        parts = splitParts(m_deferredText, m_deferredVersion);
+    QStringList parts = m_text.text().split(separator);
+    if (m_text.version() < operatorsVersion) {
+        parts = splitParts(m_text.text(), m_text.version());
     }
     for (QString &part : parts) {
         part = RecordText::encoded(part);
@@ -151,7 +151,7 @@ QString Parameter::deferredDocumentText() const
 
 QString Parameter::toDocumentText() const
 {
-    if (m_hasDeferredText) {
+    if (m_text.isWaiting()) {
         return deferredDocumentText();
     }
     if (m_kind == ReplaceTerms) {
@@ -159,7 +159,7 @@ QString Parameter::toDocumentText() const
     }
     const bool isTableGone = m_node && m_node->datasetConst().columnCount() == 0;
     if (isTableGone && m_knownValue.isValid() && m_knownValue == m_value) {
-        return m_knownText;
+        return m_text.text();
     }
     return columnText();
 }
@@ -169,11 +169,12 @@ QString Parameter::columnText() const
     return hasSeveralParts() ? columnParts().join(separator) : singleText();
 }
 
-void Parameter::rememberColumnText()
+void Parameter::keepColumnText()
 {
-    if (dependsOnColumns() && m_kind != Script && m_node && m_node->datasetConst().columnCount() > 0) {
+    const bool namesColumns = dependsOnColumns() && m_kind != Script;
+    if (namesColumns && !m_text.isWaiting() && m_node && m_node->datasetConst().columnCount() > 0) {
         m_knownValue = m_value;
-        m_knownText = columnText();
+        m_text.keep(columnText());
     }
 }
 
@@ -358,19 +359,11 @@ void Parameter::readRecord(const QStringList &parts)
 void Parameter::setDeferredText(const QString &text, int version)
 {
     m_selectAllPending = false;
-    m_deferredText = text;
-    m_deferredVersion = version;
-    m_hasDeferredText = true;
+    m_text.wait(text, version);
+    m_knownValue = QVariant();
     if (!dependsOnColumns()) {
         resolveDeferred();
     }
-}
-
-void Parameter::dropDeferred()
-{
-    m_hasDeferredText = false;
-    m_deferredVersion = -1;
-    m_deferredText.clear();
 }
 
 void Parameter::resolveDeferred()
@@ -378,11 +371,12 @@ void Parameter::resolveDeferred()
     if (m_selectAllPending && m_node && m_node->isReady()) {
         selectAllColumns();
     }
-    if (!m_hasDeferredText || (m_node && !m_node->isReady())) {
+    if (!m_text.isWaiting() || (m_node && !m_node->isReady())) {
         return;
     }
-    const QString text = m_deferredText;
-    const int version = m_deferredVersion;
-    dropDeferred();
-    fromDocumentText(text, version);
+    fromDocumentText(m_text.take(), m_text.version());
+    if (m_node) {
+        m_memory.learn(m_node->datasetConst(), {columnOption()});
+    }
+    keepColumnText();
 }
