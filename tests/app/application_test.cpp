@@ -69,6 +69,8 @@ int exitCodeAfter(Throw thrower, QStringList *said)
     const BoxAnswers answers({QStringLiteral("OK")});
     QMetaObject::invokeMethod(qApp, thrower, Qt::QueuedConnection);
     const int code = QApplication::exec();
+    // Windows that close meanwhile ask to quit as well, which the loops of later tests would obey.
+    QCoreApplication::removePostedEvents(qApp, QEvent::Quit);
     *said = answers.texts();
     Application::instance()->setPrompts(std::make_unique<Prompts>(nullptr));
     return code;
