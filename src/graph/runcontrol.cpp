@@ -21,6 +21,7 @@ struct State
     QElapsedTimer sinceReading;
     double usedGiB = 0.0;
     quint64 run = 0;
+    int depth = 0; // of runs within runs
     quint64 lastRun = 0;
     quint64 uncountedRows = 0;
 };
@@ -97,15 +98,15 @@ quint64 RunControl::currentRun()
 RunControl::RunScope::RunScope()
     : m_outer(state().run)
 {
+    ++state().depth;
     state().run = ++state().lastRun;
 }
 
 RunControl::RunScope::~RunScope()
 {
+    storeRowCount();
+    --state().depth;
     state().run = m_outer;
-    if (m_outer == 0) {
-        storeRowCount();
-    }
 }
 
 void RunControl::countRows(int rows)
@@ -118,7 +119,7 @@ void RunControl::countRows(int rows)
 
 void RunControl::storeRowCount()
 {
-    if (state().uncountedRows > 0) {
+    if (state().uncountedRows > 0 && state().depth <= 1) {
         Settings &settings = Settings::current();
         settings.setTotalRowsProcessed(settings.totalRowsProcessed() + state().uncountedRows);
         state().uncountedRows = 0;

@@ -52,7 +52,7 @@ private:
 
 /// Adds to the total of the settings; in a run at its end, since each write to the store costs a trip to the disk.
 void countRows(int rows);
-/// Writes what countRows() has gathered.
+/// Writes what countRows() has gathered, but for runs within a run, of which there may be thousands.
 void storeRowCount();
 
 /// Puts the defaults back, for tests.
