@@ -279,7 +279,7 @@ void BatchProcessDialog::setRunning(BatchProcess *batch)
     m_batch = batch;
     m_grid->setProgressShown(batch != nullptr);
     if (!batch) {
-        m_results->closeLog();
+        m_results->finish();
     }
     onUpdateButtons();
 }

@@ -4,9 +4,12 @@
 
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
+
+constexpr int showIntervalMs = 100;
 
 QString htmlOf(const QString &text)
 {
@@ -21,6 +24,7 @@ BatchResults::BatchResults(QWidget *parent)
     , m_text(new QPlainTextEdit)
     , m_cutNote(new QLabel(
           QStringLiteral("Only the last %1 lines are shown. A log keeps all.").arg(formatInteger(maxLines, true))))
+    , m_showTimer(new QTimer(this))
 {
     m_text->setReadOnly(true);
     m_text->setAccessibleName(QStringLiteral("Results"));
@@ -31,6 +35,9 @@ BatchResults::BatchResults(QWidget *parent)
     m_text->setTabChangesFocus(true);
     m_log.setErrorsMarked(true);
     m_cutNote->hide();
+    m_showTimer->setSingleShot(true);
+    m_showTimer->setInterval(showIntervalMs);
+    connect(m_showTimer, &QTimer::timeout, this, &BatchResults::showPending);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_text);
@@ -39,6 +46,7 @@ BatchResults::BatchResults(QWidget *parent)
 
 void BatchResults::clear()
 {
+    m_pending.clear();
     m_text->clear();
     m_cutNote->hide();
     m_log.close();
@@ -58,8 +66,28 @@ void BatchResults::error(const QString &text)
 
 void BatchResults::append(const QString &html)
 {
-    m_text->appendHtml(html);
-    if (m_text->blockCount() >= maxLines) {
-        m_cutNote->show();
+    m_pending.append(html);
+    if (m_pending.size() >= maxLines) {
+        showPending();
+    } else if (!m_showTimer->isActive()) {
+        m_showTimer->start();
     }
+}
+
+void BatchResults::showPending()
+{
+    m_text->setUpdatesEnabled(false);
+    for (const QString &html : qAsConst(m_pending)) {
+        m_text->appendHtml(html);
+    }
+    m_text->setUpdatesEnabled(true);
+    m_pending.clear();
+    m_cutNote->setVisible(m_text->blockCount() >= maxLines);
+}
+
+void BatchResults::finish()
+{
+    m_showTimer->stop();
+    showPending();
+    m_log.close();
 }

@@ -3,10 +3,12 @@
 #include "app/report/reportfile.h"
 #include "app/report/reportsink.h"
 
+#include <QStringList>
 #include <QWidget>
 
 class QLabel;
 class QPlainTextEdit;
+class QTimer;
 
 /// The report of a batch in a window, and in a log file when there is one.
 class BatchResults : public QWidget, public ReportSink
@@ -21,17 +23,24 @@ public:
 
     /// Empties it for the next batch, without a log.
     void clear();
-    void closeLog() { m_log.close(); }
+    /// Shows what has been held back and ends the log.
+    void finish();
 
     void info(const QString &text) override;
     void error(const QString &text) override;
     bool openLog(const QString &path, bool overwrite) override { return m_log.open(path, overwrite); }
     QString logPath() const override { return m_log.nativePath(); }
 
+private slots:
+    void showPending();
+
 private:
     void append(const QString &html);
 
     QPlainTextEdit *m_text;
     QLabel *m_cutNote;
+    /// Lines come in by the thousand a second and are shown some at a time, since each showing costs a drawing.
+    QStringList m_pending;
+    QTimer *m_showTimer;
     ReportFile m_log;
 };

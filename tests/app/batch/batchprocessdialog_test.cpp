@@ -300,6 +300,7 @@ TEST_F(BatchProcessDialogTest, TheReportKeepsItsLength)
     for (int line = 0; line <= BatchResults::maxLines; ++line) {
         shown.info(QString::number(line));
     }
+    shown.finish();
     EXPECT_EQ(shown.findChild<QPlainTextEdit *>()->blockCount(), BatchResults::maxLines);
     EXPECT_EQ(shown.findChild<QPlainTextEdit *>()->document()->firstBlock().text(), QStringLiteral("1"));
     EXPECT_FALSE(shown.findChild<QLabel *>()->isHidden());
