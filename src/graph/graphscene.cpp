@@ -3,14 +3,12 @@
 #include "graph/colors.h"
 #include "graph/connection.h"
 #include "graph/connectionguide.h"
-#include "graph/connectionlayout.h"
 #include "graph/engine.h"
 #include "graph/graphcopy.h"
 #include "graph/graphedit.h"
 #include "graph/ionode.h"
 #include "graph/nodeadder.h"
 #include "graph/nodelook.h"
-#include "graph/nodeorder.h"
 #include "graph/nodeplacement.h"
 #include "graph/notenode.h"
 #include "graph/runcontrol.h"
@@ -21,35 +19,14 @@
 #include "transforms/frame/transform.h"
 
 #include <QAction>
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFileInfo>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <optional>
 
 namespace {
 
-constexpr int longestAlias = 30;
 constexpr qint64 pumpIntervalMs = 500;
-
-bool isNode(const QGraphicsItem *item)
-{
-    return item->type() >= ItemType::Input && item->type() <= ItemType::Chart;
-}
-
-/// The items of one kind, in the order of their ids.
-template<class Kind>
-QList<Kind *> nodesOfType(const GraphScene &scene, int type, bool selectedOnly)
-{
-    QList<Kind *> found;
-    for (Node *node : scene.nodes(selectedOnly)) {
-        if (node->type() == type) {
-            found.append(static_cast<Kind *>(node));
-        }
-    }
-    return found;
-}
 
 QElapsedTimer &lastPump()
 {
@@ -65,132 +42,13 @@ GraphScene::GraphScene(QObject *parent)
 }
 
 GraphScene::GraphScene(std::shared_ptr<DocumentState> document, QObject *parent)
-    : QGraphicsScene(parent)
-    , m_document(std::move(document))
+    : GraphItems(std::move(document), parent)
 {
 }
 
 GraphScene::~GraphScene()
 {
     clearAll();
-}
-
-// What there is
-
-QList<Node *> GraphScene::nodes(bool selectedOnly) const
-{
-    QList<Node *> found;
-    for (QGraphicsItem *item : items()) {
-        if (isNode(item) && (!selectedOnly || item->isSelected())) {
-            found.append(static_cast<Node *>(item));
-        }
-    }
-    NodeOrder::sortById(found);
-    return found;
-}
-
-QList<IONode *> GraphScene::inputNodes(bool selectedOnly) const
-{
-    return nodesOfType<IONode>(*this, ItemType::Input, selectedOnly);
-}
-
-QList<TransformNode *> GraphScene::transformNodes(bool selectedOnly) const
-{
-    return nodesOfType<TransformNode>(*this, ItemType::Transform, selectedOnly);
-}
-
-QList<IONode *> GraphScene::outputNodes(bool selectedOnly) const
-{
-    return nodesOfType<IONode>(*this, ItemType::Output, selectedOnly);
-}
-
-QList<Node *> GraphScene::chartNodes(bool selectedOnly) const
-{
-    return nodesOfType<Node>(*this, ItemType::Chart, selectedOnly);
-}
-
-QList<NoteNode *> GraphScene::noteNodes(bool selectedOnly) const
-{
-    return nodesOfType<NoteNode>(*this, ItemType::Note, selectedOnly);
-}
-
-QList<Connection *> GraphScene::connections(bool selectedOnly) const
-{
-    QList<Connection *> found;
-    for (const Node *node : nodes()) {
-        for (Connection *connection : node->connections(Direction::Outgoing)) {
-            if (!selectedOnly || connection->isSelected()) {
-                found.append(connection);
-            }
-        }
-    }
-    return found;
-}
-
-QList<Node *> GraphScene::nodesInState(NodeState state, bool selectedOnly) const
-{
-    QList<Node *> found;
-    for (Node *node : nodes(selectedOnly)) {
-        if (node->state() == state) {
-            found.append(node);
-        }
-    }
-    return found;
-}
-
-QList<Node *> GraphScene::rootNodes() const
-{
-    QList<Node *> found;
-    for (Node *node : nodes()) {
-        if (node->upstreamNodes(false).isEmpty()) {
-            found.append(node);
-        }
-    }
-    return found;
-}
-
-Node *GraphScene::nodeById(int id) const
-{
-    for (Node *node : nodes()) {
-        if (node->id() == id) {
-            return node;
-        }
-    }
-    return nullptr;
-}
-
-Node *GraphScene::outputNodeById(int id) const
-{
-    Node *node = nodeById(id);
-    return node && node->type() == ItemType::Output ? node : nullptr;
-}
-
-QList<Node *> GraphScene::nodeAtPositionOf(const QGraphicsItem *item) const
-{
-    QList<Node *> found;
-    for (QGraphicsItem *other : collidingItems(item)) {
-        if (isNode(other)) {
-            found.append(static_cast<Node *>(other));
-        }
-    }
-    NodeOrder::sortById(found);
-    return found;
-}
-
-QString GraphScene::uniqueAlias(const QString &path) const
-{
-    const QFileInfo info(path);
-    const QString name = info.isDir() ? QDir(path).dirName() : info.baseName();
-    const QString base = name.left(longestAlias).trimmed();
-    QSet<QString> taken;
-    for (const Node *node : nodes()) {
-        taken.insert(node->alias());
-    }
-    QString alias = base;
-    for (int number = 1; taken.contains(alias); ++number) {
-        alias = QStringLiteral("%1%2").arg(base, QString::number(number));
-    }
-    return alias;
 }
 
 // Adding
@@ -363,7 +221,7 @@ void GraphScene::runTransforms(RunMode mode, bool quiet)
 void GraphScene::runChangesIfAuto()
 {
     // A run under way must keep the stop that the user asked of it.
-    if (!m_document->autoRunOn || m_processing) {
+    if (!isAutoRunOn() || m_processing) {
         return;
     }
     stopRequested = false;
@@ -443,17 +301,6 @@ void GraphScene::goToRest()
 
 // Places
 
-void GraphScene::setSnapToGrid(bool on)
-{
-    m_document->snapToGrid = on;
-    update();
-}
-
-QList<Node *> GraphScene::snapNodes(const QList<Node *> &moving)
-{
-    return NodePlacement::snap(moving, nodes());
-}
-
 void GraphScene::snapAllNodes()
 {
     const QList<Node *> moved = snapNodes(nodes());
@@ -462,48 +309,14 @@ void GraphScene::snapAllNodes()
     }
 }
 
-QPointF GraphScene::newNodePosition() const
-{
-    return NodePlacement::newNodeCentre(nodes(true), nodes());
-}
-
 void GraphScene::placeAvoidingOverlap(Node *node, const QPointF &centre, bool horizontal)
 {
     NodePlacement::placeAvoidingOverlap(node, centre, horizontal, *this);
 }
 
-bool GraphScene::overlapsAny(const Node *node) const
-{
-    return NodePlacement::overlapsAny(node, nodes());
-}
-
-int GraphScene::autoNoteArrow(const Node *node) const
-{
-    return NodePlacement::autoNoteArrow(node, nodes());
-}
-
-void GraphScene::layOutConnections()
-{
-    ConnectionLayout::layOut(nodes());
-}
-
-void GraphScene::layOutConnections(const QList<Node *> &some)
-{
-    ConnectionLayout::layOut(some);
-}
-
-void GraphScene::updateSceneRect()
-{
-    QRectF area;
-    for (const Node *node : nodes()) {
-        area = area.united(node->mapRectToScene(node->boundingRect()));
-    }
-    setSceneRect(area);
-}
-
 void GraphScene::onPosChanged(QList<Node *> moved)
 {
-    if (m_document->snapToGrid) {
+    if (snapToGrid()) {
         snapNodes(moved);
     }
     QList<Node *> fed;

@@ -1,25 +1,14 @@
 #pragma once
 
-#include "graph/documentstate.h"
-#include "graph/graphenums.h"
-
-#include <QGraphicsScene>
-#include <QHash>
-#include <QStringList>
-#include <memory>
+#include "graph/graphitems.h"
 
 class Colors;
-class Connection;
 class ConnectionGuide;
-class NoteNode;
-class IONode;
-class Node;
 class Transform;
-class TransformNode;
 
 /// The graph: nodes, the connections between them, and the runs over them. Adding, connecting and deleting are each
 /// one step of undo unless said.
-class GraphScene : public QGraphicsScene
+class GraphScene : public GraphItems
 {
     Q_OBJECT
 
@@ -29,24 +18,6 @@ public:
     /// One more scene of a document.
     explicit GraphScene(std::shared_ptr<DocumentState> document, QObject *parent = nullptr);
     ~GraphScene() override;
-
-    // What there is
-    QList<Node *> nodes(bool selectedOnly = false) const;
-    QList<IONode *> inputNodes(bool selectedOnly = false) const;
-    QList<TransformNode *> transformNodes(bool selectedOnly = false) const;
-    QList<IONode *> outputNodes(bool selectedOnly = false) const;
-    QList<Node *> chartNodes(bool selectedOnly = false) const;
-    QList<NoteNode *> noteNodes(bool selectedOnly = false) const;
-    QList<Connection *> connections(bool selectedOnly = false) const;
-    QList<Node *> nodesInState(NodeState state, bool selectedOnly = false) const;
-    /// Nodes with no upstream node.
-    QList<Node *> rootNodes() const;
-    Node *nodeById(int id) const;
-    Node *outputNodeById(int id) const;
-    /// Nodes that collide with an item.
-    QList<Node *> nodeAtPositionOf(const QGraphicsItem *item) const;
-    /// `path`'s name, shortened and numbered until no node has it.
-    QString uniqueAlias(const QString &path) const;
 
     // Adding; each gives null or an empty list when nothing was added
     bool canAddTransform(const Transform *transform, int inputs, int transforms, int outputs, int charts, int notes,
@@ -102,31 +73,11 @@ public:
     void runTransforms(RunMode mode, bool quiet);
     bool isProcessing() const { return m_processing; }
     void runChangesIfAuto();
-    bool isAutoRunOn() const { return m_document->autoRunOn; }
-    void setAutoRunOn(bool on) { m_document->autoRunOn = on; }
 
     // Places
-    bool snapToGrid() const { return m_document->snapToGrid; }
-    /// Moves nothing.
-    void setSnapToGrid(bool on);
-    /// Puts the nodes on free points of the grid; returns those that moved.
-    QList<Node *> snapNodes(const QList<Node *> &nodes);
     /// For a person who turns the grid on: snaps every node and tells of the moves.
     void snapAllNodes();
-    /// Centre of the next new node.
-    QPointF newNodePosition() const;
     void placeAvoidingOverlap(Node *node, const QPointF &centre, bool horizontal);
-    bool overlapsAny(const Node *node) const;
-    /// The arrow of a note that stands beside `node` where nothing else is: above, right, below, left in turn.
-    int autoNoteArrow(const Node *node) const;
-    void layOutConnections();
-    void layOutConnections(const QList<Node *> &nodes);
-    void updateSceneRect();
-
-    const QString &documentPath() const { return m_document->path; }
-    void setDocumentPath(const QString &path) { m_document->path = path; }
-    /// What other scenes of the same document share.
-    const std::shared_ptr<DocumentState> &document() const { return m_document; }
     /// The colours in use: an override of the preview in the preferences, else those of the program.
     const Colors &colors() const;
     void setColorsOverride(const Colors *colors);
@@ -174,7 +125,6 @@ protected:
 
 private:
     friend class Engine;
-    const std::shared_ptr<DocumentState> m_document;
     bool m_processing = false;
     ConnectionGuide *m_connectionGuide = nullptr;
     Node *m_connectFromNode = nullptr;

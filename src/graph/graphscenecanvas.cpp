@@ -50,7 +50,7 @@ void GraphScene::onHighlightTransformNodes(bool on, int transformType)
 void GraphScene::drawBackground(QPainter *painter, const QRectF &rect)
 {
     painter->fillRect(rect, colors().color(Colors::Background));
-    if (!m_document->snapToGrid) {
+    if (!snapToGrid()) {
         return;
     }
     QColor dot = colors().color(Colors::Arrow);

@@ -1,11 +1,9 @@
 #include "graph/node.h"
 
-#include "graph/colors.h"
 #include "graph/connection.h"
 #include "graph/graphscene.h"
+#include "graph/nodedrag.h"
 #include "graph/nodelook.h"
-#include "graph/undostep.h"
-#include "settings/settings.h"
 
 namespace {
 
@@ -15,8 +13,10 @@ constexpr int unnumbered = -2;
 } // namespace
 
 Node::Node(int id)
-    : m_id(id == -1 ? unnumbered : id)
+    : NodeEdges(*this)
+    , m_id(id == -1 ? unnumbered : id)
     , m_look(std::make_unique<NodeLook>(*this))
+    , m_drag(std::make_unique<NodeDrag>(*this))
 {
     setFlags(ItemIsMovable | ItemIsSelectable | ItemSendsGeometryChanges);
     setAcceptHoverEvents(true);
@@ -25,7 +25,7 @@ Node::Node(int id)
 
 Node::~Node()
 {
-    for (Connection *connection : qAsConst(m_connections)) {
+    for (Connection *connection : connections(Direction::Both)) {
         connection->forget(this);
     }
     // Its items are children of this one.
@@ -92,22 +92,6 @@ void Node::setComment(const QString &text)
     }
 }
 
-GraphScene *Node::graphScene() const
-{
-    return qobject_cast<GraphScene *>(scene());
-}
-
-const Colors &Node::colors() const
-{
-    const GraphScene *owner = graphScene();
-    return owner ? owner->colors() : Colors::current();
-}
-
-int Node::gradientEffect() const
-{
-    return colors().gradientEffect();
-}
-
 void Node::connectToScene(GraphScene *scene)
 {
     connect(this, &Node::nodePosChanged, scene, &GraphScene::onPosChanged);
@@ -141,43 +125,6 @@ void Node::applyState(NodeState state)
     }
 }
 
-QString Node::stateText(NodeState state)
-{
-    switch (state) {
-    case NodeState::NeedsProcessing:
-        return QStringLiteral("Needs updating");
-    case NodeState::Processing:
-        return QStringLiteral("Updating");
-    case NodeState::Processed:
-        return QStringLiteral("Up to date");
-    case NodeState::Failed:
-        return QStringLiteral("Error");
-    }
-    return QString();
-}
-
-NodeStatusIcon Node::statusIcon() const
-{
-    if (m_isPreview) {
-        return NodeStatusIcon::UpToDate;
-    }
-    switch (state()) {
-    case NodeState::NeedsProcessing:
-        return NodeStatusIcon::NeedsUpdate;
-    case NodeState::Processing:
-        return NodeStatusIcon::Processing;
-    case NodeState::Failed:
-        return NodeStatusIcon::Error;
-    case NodeState::Processed:
-        break;
-    }
-    // A warning on an empty result tells more than its emptiness.
-    if (hasWarnings() && Settings::current().showWarnings()) {
-        return NodeStatusIcon::Warning;
-    }
-    return isEmpty() ? NodeStatusIcon::Empty : NodeStatusIcon::UpToDate;
-}
-
 // Columns and copies
 
 void Node::refreshColumnOptions()
@@ -201,4 +148,13 @@ Node *Node::clone() const
         copy->setAlias(alias());
     }
     return copy;
+}
+
+void Node::deleteNode()
+{
+    for (Node *node : downstreamNodes(true)) {
+        node->setState(NodeState::NeedsProcessing, true);
+    }
+    deleteConnections(Direction::Both);
+    delete this;
 }

@@ -78,7 +78,7 @@ void Node::onProcessed(qreal fractionProcessed)
     if (fractionProcessed < 1.0 && m_lastFractionTime.isValid() && m_lastFractionTime.elapsed() < progressIntervalMs) {
         return;
     }
-    if (fractionProcessed <= 0.0 || fractionProcessed >= 1.0 || qAbs(fractionProcessed - m_fraction) >= progressStep) {
+    if (fractionProcessed <= 0.0 || fractionProcessed >= 1.0 || qAbs(fractionProcessed - fraction()) >= progressStep) {
         setFraction(fractionProcessed);
         update();
         emit processed(this, fractionProcessed);

@@ -32,26 +32,6 @@ QString timeText(const QDateTime &time)
 
 } // namespace
 
-QString Node::sizeText() const
-{
-    return NodeText::size(rowCount(), columnCount());
-}
-
-QString Node::roundedSizeText() const
-{
-    return NodeText::roundedSize(rowCount(), columnCount());
-}
-
-QString Node::statusMessage() const
-{
-    if (state() != NodeState::Failed && state() != NodeState::Processed) {
-        return QString();
-    }
-    // An empty table says why it is empty, where the node knows.
-    const QString result = resultText();
-    return result.isEmpty() && isEmpty() && !m_isPreview ? QStringLiteral("No data") : result;
-}
-
 QString Node::logLine(bool detail) const
 {
     QStringList parts{QStringLiteral("'%1'").arg(listName()), QStringLiteral("Id=%1").arg(m_id)};
@@ -66,39 +46,6 @@ QString Node::logLine(bool detail) const
     }
     parts.append(stateText());
     return QStringLiteral("  %1: %2").arg(kindName(), parts.join(QStringLiteral(", ")));
-}
-
-QString Node::columnsDescription(const QList<ColumnId> &ids, int maxNames) const
-{
-    QStringList names;
-    for (const ColumnId &id : ids) {
-        const ColumnIndex column = m_dataset.columnIndexOfId(id);
-        if (!column.isValid()) {
-            continue;
-        }
-        if (names.size() == maxNames) {
-            names.append(QStringLiteral("..."));
-            break;
-        }
-        names.append(m_dataset.columnName(column));
-    }
-    return names.join(QStringLiteral(", "));
-}
-
-QStringList Node::columnsSummary() const
-{
-    QStringList lines;
-    const QStringList names = columnNamesList();
-    for (int i = 0; i < names.size(); ++i) {
-        lines.append(m_dataset.hasHeader() ? QStringLiteral("%1. %2").arg(QString::number(i + 1), names.at(i))
-                                           : QString::number(i + 1));
-    }
-    return lines;
-}
-
-QString Node::dataHtml(bool showHeader, int maxCellChars, int maxChars) const
-{
-    return NodeText::tableHtml(m_dataset, showHeader, maxCellChars, maxChars);
 }
 
 QString Node::toolTipHtml(bool detail) const
@@ -158,7 +105,7 @@ InfoRows Node::folderRows(const QString &path, const QString &mask, bool recurse
 
 QVariantList Node::summaryRow() const
 {
-    return {m_id, m_alias, m_comment, m_connections.size(), static_cast<int>(state())};
+    return {m_id, m_alias, m_comment, connections(Direction::Both).size(), static_cast<int>(state())};
 }
 
 QStringList Node::summaryStrings() const

@@ -1,3 +1,5 @@
+#include "graph/nodeedges.h"
+
 #include "graph/connection.h"
 #include "graph/graphscene.h"
 #include "graph/node.h"
@@ -8,7 +10,7 @@
 
 namespace {
 
-using Neighbours = QList<Node *> (Node::*)(bool) const;
+using Neighbours = QList<Node *> (NodeEdges::*)(bool) const;
 
 /// Everything that can be reached from `start` over `neighbours`, without `start` itself.
 QSet<Node *> closure(const Node *start, Neighbours neighbours)
@@ -55,53 +57,46 @@ int depthOf(const Node *node, QHash<const Node *, int> &known)
 
 // Connections
 
-void Node::addConnection(Connection *connection)
+NodeEdges::~NodeEdges() = default;
+
+void NodeEdges::addConnection(Connection *connection)
 {
     m_connections.append(connection);
 }
 
-void Node::removeConnection(Connection *connection)
+void NodeEdges::removeConnection(Connection *connection)
 {
     m_connections.removeOne(connection);
 }
 
-QList<Connection *> Node::connections(Direction which) const
+QList<Connection *> NodeEdges::connections(Direction which) const
 {
     if (which == Direction::Both) {
         return m_connections;
     }
     QList<Connection *> matching;
     for (Connection *connection : m_connections) {
-        if (connection->otherEnd(which) == this) {
+        if (connection->otherEnd(which) == &m_self) {
             matching.append(connection);
         }
     }
     return matching;
 }
 
-void Node::deleteConnections(Direction which)
+void NodeEdges::deleteConnections(Direction which)
 {
     for (Connection *connection : connections(which)) {
         connection->deleteConnection();
     }
 }
 
-void Node::deleteNode()
-{
-    for (Node *node : downstreamNodes(true)) {
-        node->setState(NodeState::NeedsProcessing, true);
-    }
-    deleteConnections(Direction::Both);
-    delete this;
-}
-
 // Direct neighbours
 
-QList<Node *> Node::upstreamNodes(bool sorted) const
+QList<Node *> NodeEdges::upstreamNodes(bool sorted) const
 {
     QList<Node *> found;
     for (const Connection *connection : m_connections) {
-        if (connection->to() == this && connection->from()) {
+        if (connection->to() == &m_self && connection->from()) {
             found.append(connection->from());
         }
     }
@@ -111,11 +106,11 @@ QList<Node *> Node::upstreamNodes(bool sorted) const
     return found;
 }
 
-QList<Node *> Node::downstreamNodes(bool sorted) const
+QList<Node *> NodeEdges::downstreamNodes(bool sorted) const
 {
     QList<Node *> found;
     for (const Connection *connection : m_connections) {
-        if (connection->from() == this && connection->to()) {
+        if (connection->from() == &m_self && connection->to()) {
             found.append(connection->to());
         }
     }
@@ -125,7 +120,7 @@ QList<Node *> Node::downstreamNodes(bool sorted) const
     return found;
 }
 
-QList<Node *> Node::siblings(bool includeSelf) const
+QList<Node *> NodeEdges::siblings(bool includeSelf) const
 {
     QSet<Node *> found;
     for (const Node *source : upstreamNodes(false)) {
@@ -133,35 +128,34 @@ QList<Node *> Node::siblings(bool includeSelf) const
             found.insert(node);
         }
     }
-    auto *self = const_cast<Node *>(this);
-    found.remove(self);
+    found.remove(&m_self);
     QList<Node *> sorted = found.values();
     if (includeSelf) {
-        sorted.append(self);
+        sorted.append(&m_self);
     }
     NodeOrder::sortTopToBottom(sorted);
     return sorted;
 }
 
-Node *Node::previousSibling() const
+Node *NodeEdges::previousSibling() const
 {
     const QList<Node *> all = siblings(true);
-    return all.value(all.indexOf(const_cast<Node *>(this)) - 1);
+    return all.value(all.indexOf(&m_self) - 1);
 }
 
-Node *Node::nextSibling() const
+Node *NodeEdges::nextSibling() const
 {
     const QList<Node *> all = siblings(true);
-    return all.value(all.indexOf(const_cast<Node *>(this)) + 1);
+    return all.value(all.indexOf(&m_self) + 1);
 }
 
-bool Node::isDirectlyConnectedTo(const Node *node) const
+bool NodeEdges::isDirectlyConnectedTo(const Node *node) const
 {
     return std::any_of(m_connections.begin(), m_connections.end(),
-        [=](const Connection *connection) { return connection->from() == node && connection->to() == this; });
+        [=](const Connection *connection) { return connection->from() == node && connection->to() == &m_self; });
 }
 
-bool Node::upstreamAllProcessed() const
+bool NodeEdges::upstreamAllProcessed() const
 {
     const QList<Node *> sources = upstreamNodes(false);
     return std::all_of(
@@ -170,53 +164,53 @@ bool Node::upstreamAllProcessed() const
 
 // Closures
 
-QSet<Node *> Node::allUpstream(bool includeSelf) const
+QSet<Node *> NodeEdges::allUpstream(bool includeSelf) const
 {
-    QSet<Node *> found = closure(this, &Node::upstreamNodes);
+    QSet<Node *> found = closure(&m_self, &NodeEdges::upstreamNodes);
     if (includeSelf) {
-        found.insert(const_cast<Node *>(this));
+        found.insert(&m_self);
     }
     return found;
 }
 
-QSet<Node *> Node::allDownstream(bool includeSelf) const
+QSet<Node *> NodeEdges::allDownstream(bool includeSelf) const
 {
-    QSet<Node *> found = closure(this, &Node::downstreamNodes);
+    QSet<Node *> found = closure(&m_self, &NodeEdges::downstreamNodes);
     if (includeSelf) {
-        found.insert(const_cast<Node *>(this));
+        found.insert(&m_self);
     }
     return found;
 }
 
-QSet<Node *> Node::allUpstreamOfKind(int type, bool includeSelf) const
+QSet<Node *> NodeEdges::allUpstreamOfKind(int type, bool includeSelf) const
 {
     return ofKind(allUpstream(includeSelf), type);
 }
 
-QSet<Node *> Node::allDownstreamOfKind(int type, bool includeSelf) const
+QSet<Node *> NodeEdges::allDownstreamOfKind(int type, bool includeSelf) const
 {
     return ofKind(allDownstream(includeSelf), type);
 }
 
-QSet<Node *> Node::outputsFed(bool includeSelf) const
+QSet<Node *> NodeEdges::outputsFed(bool includeSelf) const
 {
     return allDownstreamOfKind(ItemType::Transform, includeSelf);
 }
 
-bool Node::isUpstreamOf(const Node *node) const
+bool NodeEdges::isUpstreamOf(const Node *node) const
 {
     return allUpstream(false).contains(const_cast<Node *>(node));
 }
 
-bool Node::canAcceptConnection() const
+bool NodeEdges::canAcceptConnection() const
 {
-    const GraphScene *owner = graphScene();
+    const GraphScene *owner = m_self.graphScene();
     return owner && connections(Direction::Outgoing).size() < maxOutputs()
-           && !owner->connectableTargets(this).isEmpty();
+           && !owner->connectableTargets(&m_self).isEmpty();
 }
 
-int Node::depth() const
+int NodeEdges::depth() const
 {
     QHash<const Node *, int> known;
-    return depthOf(this, known);
+    return depthOf(&m_self, known);
 }
