@@ -1,12 +1,16 @@
 #include "panes/editors/parameterwidgets.h"
 
 #include "panes/editors/boolparameterwidget.h"
+#include "panes/editors/charparameterwidget.h"
 #include "panes/editors/dateparameterwidget.h"
 #include "panes/editors/intparameterwidget.h"
 #include "panes/editors/labelparameterwidget.h"
+#include "panes/editors/localeparameterwidget.h"
 #include "panes/editors/longtextparameterwidget.h"
+#include "panes/editors/multiplecolumnsparameterwidget.h"
 #include "panes/editors/realparameterwidget.h"
 #include "panes/editors/selectionparameterwidget.h"
+#include "panes/editors/singlecolumnfilteredparameterwidget.h"
 #include "panes/editors/textparameterwidget.h"
 #include "transforms/options/parameter.h"
 
@@ -28,14 +32,19 @@ QWidget *makeEditor(Parameter &parameter, Node &node, QWidget *parent)
 }
 
 const Kind kinds[] = {
+    {Parameter::SingleColumn, makeEditor<SingleColumnFilteredParameterWidget>, false},
+    {Parameter::MultipleColumns, makeEditor<MultipleColumnsParameterWidget>, true},
+    {Parameter::RemoveColumns, makeEditor<MultipleColumnsParameterWidget>, true},
     {Parameter::Bool, makeEditor<BoolParameterWidget>, false},
     {Parameter::Selection, makeEditor<SelectionParameterWidget>, false},
     {Parameter::Text, makeEditor<TextParameterWidget>, false},
     {Parameter::Int, makeEditor<IntParameterWidget>, false},
+    {Parameter::Char, makeEditor<CharParameterWidget>, false},
     {Parameter::Real, makeEditor<RealParameterWidget>, false},
     {Parameter::LongText, makeEditor<LongTextParameterWidget>, true},
     {Parameter::Label, makeEditor<LabelParameterWidget>, false},
     {Parameter::Date, makeEditor<DateParameterWidget>, false},
+    {Parameter::Locale, makeEditor<LocaleParameterWidget>, false},
 };
 
 const Kind *find(const Parameter &parameter)
