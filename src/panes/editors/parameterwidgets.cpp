@@ -3,15 +3,23 @@
 #include "panes/editors/boolparameterwidget.h"
 #include "panes/editors/charparameterwidget.h"
 #include "panes/editors/dateparameterwidget.h"
+#include "panes/editors/filtercolumnsparameterwidget.h"
+#include "panes/editors/ifparameterwidget.h"
 #include "panes/editors/intparameterwidget.h"
 #include "panes/editors/labelparameterwidget.h"
 #include "panes/editors/localeparameterwidget.h"
 #include "panes/editors/longtextparameterwidget.h"
 #include "panes/editors/multiplecolumnsparameterwidget.h"
 #include "panes/editors/realparameterwidget.h"
+#include "panes/editors/renamecolumnsparameterwidget.h"
+#include "panes/editors/reordercolumnsparameterwidget.h"
+#include "panes/editors/replacetermsparameterwidget.h"
 #include "panes/editors/selectionparameterwidget.h"
 #include "panes/editors/singlecolumnfilteredparameterwidget.h"
+#include "panes/editors/sortcolumnsparameterwidget.h"
+#include "panes/editors/splitrowsparameterwidget.h"
 #include "panes/editors/textparameterwidget.h"
+#include "panes/editors/uniqueparameterwidget.h"
 #include "transforms/options/parameter.h"
 
 namespace {
@@ -35,6 +43,15 @@ const Kind kinds[] = {
     {Parameter::SingleColumn, makeEditor<SingleColumnFilteredParameterWidget>, false},
     {Parameter::MultipleColumns, makeEditor<MultipleColumnsParameterWidget>, true},
     {Parameter::RemoveColumns, makeEditor<MultipleColumnsParameterWidget>, true},
+    {Parameter::SortColumns, makeEditor<SortColumnsParameterWidget>, true},
+    {Parameter::PivotColumns, makeEditor<SortColumnsParameterWidget>, true},
+    {Parameter::FilterColumns, makeEditor<FilterColumnsParameterWidget>, true},
+    {Parameter::ReorderColumns, makeEditor<ReorderColumnsParameterWidget>, true},
+    {Parameter::If, makeEditor<IfParameterWidget>, true},
+    {Parameter::RenameColumns, makeEditor<RenameColumnsParameterWidget>, true},
+    {Parameter::UniqueColumns, makeEditor<UniqueParameterWidget>, true},
+    {Parameter::ReplaceTerms, makeEditor<ReplaceTermsParameterWidget>, true},
+    {Parameter::SplitRows, makeEditor<SplitRowsParameterWidget>, false},
     {Parameter::Bool, makeEditor<BoolParameterWidget>, false},
     {Parameter::Selection, makeEditor<SelectionParameterWidget>, false},
     {Parameter::Text, makeEditor<TextParameterWidget>, false},

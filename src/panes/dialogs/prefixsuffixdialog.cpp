@@ -1,0 +1,40 @@
+#include "panes/dialogs/prefixsuffixdialog.h"
+
+#include "settings/settings.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLineEdit>
+
+PrefixSuffixDialog::PrefixSuffixDialog(QWidget *parent)
+    : QDialog(parent)
+    , m_prefix(new QLineEdit)
+    , m_suffix(new QLineEdit)
+{
+    setWindowTitle(QStringLiteral("Prefix/suffix column names[*]"));
+    m_prefix->setToolTip(QStringLiteral("Text to put before each column name."));
+    m_suffix->setToolTip(QStringLiteral("Text to put behind each column name."));
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto *form = new QFormLayout(this);
+    form->addRow(QStringLiteral("&Prefix:"), m_prefix);
+    form->addRow(QStringLiteral("&Suffix:"), m_suffix);
+    form->addRow(buttons);
+    restoreGeometry(Settings::current().prefixSuffixColNamesWindowGeometry());
+}
+
+PrefixSuffixDialog::~PrefixSuffixDialog()
+{
+    Settings::current().setPrefixSuffixColNamesWindowGeometry(saveGeometry());
+}
+
+QString PrefixSuffixDialog::prefix() const
+{
+    return m_prefix->text();
+}
+
+QString PrefixSuffixDialog::suffix() const
+{
+    return m_suffix->text();
+}

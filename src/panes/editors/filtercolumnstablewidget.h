@@ -1,0 +1,20 @@
+#pragma once
+
+#include "panes/widgets/recordtablewidget.h"
+
+struct FilterTerm;
+
+/// The table of a filter option: column, operator and value.
+class FilterColumnsTableWidget : public RecordTableWidget
+{
+    Q_OBJECT
+
+public:
+    explicit FilterColumnsTableWidget(QWidget *parent = nullptr);
+
+    static Record recordOf(const FilterTerm &term);
+    static FilterTerm termOf(const Record &record);
+
+protected:
+    using RecordTableWidget::recordOf;
+};
