@@ -29,6 +29,11 @@ public:
     bool isEmpty() const { return m_fails.isEmpty() && m_columns.isEmpty(); }
     /// The highest level there; an invalid index stands for the whole row or column.
     int level(RowIndex row, ColumnIndex column) const;
+    /// How often a rule of this column failed; 0 for a column without fails.
+    int columnRuleFails(ColumnIndex column, int ruleId) const
+    {
+        return m_columns.value(column).columnRules.value(ruleId);
+    }
     /// The tool tip of a cell, or of a row's or column's header.
     QString text(RowIndex row, ColumnIndex column) const;
 

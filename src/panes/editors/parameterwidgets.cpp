@@ -14,12 +14,14 @@
 #include "panes/editors/renamecolumnsparameterwidget.h"
 #include "panes/editors/reordercolumnsparameterwidget.h"
 #include "panes/editors/replacetermsparameterwidget.h"
+#include "panes/editors/scriptparameterwidget.h"
 #include "panes/editors/selectionparameterwidget.h"
 #include "panes/editors/singlecolumnfilteredparameterwidget.h"
 #include "panes/editors/sortcolumnsparameterwidget.h"
 #include "panes/editors/splitrowsparameterwidget.h"
 #include "panes/editors/textparameterwidget.h"
 #include "panes/editors/uniqueparameterwidget.h"
+#include "panes/editors/verifyrulesparameterwidget.h"
 #include "transforms/options/parameter.h"
 
 namespace {
@@ -52,6 +54,8 @@ const Kind kinds[] = {
     {Parameter::UniqueColumns, makeEditor<UniqueParameterWidget>, true},
     {Parameter::ReplaceTerms, makeEditor<ReplaceTermsParameterWidget>, true},
     {Parameter::SplitRows, makeEditor<SplitRowsParameterWidget>, false},
+    {Parameter::Script, makeEditor<ScriptParameterWidget>, true},
+    {Parameter::VerifyRules, makeEditor<VerifyRulesParameterWidget>, true},
     {Parameter::Bool, makeEditor<BoolParameterWidget>, false},
     {Parameter::Selection, makeEditor<SelectionParameterWidget>, false},
     {Parameter::Text, makeEditor<TextParameterWidget>, false},

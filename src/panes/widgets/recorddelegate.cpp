@@ -30,6 +30,8 @@ QString RecordDelegate::textOf(int field, const QVariant &value) const
         const int column = m_columns.indexOf(id);
         return column >= 0 ? m_columns.names.at(column) : id.isNull() ? kind.noneText : QStringLiteral("<Lost column>");
     }
+    case RecordField::Flag:
+        return {};
     case RecordField::Text:
     case RecordField::Label:
         break;

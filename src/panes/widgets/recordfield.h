@@ -9,6 +9,7 @@ struct RecordField
         Text,   ///< a QString, typed
         Choice, ///< an int, the place of a text in `choices`
         Column, ///< a ColumnId, chosen from the columns of a table; null for none
+        Flag,   ///< a bool, with a check mark
         Label   ///< a QString that can't be edited
     };
 

@@ -51,6 +51,9 @@ void RecordTableWidget::setFields(const QVector<RecordField> &fields, const Reco
         auto *title = new QTableWidgetItem(fields.at(column).title);
         title->setToolTip(fields.at(column).toolTip);
         setHorizontalHeaderItem(column, title);
+        if (fields.at(column).kind == RecordField::Flag) {
+            horizontalHeader()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+        }
     }
 }
 
@@ -75,7 +78,11 @@ void RecordTableWidget::setRow(int row, const Record &record)
         cell->setText(m_delegate->textOf(column, record.value(column)));
         cell->setToolTip(field.toolTip.isEmpty() ? cell->text() : field.toolTip);
         Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-        flags.setFlag(Qt::ItemIsEditable, field.kind != RecordField::Label);
+        flags.setFlag(Qt::ItemIsEditable, field.kind != RecordField::Label && field.kind != RecordField::Flag);
+        flags.setFlag(Qt::ItemIsUserCheckable, field.kind == RecordField::Flag);
+        if (field.kind == RecordField::Flag) {
+            cell->setCheckState(record.value(column).toBool() ? Qt::Checked : Qt::Unchecked);
+        }
         flags.setFlag(Qt::ItemIsDragEnabled, m_isMovable);
         flags.setFlag(Qt::ItemIsDropEnabled, m_isMovable);
         cell->setFlags(flags);
@@ -290,7 +297,11 @@ void RecordTableWidget::appendLines(const QVector<QStringList> &lines)
 
 void RecordTableWidget::onCellChanged(int row, int column)
 {
-    const QTableWidgetItem *cell = item(row, column);
+    QTableWidgetItem *cell = item(row, column);
+    if (m_fields.at(column).kind == RecordField::Flag) {
+        const QSignalBlocker blocker(this);
+        cell->setData(Qt::UserRole, cell->checkState() == Qt::Checked);
+    }
     const QString shown = m_delegate->textOf(column, cell->data(Qt::UserRole));
     if (cell->text() != shown) {
         const QSignalBlocker blocker(this);
@@ -303,7 +314,8 @@ void RecordTableWidget::onCellClicked(int row, int column)
 {
     const RecordField::Kind kind = m_fields.at(column).kind;
     const bool chosen = kind == RecordField::Choice || kind == RecordField::Column;
-    if (chosen && selectedIndexes().size() <= 1 && QApplication::keyboardModifiers() == Qt::NoModifier) {
+    const bool editable = item(row, column)->flags() & Qt::ItemIsEditable;
+    if (chosen && editable && selectedIndexes().size() <= 1 && QApplication::keyboardModifiers() == Qt::NoModifier) {
         editItem(item(row, column));
     }
 }
@@ -329,7 +341,11 @@ void RecordTableWidget::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Enter:
     case Qt::Key_Space:
         if (state() != EditingState && currentItem()) {
-            editItem(currentItem());
+            if (currentItem()->flags() & Qt::ItemIsUserCheckable) {
+                currentItem()->setCheckState(currentItem()->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
+            } else if (currentItem()->flags() & Qt::ItemIsEditable) {
+                editItem(currentItem());
+            }
             return;
         }
         break;
