@@ -63,7 +63,6 @@ DataItemWidget::DataItemWidget(Node &item, QWidget *parent)
     layout->addWidget(m_splitter, 1);
     m_options->setWidgetResizable(true);
     m_options->setFrameShape(QFrame::NoFrame);
-    m_options->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_options->setVisible(false);
     m_splitter->addWidget(m_options);
     m_splitter->addWidget(m_tabs);

@@ -2,14 +2,20 @@
 
 #include "graph/notenode.h"
 #include "graph/transformnode.h"
+#include "inputnode/inputnode.h"
+#include "outputnode/outputnode.h"
 #include "panes/items/dataitemwidget.h"
+#include "panes/items/inputitemwidget.h"
 #include "panes/items/noteitemwidget.h"
+#include "panes/items/outputitemwidget.h"
 #include "panes/items/transformitemwidget.h"
 
 #include <utility>
 
 PanelFactory::PanelFactory()
 {
+    add(ItemType::Input, [](Node &node) { return new InputItemWidget(static_cast<InputNode &>(node)); });
+    add(ItemType::Output, [](Node &node) { return new OutputItemWidget(static_cast<OutputNode &>(node)); });
     add(ItemType::Transform, [](Node &node) { return new TransformItemWidget(static_cast<TransformNode &>(node)); });
     add(ItemType::Note, [](Node &node) { return new NoteItemWidget(static_cast<NoteNode &>(node)); });
 }

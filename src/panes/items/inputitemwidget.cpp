@@ -1,0 +1,348 @@
+#include "panes/items/inputitemwidget.h"
+
+#include "data/dataset.h"
+#include "graph/graphscene.h"
+#include "graph/undostep.h"
+#include "inputnode/inputnode.h"
+#include "inputs/clipboardtext.h"
+#include "inputs/excelsheets.h"
+#include "panes/dialogs/prompts.h"
+#include "panes/dialogs/schemadialog.h"
+#include "panes/items/optionsform.h"
+#include "settings/settings.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSpinBox>
+
+namespace {
+
+using Source = DeclaredOptions<InputOptions>;
+
+QString widthsText(const QList<int> &widths)
+{
+    QStringList texts;
+    for (const int width : widths) {
+        texts.append(QString::number(width));
+    }
+    return texts.join(QStringLiteral(", "));
+}
+
+QList<int> widthsOf(const QString &text)
+{
+    QList<int> widths;
+    for (const QString &part : text.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
+        const int width = part.trimmed().toInt();
+        if (width > 0) {
+            widths.append(width);
+        }
+    }
+    return widths;
+}
+
+} // namespace
+
+InputItemWidget::InputItemWidget(InputNode &item, QWidget *parent)
+    : DataItemWidget(item, parent)
+{
+    auto source = std::make_unique<Source>([this] { return input() ? input()->options() : InputOptions(); },
+        [this](const InputOptions &options, const QString &label) { setOptions(options, label); },
+        [](const InputOptions &options) {
+            return OptionWalk::DefaultsPlace{
+                QStringLiteral("inputs"), FileType::label(options.fileType), options.sourceExtension()};
+        });
+    m_form = new OptionsForm(std::move(source));
+    addSourceRows();
+    addReadingRows();
+    addTidyingRows();
+    addAliasRow();
+    auto *area = new QWidget;
+    auto *layout = new QVBoxLayout(area);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_form);
+    layout->addStretch(1);
+    DataItemWidget::setOptions(area);
+    connect(m_form, &OptionsForm::optionChanged, this, [this] { onParameterValueChanged(true); });
+    connect(m_form, &OptionsForm::processNow, this, &DataItemWidget::processNow);
+    connect(m_form, &OptionsForm::userInteraction, this, &DataItemWidget::onUserInteraction);
+    connect(m_form, &OptionsForm::browseClicked, this, &InputItemWidget::onBrowse);
+}
+
+InputNode *InputItemWidget::input() const
+{
+    return static_cast<InputNode *>(node());
+}
+
+void InputItemWidget::setOptions(const InputOptions &options, const QString &label)
+{
+    if (!input()) {
+        return;
+    }
+    const UndoStep step(*node(), QStringLiteral("'%1' change").arg(label));
+    const InputOptions before = input()->options();
+    if (options.path != before.path || options.worksheet != before.worksheet) {
+        input()->setPath(options.path, options.worksheet);
+    }
+    input()->setOptions(options);
+}
+
+void InputItemWidget::addSourceRows()
+{
+    const int medium = input()->options().medium;
+    if (medium == Medium::Clipboard) {
+        auto *import = new QPushButton(QStringLiteral("Import from clipboard."));
+        import->setToolTip(QStringLiteral("Import from clipboard.\nDoes not run items downstream."));
+        import->setAutoDefault(false);
+        connect(import, &QPushButton::clicked, this, &InputItemWidget::importClipboard);
+        m_form->addRow(QString(), import);
+    } else if (medium == Medium::Folder) {
+        m_form->addRow({"multi_file_folder", "multi_file_recurse"});
+        m_form->addRow({"multi_file_match"});
+        m_form->addRow({"multi_sheetmatch"});
+    } else {
+        m_form->addRow({"path"});
+    }
+    m_form->addRow(
+        QStringLiteral("Sheet:"), sheetBox(), [this] { return input()->options().applies(InputOptions::Worksheet); });
+    m_form->addRow({"file_type"});
+}
+
+void InputItemWidget::addReadingRows()
+{
+    m_form->addRow({"delimiter", "custom_delimiter"});
+    m_form->addRow({"ignore_repeated_delim"});
+    m_form->addRow({"quote"});
+    m_form->addRow(
+        QStringLiteral("Columns:"), widthsBox(), [this] { return input()->options().applies(InputOptions::Columns); });
+    m_form->addRow({"encoding"});
+    m_form->addRow({"ignored_rows"});
+    auto *spin = qobject_cast<QSpinBox *>(m_form->editor("ignored_rows"));
+    spin->setPrefix(QStringLiteral("First "));
+    spin->setSuffix(QStringLiteral(" row(s)"));
+    m_form->addRow(QString(), headerBox());
+    m_form->addRow(QStringLiteral("Use schema:"), schemaBox());
+    m_form->addRow({"json_arrays_as_rows"});
+}
+
+void InputItemWidget::addTidyingRows()
+{
+    m_form->addRow({"trim", "simplify"}, QStringLiteral("Whitespace:"));
+    m_form->addRow({"ignore_empty", "ignore_empty_cols"}, QStringLiteral("Ignore empty:"));
+    m_form->addRow({"ignore_excel_hidden_rows", "ignore_excel_hidden_cols"}, QStringLiteral("Ignore hidden:"));
+    m_form->addRow({"watching"});
+    m_form->addRow({"show_meta"});
+    m_form->addRow({"meta_text"}, QStringLiteral("Meta text:"));
+    m_form->addRow({"meta_col_name"}, QStringLiteral("Meta column:"));
+}
+
+void InputItemWidget::addAliasRow()
+{
+    m_alias = new QLineEdit;
+    m_alias->setToolTip(QStringLiteral("A name for this item, by which a command line can give it another file."));
+    connect(m_alias, &QLineEdit::editingFinished, this, &InputItemWidget::onAliasEdited);
+    m_form->addRow(QStringLiteral("Alias:"), m_alias);
+}
+
+QWidget *InputItemWidget::headerBox()
+{
+    m_header = new QCheckBox(QStringLiteral("has header"));
+    m_header->setToolTip(QStringLiteral("Check if the first row holds the column names."));
+    connect(m_header, &QCheckBox::clicked, this, [this](bool on) {
+        if (m_form->source().setValue("header", on ? 1 : 0, QStringLiteral("has header"))) {
+            onParameterValueChanged(true);
+        }
+    });
+    return m_header;
+}
+
+QWidget *InputItemWidget::sheetBox()
+{
+    auto *box = new QWidget;
+    auto *layout = new QHBoxLayout(box);
+    layout->setContentsMargins(0, 0, 0, 0);
+    m_sheet = new QLineEdit;
+    m_sheet->setPlaceholderText(QStringLiteral("First sheet"));
+    m_sheet->setToolTip(QStringLiteral("Name or number of the Excel sheet to read."));
+    m_sheet->setAccessibleName(QStringLiteral("Sheet:"));
+    auto *choose = new QPushButton(QStringLiteral("Choose..."));
+    choose->setAutoDefault(false);
+    choose->setToolTip(QStringLiteral("Choose Excel sheets"));
+    layout->addWidget(m_sheet, 1);
+    layout->addWidget(choose);
+    box->setFocusProxy(m_sheet);
+    connect(m_sheet, &QLineEdit::editingFinished, this, [this] {
+        if (m_form->source().setValue("worksheet", m_sheet->text(), QStringLiteral("Sheet"))) {
+            onParameterValueChanged(true);
+        }
+    });
+    connect(choose, &QPushButton::clicked, this, &InputItemWidget::chooseSheet);
+    return box;
+}
+
+void InputItemWidget::chooseSheet()
+{
+    const InputOptions options = input()->options();
+    QString message;
+    const ExcelSheetEntry sheets = listExcelSheets(options.fileType, options.path, &message);
+    Prompts &prompts = *panelState().prompts;
+    if (sheets.names.isEmpty()) {
+        prompts.warning(message);
+        return;
+    }
+    const int chosen = prompts.chooseItem(
+        QStringLiteral("Select Excel sheet to input"), sheets.displayTexts, sheets.names.indexOf(options.worksheet));
+    if (chosen >= 0 && m_form->source().setValue("worksheet", sheets.names.at(chosen), QStringLiteral("Sheet"))) {
+        onParameterValueChanged(true);
+        refreshOptions();
+    }
+}
+
+QWidget *InputItemWidget::widthsBox()
+{
+    auto *box = new QWidget;
+    auto *layout = new QHBoxLayout(box);
+    layout->setContentsMargins(0, 0, 0, 0);
+    m_autoWidths = new QCheckBox(QStringLiteral("Automatic"));
+    m_autoWidths->setToolTip(QStringLiteral("Find the widths of the columns in the text."));
+    m_widths = new QLineEdit;
+    m_widths->setToolTip(QStringLiteral("Widths of the columns in characters, parted by commas."));
+    m_widths->setAccessibleName(QStringLiteral("Column widths"));
+    layout->addWidget(m_autoWidths);
+    layout->addWidget(m_widths, 1);
+    box->setFocusProxy(m_autoWidths);
+    connect(m_autoWidths, &QCheckBox::clicked, this, &InputItemWidget::onWidthsEdited);
+    connect(m_widths, &QLineEdit::editingFinished, this, &InputItemWidget::onWidthsEdited);
+    return box;
+}
+
+void InputItemWidget::onWidthsEdited()
+{
+    InputOptions options = input()->options();
+    const QVariantList before = options.values();
+    options.autoFixedWidths = m_autoWidths->isChecked();
+    options.fixedWidths = widthsOf(m_widths->text());
+    if (options.values() != before) {
+        setOptions(options, QStringLiteral("Columns"));
+        onParameterValueChanged(true);
+        refreshOptions();
+    }
+}
+
+QWidget *InputItemWidget::schemaBox()
+{
+    auto *box = new QWidget;
+    auto *layout = new QHBoxLayout(box);
+    layout->setContentsMargins(0, 0, 0, 0);
+    m_schema = new QComboBox;
+    m_schema->addItems({QStringLiteral("No"), QStringLiteral("Yes")});
+    m_schema->setToolTip(QStringLiteral("Use a schema to manage what happens if columns are added, removed or change "
+                                        "position in the input."));
+    m_schema->setAccessibleName(QStringLiteral("Use schema"));
+    auto *edit = new QPushButton(QStringLiteral("Edit..."));
+    edit->setAutoDefault(false);
+    edit->setToolTip(QStringLiteral("Edit the input schema."));
+    layout->addWidget(m_schema);
+    layout->addWidget(edit);
+    layout->addStretch(1);
+    box->setFocusProxy(m_schema);
+    connect(m_schema, QOverload<int>::of(&QComboBox::activated), this, [this](int index) {
+        InputSchema schema = input()->options().schema;
+        schema.inUse = index == 1;
+        if (schema.inUse && schema.columnNames.isEmpty()) {
+            schema.columnNames = input()->previousColumnNames();
+        }
+        takeSchema(schema);
+    });
+    connect(edit, &QPushButton::clicked, this, &InputItemWidget::editSchema);
+    return box;
+}
+
+void InputItemWidget::takeSchema(const InputSchema &schema)
+{
+    InputOptions options = input()->options();
+    const QVariantList before = options.values();
+    options.schema = schema;
+    if (options.values() != before) {
+        setOptions(options, QStringLiteral("Use schema"));
+        onParameterValueChanged(true);
+        refreshOptions();
+    }
+}
+
+void InputItemWidget::editSchema()
+{
+    SchemaDialog dialog(input()->options().schema, input()->previousColumnNames(), *panelState().prompts, this);
+    if (panelState().prompts->exec(dialog) == QDialog::Accepted && input()) {
+        takeSchema(dialog.schema());
+    }
+}
+
+void InputItemWidget::onBrowse(const QByteArray &key)
+{
+    Settings &settings = Settings::current();
+    const QString present = m_form->source().value(key).toString();
+    const QString folder = present.isEmpty() ? settings.lastDataDir() : QFileInfo(present).absolutePath();
+    const QString path = panelState().prompts->openFile(
+        {QStringLiteral("Input From File"), folder, settings.inputFileFilter()});
+    if (!path.isEmpty() && m_form->source().setValue(key, path, QStringLiteral("File"))) {
+        settings.setLastDataDir(QFileInfo(path).absolutePath());
+        onParameterValueChanged(true);
+        refreshOptions();
+    }
+}
+
+void InputItemWidget::importClipboard()
+{
+    InputOptions options = input()->options();
+    options.text = clipboardText(QApplication::clipboard()->mimeData());
+    if (options.text.isEmpty()) {
+        return;
+    }
+    const UndoStep step(*node(), QStringLiteral("import from clipboard"));
+    input()->setOptions(options);
+    onParameterValueChanged(false);
+    input()->process(false, false);
+    refresh();
+}
+
+void InputItemWidget::onAliasEdited()
+{
+    if (input() && m_alias->text().trimmed() != input()->alias()) {
+        const UndoStep step(*node(), QStringLiteral("'Alias' change"));
+        input()->setAlias(m_alias->text());
+        emit changeNeedsSave();
+        refreshOptions();
+    }
+}
+
+void InputItemWidget::takeTyped()
+{
+    DataItemWidget::takeTyped();
+    onAliasEdited();
+}
+
+void InputItemWidget::refreshOptions()
+{
+    m_form->refresh();
+    const InputOptions options = input()->options();
+    const QSignalBlocker headerBlocker(m_header);
+    m_header->setTristate(options.headerMode == InputOptions::DecideAtFirstRead);
+    m_header->setCheckState(options.headerMode == InputOptions::DecideAtFirstRead  ? Qt::PartiallyChecked
+                            : options.headerMode == InputOptions::FirstRowIsHeader ? Qt::Checked
+                                                                                   : Qt::Unchecked);
+    m_sheet->setText(options.worksheet);
+    m_autoWidths->setChecked(options.autoFixedWidths);
+    m_widths->setEnabled(!options.autoFixedWidths);
+    m_widths->setText(widthsText(options.fixedWidths));
+    m_schema->setCurrentIndex(options.schema.inUse ? 1 : 0);
+    if (!m_alias->hasFocus()) {
+        m_alias->setText(input()->alias());
+    }
+}
