@@ -17,6 +17,7 @@
 #include "panes/items/itempane.h"
 #include "panes/items/itemwidget.h"
 #include "panes/status/nodestatuswidget.h"
+#include "panes/table/datatableview.h"
 #include "settings/settings.h"
 #include "support/printers.h"
 #include "support/waitfor.h"
@@ -476,7 +477,7 @@ TEST_F(CanvasTest, TheRightPaneShowsTheSelectedItem)
     select(sortId);
     ASSERT_TRUE(right.itemWidget());
     EXPECT_EQ(right.itemWidget()->node(), &node(sortId));
-    auto &table = *right.findChild<QTableView *>();
+    auto &table = *right.findChild<DataTableView *>();
     EXPECT_EQ(table.model()->rowCount(), 2);
     EXPECT_EQ(table.model()->index(0, 1).data().toString(), QStringLiteral("x"));
     const auto &tabs = *right.findChild<QTabWidget *>();

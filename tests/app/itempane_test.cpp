@@ -266,6 +266,7 @@ TEST_F(ItemPaneTest, DefaultsOfAPersonAreSavedAndForgotten)
     button(QStringLiteral("Save 'Quoting:' as default")).click();
     EXPECT_EQ(InputOptions::forFile(path("in.csv")).quoting, 0);
     select(caseId);
+    editor<QComboBox>("Case").setCurrentText(QStringLiteral("Title case"));
     editor<QCheckBox>("Keep_Upper").setChecked(true);
     button(QStringLiteral("Save 'keep upper case' as default")).click();
     EXPECT_TRUE(settings.transformDefault(QStringLiteral("Case"), QStringLiteral("Keep_Upper")).toBool());

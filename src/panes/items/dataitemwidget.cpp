@@ -5,6 +5,7 @@
 #include "graph/graphscene.h"
 #include "graph/node.h"
 #include "graph/runcontrol.h"
+#include "panes/items/charswidget.h"
 #include "panes/items/datapage.h"
 #include "panes/items/datasetexport.h"
 #include "panes/items/itemtoolrow.h"
@@ -30,6 +31,7 @@ namespace {
 
 enum Tab { Data, Characters, Warnings, Info, Details, Comment };
 
+constexpr int leastWidth = 160;
 constexpr int commentPauseMs = 500;
 constexpr int tipMs = 8000;
 
@@ -54,6 +56,7 @@ DataItemWidget::DataItemWidget(Node &item, QWidget *parent)
     , m_options(new QScrollArea)
     , m_tabs(new QTabWidget)
     , m_data(new DataPage)
+    , m_characters(new CharsWidget)
     , m_commentPause(new QTimer(this))
 {
     auto *layout = new QVBoxLayout(this);
@@ -75,10 +78,13 @@ DataItemWidget::DataItemWidget(Node &item, QWidget *parent)
 void DataItemWidget::addTabs()
 {
     m_tabs->setDocumentMode(true);
+    // The pages give way to the width that a person gives the pane.
+    m_tabs->setMinimumWidth(leastWidth);
     const int markHeight = fontMetrics().height();
     m_tabs->setIconSize(QSize(2 * markHeight, markHeight));
     m_tabs->addTab(m_data, QStringLiteral("Data"));
-    m_tabs->addTab(new QWidget, QStringLiteral("Characters"));
+    m_tabs->addTab(m_characters, QStringLiteral("Characters"));
+    m_tabs->setTabToolTip(Characters, QStringLiteral("The number of each type of character in each column."));
     m_warnings = addMessages(QStringLiteral("Warnings"), QStringLiteral("Warnings from the most recent processing."));
     m_infos = addMessages(QStringLiteral("Info"), QStringLiteral("Information from the most recent processing."));
     m_details = new QTextBrowser;
@@ -233,6 +239,7 @@ void DataItemWidget::showTable()
     const QPoint place(view.horizontalScrollBar()->value(), view.verticalScrollBar()->value());
     view.table().setDataset(item.datasetConst(), previous ? *previous : Dataset());
     m_data->onTableChanged();
+    m_characters->setDataset(item.datasetConst());
     onTableShown();
     view.horizontalScrollBar()->setValue(place.x());
     view.verticalScrollBar()->setValue(place.y());
@@ -241,6 +248,7 @@ void DataItemWidget::showTable()
 void DataItemWidget::letGoOfData()
 {
     m_data->view().table().clear();
+    m_characters->letGo();
 }
 
 void DataItemWidget::takeTyped()

@@ -4,6 +4,7 @@
 #include "panes/items/panelstate.h"
 
 class Dataset;
+class CharsWidget;
 class DataPage;
 class ItemToolRow;
 class QTimer;
@@ -76,6 +77,7 @@ private:
     QScrollArea *m_options;
     QTabWidget *m_tabs;
     DataPage *m_data;
+    CharsWidget *m_characters;
     QPlainTextEdit *m_warnings = nullptr;
     QPlainTextEdit *m_infos = nullptr;
     QTextBrowser *m_details = nullptr;

@@ -5,15 +5,15 @@
 #include "panes/table/datatablemodel.h"
 #include "panes/table/datatableview.h"
 
-#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QScrollBar>
+#include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 DataPage::DataPage(QWidget *parent)
     : QWidget(parent)
-    , m_tools(new QHBoxLayout)
+    , m_tools(new QToolBar)
     , m_layout(new QVBoxLayout(this))
     , m_view(new DataTableView)
 {
@@ -21,8 +21,9 @@ DataPage::DataPage(QWidget *parent)
     m_filter->hide();
     m_layout->setContentsMargins(2, 2, 2, 2);
     m_layout->setSpacing(2);
-    m_tools->setSpacing(0);
-    m_layout->addLayout(m_tools);
+    // Buttons that have no room are behind an arrow.
+    m_tools->setIconSize(QSize(fontMetrics().height(), fontMetrics().height()));
+    m_layout->addWidget(m_tools);
     m_layout->addWidget(m_filter);
     m_layout->addWidget(m_view, 1);
     addDataButtons();
@@ -42,7 +43,6 @@ DataPage::DataPage(QWidget *parent)
         m_filterButton->setChecked(false);
         m_view->setFocus();
     });
-    m_tools->addStretch(1);
     connect(m_view, &DataTableView::filterRowColContains, this, &DataPage::onFilterRowColContains);
     for (QScrollBar *bar : {m_view->horizontalScrollBar(), m_view->verticalScrollBar()}) {
         connect(bar, &QScrollBar::valueChanged, this, &DataPage::onUpdateDataScrollButtons);
@@ -65,7 +65,7 @@ QToolButton *DataPage::addButton(const QString &icon, const QString &name, const
 
 void DataPage::addSeparator()
 {
-    m_tools->addSpacing(fontMetrics().averageCharWidth());
+    m_tools->addSeparator();
 }
 
 void DataPage::addDataButtons()

@@ -7,7 +7,7 @@
 class DataFilterRow;
 class DataTableView;
 class QToolButton;
-class QHBoxLayout;
+class QToolBar;
 class QVBoxLayout;
 
 /// The page of a panel with the item's table and the tools for looking at it.
@@ -54,7 +54,7 @@ private:
     void addScrollButtons();
     void addSeparator();
 
-    QHBoxLayout *m_tools;
+    QToolBar *m_tools;
     QVBoxLayout *m_layout;
     DataFilterRow *m_filter;
     DataTableView *m_view;
