@@ -9,6 +9,8 @@
 namespace {
 
 constexpr int leastWidth = 180;
+/// Of the window, for the right pane at the start: the canvas must be there to be seen.
+constexpr double mostShare = 0.45;
 
 } // namespace
 
@@ -53,7 +55,8 @@ void PaneLayout::restore(const Settings &settings)
     const int total = stored[Left] + stored[Centre] + stored[Right];
     const int present = m_splitter->window()->width();
     if (widths[Right] > 0 && total > 0) {
-        m_widths[Right] = qMax(leastWidth, stored[Right] * present / total);
+        const int share = qMin(stored[Right] * present / total, qRound(present * mostShare));
+        m_widths[Right] = qMax(leastWidth, share);
         widths[Right] = m_widths[Right];
     }
     widths[Centre] = qMax(1, present - widths[Left] - widths[Right]);
