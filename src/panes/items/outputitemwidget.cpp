@@ -140,7 +140,7 @@ void OutputItemWidget::onFilesColumnChosen()
 {
     if (output()) {
         const UndoStep step(*node(), QStringLiteral("'Files column' change"));
-        output()->columns().setMultiFileColumn(m_filesColumn->column());
+        output()->columns().setMultiFileColumn(m_filesColumn->column(), output()->knownDataset());
     }
     onParameterValueChanged(true);
 }
@@ -184,7 +184,7 @@ void OutputItemWidget::chooseExcelFormats()
         texts, {table.columnNames(), table.columnIds()}, output()->columns().excelFormats(), this);
     if (panelState().prompts->exec(dialog) == QDialog::Accepted && output()) {
         const UndoStep step(*node(), QStringLiteral("'Formatting' change"));
-        output()->columns().setExcelFormats(dialog.choices());
+        output()->columns().setExcelFormats(dialog.choices(), output()->knownDataset());
         m_form->source().setValue("excel_output", int(ExcelFormatMode::Manual), QStringLiteral("Formatting"));
         onParameterValueChanged(true);
         refreshOptions();
@@ -203,7 +203,7 @@ void OutputItemWidget::chooseJsonTypes()
     ColumnChoicesDialog dialog(texts, {table.columnNames(), table.columnIds()}, output()->columns().jsonTypes(), this);
     if (panelState().prompts->exec(dialog) == QDialog::Accepted && output()) {
         const UndoStep step(*node(), QStringLiteral("'Value types' change"));
-        output()->columns().setJsonTypes(dialog.choices());
+        output()->columns().setJsonTypes(dialog.choices(), output()->knownDataset());
         m_form->source().setValue("json_types", int(JsonTypeMode::Manual), QStringLiteral("Value types"));
         onParameterValueChanged(true);
         refreshOptions();
