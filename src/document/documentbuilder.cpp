@@ -189,7 +189,7 @@ void DocumentBuilder::addCharts()
 void DocumentBuilder::addNotes()
 {
     for (const NoteRecord &record : m_records.notes) {
-        auto *node = new NoteNode(record.arrow, record.id);
+        auto *node = new NoteNode(static_cast<NoteArrow::Arrow>(record.arrow), record.id);
         node->setColor(record.color);
         add(node, record);
     }

@@ -27,7 +27,7 @@ enum class Direction { Outgoing = 0, Incoming = 1, Both = 2 };
 
 /// Values of QGraphicsItem::type() on the canvas.
 namespace ItemType {
-enum {
+enum Type {
     Input = QGraphicsItem::UserType + 1,
     Transform = QGraphicsItem::UserType + 2,
     Output = QGraphicsItem::UserType + 3,
@@ -40,6 +40,12 @@ enum {
     TimingBar = QGraphicsItem::UserType + 24
 };
 }
+
+/// Where the arrow of a note points. The numbers stand in documents.
+struct NoteArrow
+{
+    enum Arrow { NoArrow = 0, Up = 1, Right = 2, Down = 3, Left = 4 };
+};
 
 /// One labelled line of a node's information, such as "Status" and "Up to date".
 using InfoRow = QPair<QString, QString>;

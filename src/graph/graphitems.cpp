@@ -22,7 +22,7 @@ bool isNode(const QGraphicsItem *item)
 
 /// The items of one kind, in the order of their ids.
 template<class Kind>
-QList<Kind *> nodesOfType(const GraphItems &scene, int type, bool selectedOnly)
+QList<Kind *> nodesOfType(const GraphItems &scene, ItemType::Type type, bool selectedOnly)
 {
     QList<Kind *> found;
     for (Node *node : scene.nodes(selectedOnly)) {
@@ -182,7 +182,7 @@ bool GraphItems::overlapsAny(const Node *node) const
     return NodePlacement::overlapsAny(node, nodes());
 }
 
-int GraphItems::autoNoteArrow(const Node *node) const
+NoteArrow::Arrow GraphItems::autoNoteArrow(const Node *node) const
 {
     return NodePlacement::autoNoteArrow(node, nodes());
 }

@@ -53,7 +53,7 @@ public:
     QPointF newNodePosition() const;
     bool overlapsAny(const Node *node) const;
     /// The arrow of a note that stands beside `node` where nothing else is: above, right, below, left in turn.
-    int autoNoteArrow(const Node *node) const;
+    NoteArrow::Arrow autoNoteArrow(const Node *node) const;
     void layOutConnections();
     void layOutConnections(const QList<Node *> &nodes);
     void updateSceneRect();

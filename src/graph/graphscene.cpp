@@ -89,9 +89,9 @@ Node *GraphScene::addChart()
     return NodeAdder(*this).addChart();
 }
 
-NoteNode *GraphScene::addNote(const QPointF &pos, int arrowType)
+NoteNode *GraphScene::addNote(const QPointF &pos, NoteArrow::Arrow arrow)
 {
-    return NodeAdder(*this).addNote(pos, arrowType);
+    return NodeAdder(*this).addNote(pos, arrow);
 }
 
 void GraphScene::insertNode(Node *node, const QPointF &pos)

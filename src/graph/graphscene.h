@@ -29,8 +29,7 @@ public:
     IONode *addInputFromClipboard(const QString &text, const QPointF &scenePos = QPointF());
     IONode *addOutput(const QString &path, int fileType);
     Node *addChart();
-    /// `arrowType` is a NoteNode::Arrow.
-    NoteNode *addNote(const QPointF &pos, int arrowType);
+    NoteNode *addNote(const QPointF &pos, NoteArrow::Arrow arrow);
     /// Adds a node that a document brings, at its place; no step of undo, no signal but nodesAdded later.
     void insertNode(Node *node, const QPointF &pos);
     /// Joins two nodes without any check or step of undo, for documents and copies.

@@ -376,12 +376,12 @@ void NodeAdder::addLeaf(Node *node, Node *source)
 
 // Notes
 
-NoteNode *NodeAdder::addNote(const QPointF &pos, int arrowType)
+NoteNode *NodeAdder::addNote(const QPointF &pos, NoteArrow::Arrow arrow)
 {
     const UndoStep step(m_scene, QStringLiteral("add note"));
     m_scene.clearSelection();
-    auto *node = new NoteNode(arrowType);
-    const QPointF centre = pos + NodePlacement::noteOffset(arrowType);
+    auto *node = new NoteNode(arrow);
+    const QPointF centre = pos + NodePlacement::noteOffset(arrow);
     m_scene.addItem(node);
     if (m_scene.snapToGrid()) {
         m_scene.placeAvoidingOverlap(node, centre, false);

@@ -28,7 +28,7 @@ public:
     IONode *addClipboardInput(const QString &text, const QPointF &scenePos);
     IONode *addOutput(const QString &path, int fileType);
     Node *addChart();
-    NoteNode *addNote(const QPointF &pos, int arrowType);
+    NoteNode *addNote(const QPointF &pos, NoteArrow::Arrow arrow);
 
 private:
     bool canAddToSelection(const Transform &transform) const;

@@ -28,7 +28,7 @@ QSet<Node *> closure(const Node *start, Neighbours neighbours)
     return reached;
 }
 
-QSet<Node *> ofKind(const QSet<Node *> &nodes, int type)
+QSet<Node *> ofKind(const QSet<Node *> &nodes, ItemType::Type type)
 {
     QSet<Node *> matching;
     for (Node *node : nodes) {
@@ -182,12 +182,12 @@ QSet<Node *> NodeEdges::allDownstream(bool includeSelf) const
     return found;
 }
 
-QSet<Node *> NodeEdges::allUpstreamOfKind(int type, bool includeSelf) const
+QSet<Node *> NodeEdges::allUpstreamOfKind(ItemType::Type type, bool includeSelf) const
 {
     return ofKind(allUpstream(includeSelf), type);
 }
 
-QSet<Node *> NodeEdges::allDownstreamOfKind(int type, bool includeSelf) const
+QSet<Node *> NodeEdges::allDownstreamOfKind(ItemType::Type type, bool includeSelf) const
 {
     return ofKind(allDownstream(includeSelf), type);
 }

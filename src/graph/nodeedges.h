@@ -37,9 +37,8 @@ public:
     QSet<Node *> allUpstream(bool includeSelf) const;
     QSet<Node *> allDownstream(bool includeSelf) const;
     QSet<Node *> upstreamTree() const { return allUpstream(true); }
-    /// `type` is a value of ItemType.
-    QSet<Node *> allUpstreamOfKind(int type, bool includeSelf) const;
-    QSet<Node *> allDownstreamOfKind(int type, bool includeSelf) const;
+    QSet<Node *> allUpstreamOfKind(ItemType::Type type, bool includeSelf) const;
+    QSet<Node *> allDownstreamOfKind(ItemType::Type type, bool includeSelf) const;
     /// The transforms on the paths from here.
     QSet<Node *> outputsFed(bool includeSelf) const;
     /// True when `node` lies upstream of this node.

@@ -179,7 +179,7 @@ void NodePlacement::placeAvoidingOverlap(Node *node, const QPointF &centre, bool
 
 // Notes
 
-QPointF NodePlacement::noteOffset(int arrow)
+QPointF NodePlacement::noteOffset(NoteArrow::Arrow arrow)
 {
     switch (arrow) {
     case NoteNode::Up:
@@ -190,9 +190,10 @@ QPointF NodePlacement::noteOffset(int arrow)
         return {0, -gridHeight};
     case NoteNode::Left:
         return {gridWidth, 0};
-    default:
-        return {};
+    case NoteNode::NoArrow:
+        break;
     }
+    return {};
 }
 
 QSet<Node *> NodePlacement::attachedNotes(const QList<Node *> &nodes, const QList<Node *> &all)
@@ -207,10 +208,10 @@ QSet<Node *> NodePlacement::attachedNotes(const QList<Node *> &nodes, const QLis
     return attached;
 }
 
-int NodePlacement::autoNoteArrow(const Node *node, const QList<Node *> &all)
+NoteArrow::Arrow NodePlacement::autoNoteArrow(const Node *node, const QList<Node *> &all)
 {
-    const int arrows[] = {NoteNode::Down, NoteNode::Left, NoteNode::Up, NoteNode::Right};
-    for (int arrow : arrows) {
+    const NoteArrow::Arrow arrows[] = {NoteNode::Down, NoteNode::Left, NoteNode::Up, NoteNode::Right};
+    for (const NoteArrow::Arrow arrow : arrows) {
         if (isRectFree(boxAt(node).translated(noteOffset(arrow)), node, all)) {
             return arrow;
         }

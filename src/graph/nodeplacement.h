@@ -1,5 +1,7 @@
 #pragma once
 
+#include "graph/graphenums.h"
+
 #include <QList>
 #include <QPointF>
 #include <QSet>
@@ -33,9 +35,9 @@ void placeAvoidingOverlap(Node *node, const QPointF &centre, bool horizontal, co
 
 /// The notes whose arrow points from beside at one of `nodes`; none of `nodes` itself.
 QSet<Node *> attachedNotes(const QList<Node *> &nodes, const QList<Node *> &all);
-/// How far a note with this NoteNode::Arrow lies from what it points at.
-QPointF noteOffset(int arrow);
+/// How far a note with this arrow lies from what it points at.
+QPointF noteOffset(NoteArrow::Arrow arrow);
 /// The arrow of a note that stands above, right, below or left of `node`, the first of these that is free.
-int autoNoteArrow(const Node *node, const QList<Node *> &all);
+NoteArrow::Arrow autoNoteArrow(const Node *node, const QList<Node *> &all);
 
 } // namespace NodePlacement

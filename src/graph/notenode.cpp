@@ -14,7 +14,7 @@ constexpr int largestFont = 14;
 constexpr int smallestFont = 7;
 
 /// The triangle that sticks out of the box, towards what the note is about.
-QPolygonF arrowShape(int arrow, const QRectF &box)
+QPolygonF arrowShape(NoteArrow::Arrow arrow, const QRectF &box)
 {
     const QPointF c = box.center();
     switch (arrow) {
@@ -30,9 +30,10 @@ QPolygonF arrowShape(int arrow, const QRectF &box)
     case NoteNode::Left:
         return QVector<QPointF>{{box.left(), c.y() - arrowHalfWidth}, {box.left() - arrowReach, c.y()},
             {box.left(), c.y() + arrowHalfWidth}};
-    default:
-        return {};
+    case NoteNode::NoArrow:
+        break;
     }
+    return {};
 }
 
 QFont fittingFont(const QString &text, const QRectF &rect, int flags)
@@ -50,9 +51,9 @@ QFont fittingFont(const QString &text, const QRectF &rect, int flags)
 
 } // namespace
 
-NoteNode::NoteNode(int arrow, int id)
+NoteNode::NoteNode(Arrow arrow, int id)
     : Node(id)
-    , m_arrow(arrow >= NoArrow && arrow <= Left ? arrow : NoArrow)
+    , m_arrow(arrow)
 {
 }
 
@@ -63,10 +64,10 @@ Node *NoteNode::cloneKind() const
     return copy;
 }
 
-void NoteNode::setArrow(int arrow)
+void NoteNode::setArrow(Arrow arrow)
 {
     prepareGeometryChange();
-    m_arrow = arrow >= NoArrow && arrow <= Left ? arrow : NoArrow;
+    m_arrow = arrow;
     update();
 }
 

@@ -5,20 +5,17 @@
 #include <QColor>
 
 /// A comment on the canvas, with an arrow towards what it is about. It takes no part in runs.
-class NoteNode final : public Node
+class NoteNode final : public Node, public NoteArrow
 {
     Q_OBJECT
 
 public:
     enum { Type = ItemType::Note };
-    /// Where the arrow points.
-    enum Arrow { NoArrow = 0, Up = 1, Right = 2, Down = 3, Left = 4 };
-
-    explicit NoteNode(int arrow = NoArrow, int id = -1);
+    explicit NoteNode(Arrow arrow = NoArrow, int id = -1);
 
     int type() const override { return Type; }
-    int arrow() const { return m_arrow; }
-    void setArrow(int arrow);
+    Arrow arrow() const { return m_arrow; }
+    void setArrow(Arrow arrow);
     /// The background; white for a new note.
     const QColor &color() const { return m_color; }
     void setColor(const QColor &color);
@@ -47,6 +44,6 @@ private:
     bool produce() override { return true; }
     Node *cloneKind() const override;
 
-    int m_arrow;
+    Arrow m_arrow;
     QColor m_color = Qt::white;
 };

@@ -84,7 +84,7 @@ protected:
         return *found;
     }
     /// A change such as a user makes.
-    void change() { m_window->scene().addNote(QPointF(500, 500), 0); }
+    void change() { m_window->scene().addNote(QPointF(500, 500), NoteArrow::NoArrow); }
 
     QTemporaryDir m_folder;
     RunLog m_log;
@@ -594,7 +594,7 @@ TEST_F(MainWindowTest, AnotherSceneTakesThePlaceOfTheLiveOne)
     EXPECT_FALSE(m_window->isAutoRunOn());
     EXPECT_EQ(m_window->findChild<GraphPane *>()->scene(), &session.scene());
     EXPECT_FALSE(m_window->isWindowModified());
-    old->addNote(QPointF(0, 0), 0);
+    old->addNote(QPointF(0, 0), NoteArrow::NoArrow);
     EXPECT_FALSE(m_window->isWindowModified()) << "nobody listens to a scene that isn't live";
     change();
     EXPECT_TRUE(m_window->isWindowModified());

@@ -138,7 +138,7 @@ TEST_F(UndoTest, EachCommandIsTakenBackAndBroughtAgain)
                 select({sortId});
                 scene().addChart();
             }},
-        {"&Undo add note", [this] { scene().addNote(QPointF(0, 500), 0); }},
+        {"&Undo add note", [this] { scene().addNote(QPointF(0, 500), NoteArrow::NoArrow); }},
         {"&Undo add connection",
             [this] {
                 scene().startConnection(&node(inputId));
@@ -201,7 +201,7 @@ TEST_F(UndoTest, EachCommandIsTakenBackAndBroughtAgain)
 TEST_F(UndoTest, TenStepsAreKept)
 {
     for (int note = 0; note < 11; ++note) {
-        scene().addNote(QPointF(0, 500.0 + 200 * note), 0);
+        scene().addNote(QPointF(0, 500.0 + 200 * note), NoteArrow::NoArrow);
     }
     int steps = 0;
     while (action("m_editUndoAction").isEnabled()) {
@@ -220,7 +220,7 @@ TEST_F(UndoTest, TenStepsAreKept)
 
 TEST_F(UndoTest, WhatChangesNothingLeavesNoStep)
 {
-    scene().addNote(QPointF(0, 500), 0);
+    scene().addNote(QPointF(0, 500), NoteArrow::NoArrow);
     {
         const UndoStep step(scene(), QStringLiteral("nothing"));
     }
@@ -231,7 +231,7 @@ TEST_F(UndoTest, WhatChangesNothingLeavesNoStep)
 
 TEST_F(UndoTest, ANewChangeGivesUpWhatWasTakenBack)
 {
-    scene().addNote(QPointF(0, 500), 0);
+    scene().addNote(QPointF(0, 500), NoteArrow::NoArrow);
     select({sortId});
     addTransform("Filter");
     trigger("m_editUndoAction");
@@ -246,8 +246,8 @@ TEST_F(UndoTest, ANewChangeGivesUpWhatWasTakenBack)
 TEST_F(UndoTest, SeveralStepsEndInOneRun)
 {
     Application::instance()->settings().setProcessingDelay(0.05);
-    scene().addNote(QPointF(0, 500), 0);
-    scene().addNote(QPointF(0, 900), 0);
+    scene().addNote(QPointF(0, 500), NoteArrow::NoArrow);
+    scene().addNote(QPointF(0, 900), NoteArrow::NoArrow);
     trigger("m_editUndoAction");
     trigger("m_editUndoAction");
     EXPECT_EQ(node(sortId).state(), NodeState::NeedsProcessing);
@@ -261,7 +261,7 @@ TEST_F(UndoTest, SeveralStepsEndInOneRun)
 
 TEST_F(UndoTest, AnotherDocumentForgetsTheSteps)
 {
-    scene().addNote(QPointF(0, 500), 0);
+    scene().addNote(QPointF(0, 500), NoteArrow::NoArrow);
     trigger("m_editUndoAction");
     m_window->documents().openDocument(path("flow.transform"));
     EXPECT_FALSE(action("m_editUndoAction").isEnabled());

@@ -255,7 +255,8 @@ TEST_F(NodeRunTest, DownstreamLooksAtTheNewResultAndUpstreamIsLetGo)
 TEST_F(NodeRunTest, ClonesOfAllKindsKeepTheSame)
 {
     InputNode *source = ranInput();
-    const QList<Node *> nodes{source, transform(source), output(source), chart(source), add(new NoteNode(2))};
+    const QList<Node *> nodes{
+        source, transform(source), output(source), chart(source), add(new NoteNode(NoteNode::Right))};
     for (Node *node : nodes) {
         SCOPED_TRACE(qPrintable(node->kindName()));
         node->setAlias(QStringLiteral("mine"));

@@ -466,7 +466,7 @@ TEST_F(SceneTest, NotesStandBesideWhatTheyPointAt)
     struct Case
     {
         const char *what;
-        int arrow;
+        NoteArrow::Arrow arrow;
         QPointF steps;
     };
     const Case cases[] = {

@@ -84,7 +84,7 @@ void CanvasMenu::addNotes(QMenu &menu) const
     }
     const Node *node = selected.first();
     const QPointF centre = node->centre();
-    const auto add = [=](const char *text, int arrow) {
+    const auto add = [=](const char *text, NoteArrow::Arrow arrow) {
         submenu->addAction(QString::fromLatin1(text), scene, [=] { scene->addNote(centre, arrow); });
     };
     add("Aut&o", scene->autoNoteArrow(node));

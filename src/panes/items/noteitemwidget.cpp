@@ -84,7 +84,7 @@ void NoteItemWidget::setArrow(int arrow)
 {
     if (note() && arrow != note()->arrow()) {
         const UndoStep step(*note(), QStringLiteral("comment changed"));
-        note()->setArrow(arrow);
+        note()->setArrow(static_cast<NoteArrow::Arrow>(arrow));
         emit nodeCommentChanged(note());
     }
 }
