@@ -1,36 +1,18 @@
 #pragma once
 
-#include <QByteArray>
-#include <QChar>
-#include <QList>
-#include <QString>
-#include <QStringList>
-#include <QVariant>
-#include <functional>
-#include <limits>
-#include <utility>
-#include <variant>
-#include <vector>
+#include "settings/optiondeclaration.h"
+#include "settings/optionmember.h"
 
-/// What a panel edits an option with. By the option's type (a check box, a number, a text, ...) unless another is told.
-enum class OptionEditor { ByType, Choice, LongText, Path, Sheet, Encoding, ColumnWidths, Schema, FolderMatch, Hidden };
+#include <functional>
+#include <utility>
+#include <vector>
 
 /// Declaration of one option of an item, a member of the struct `Options`. A struct lists its options once, in the
 /// order of a document's attributes; documents, saved defaults, comparison, summaries and panels walk that list.
 template<class Options>
-struct OptionField
+struct OptionField : OptionDeclaration
 {
-    /// How one member is reached.
-    template<class Value>
-    struct Member
-    {
-        Value &(*change)(Options &);
-        const Value &(*read)(const Options &);
-        Value &in(Options &options) const { return change(options); }
-        const Value &in(const Options &options) const { return read(options); }
-    };
-    using AnyMember = std::variant<Member<int>, Member<bool>, Member<double>, Member<QChar>, Member<QString>,
-        Member<QStringList>, Member<QList<int>>>;
+    using AnyMember = typename OptionMember<Options>::Any;
     using Condition = std::function<bool(const Options &)>;
     using Text = std::function<QString(const Options &)>;
     using Default = std::function<QVariant(const Options &)>;
@@ -40,8 +22,7 @@ struct OptionField
     static OptionField of(const QByteArray &documentKey)
     {
         OptionField field;
-        using Value = std::decay_t<decltype(reach<path...>(std::declval<Options &>()))>;
-        field.member = Member<Value>{&reach<path...>, &reachConst<path...>};
+        field.member = OptionMember<Options>::template of<path...>();
         field.documentKey = documentKey;
         return field;
     }
@@ -118,94 +99,28 @@ struct OptionField
     }
 
     bool applies(const Options &options) const { return !holds || holds(options); }
-    QVariant value(const Options &options) const;
+    QVariant value(const Options &options) const { return OptionMember<Options>::value(member, options); }
     /// A value of another type is converted; an empty text leaves a character as it is.
-    void setValue(Options &options, const QVariant &value) const;
+    void setValue(Options &options, const QVariant &value) const
+    {
+        OptionMember<Options>::setValue(member, options, value);
+    }
     /// What stands in an item that was made from an element without this attribute.
     QVariant absent(const Options &options) const { return absentValue ? absentValue(options) : value(Options()); }
     /// "Yes" and "No", the text of a choice, or the value.
     QString textOf(const Options &options) const;
 
     AnyMember member;
-    QByteArray documentKey;
-    QString settingsKey; ///< empty without saved defaults
-    QString label;       ///< as a panel shows it
-    QString toolTip;
-    QString tab; ///< of the panel, where it has several
-    OptionEditor editor = OptionEditor::ByType;
-    QStringList choices;
-    QList<int> choiceNumbers;
-    bool hasLimits = false;
-    int lowest = std::numeric_limits<int>::min();
-    int highest = std::numeric_limits<int>::max();
-    bool otherMeansOne = false;
-    bool keepsEmptyEntries = false;
     Default absentValue;
     Condition holds;
-    int summaryPlace = 0;
-    QString summaryLabel; ///< empty for options that the summary leaves out
     Text summaryText;
-
-private:
-    template<auto... path>
-    static auto &reach(Options &options)
-    {
-        return (options.*....*path);
-    }
-    template<auto... path>
-    static const auto &reachConst(const Options &options)
-    {
-        return (options.*....*path);
-    }
 };
-
-template<class Options>
-QVariant OptionField<Options>::value(const Options &options) const
-{
-    return std::visit(
-        [&options](const auto &access) {
-            const auto &value = access.in(options);
-            if constexpr (std::is_same_v<std::decay_t<decltype(value)>, QList<int>>) {
-                QVariantList numbers;
-                for (const int number : value) {
-                    numbers.append(number);
-                }
-                return QVariant(numbers);
-            } else {
-                return QVariant(value);
-            }
-        },
-        member);
-}
-
-template<class Options>
-void OptionField<Options>::setValue(Options &options, const QVariant &value) const
-{
-    std::visit(
-        [&](const auto &access) {
-            auto &target = access.in(options);
-            using Value = std::decay_t<decltype(target)>;
-            if constexpr (std::is_same_v<Value, QList<int>>) {
-                target.clear();
-                const QVariantList numbers = value.toList();
-                for (const QVariant &number : numbers) {
-                    target.append(number.toInt());
-                }
-            } else if constexpr (std::is_same_v<Value, QChar>) {
-                const QString text = value.toString();
-                target = text.isEmpty() ? target : text.at(0);
-            } else {
-                target = value.value<Value>();
-            }
-        },
-        member);
-}
 
 template<class Options>
 QString OptionField<Options>::textOf(const Options &options) const
 {
     const QVariant present = value(options);
-    if (std::holds_alternative<Member<bool>>(member)) {
+    if (present.type() == QVariant::Bool) {
         return present.toBool() ? QStringLiteral("Yes") : QStringLiteral("No");
     }
     if (editor != OptionEditor::Choice) {
