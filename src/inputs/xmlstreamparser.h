@@ -1,10 +1,8 @@
 #pragma once
 
 #include "inputs/xmlmessage.h"
+#include "text/expatparser.h"
 
-#include <exception>
-#include <expat.h>
-#include <memory>
 #include <string>
 
 class BlockReader;
@@ -32,25 +30,25 @@ public:
     const XmlMessage &message() const { return m_message; }
 
 private:
-    struct Handlers;
-    struct Freer
-    {
-        void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
-    };
-
     bool parseBlock();
     void refuse(const QString &message);
     void startElement(const char *name, const char **attributes);
+    void endElement(const char *name);
+    void finishText();
+    void finishCdata();
+    void unknownEntity(const char *name, bool isParameter);
+    void externalEntity();
+    void entityDeclaration() { m_declaresEntities = true; }
+    void attributeDeclaration() { m_declaresAttributes = true; }
     void rawAttributes(const char *begin, const char *end);
     void characters(const char *bytes, int size);
 
     BlockReader *m_block;
     XmlRecordBuilder *m_builder;
-    std::unique_ptr<XML_ParserStruct, Freer> m_parser;
+    ExpatParser m_expat;
     int m_parsed = 0; // bytes given to the parser
     bool m_declaresEntities = false;
     bool m_declaresAttributes = false;
     XmlMessage m_message;
     std::string m_value;
-    std::exception_ptr m_exception;
 };

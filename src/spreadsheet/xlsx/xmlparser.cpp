@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
-#include <expat.h>
 
 namespace spreadsheet {
 namespace {
@@ -83,22 +82,13 @@ bool XmlAttributes::flag(std::string_view name, bool otherwise) const
 // Parser
 
 XmlParser::XmlParser(XmlHandler *handler)
-    : m_parser(XML_ParserCreate(nullptr))
+    : m_expat(this)
     , m_handler(handler)
 {
-    if (!m_parser) {
-        throw std::bad_alloc();
-    }
-    XML_SetUserData(m_parser, this);
-    XML_SetElementHandler(m_parser, onStart, onEnd);
-    XML_SetCharacterDataHandler(m_parser, onText);
-    XML_SetStartDoctypeDeclHandler(m_parser, onDoctype);
-    XML_SetCdataSectionHandler(m_parser, onCdataStart, onCdataEnd);
-}
-
-XmlParser::~XmlParser()
-{
-    XML_ParserFree(m_parser);
+    m_expat.tellElements<&XmlParser::onStart, &XmlParser::onEnd>();
+    m_expat.tellText<&XmlParser::onText>();
+    m_expat.tellDoctype<&XmlParser::onDoctype>();
+    m_expat.tellCdata<&XmlParser::onCdataStart, &XmlParser::onCdataEnd>();
 }
 
 /// Two bytes a character would show in the first tag or in front of it.
@@ -115,8 +105,8 @@ bool XmlParser::feed(const char *bytes, int size)
     for (const char *at = bytes; at < end;) {
         const char *behind = isBetweenTags() ? takeElements(at, end) : at;
         m_taken += behind - at;
-        if (m_isStopped || behind == end) {
-            return !m_isStopped;
+        if (m_expat.isStopped() || behind == end) {
+            return !m_expat.isStopped();
         }
         const char *next = m_isUtf8 ? m_handler->nextElements(behind + 1, end) : end;
         if (!parse(behind, static_cast<int>(next - behind), false)) {
@@ -125,7 +115,7 @@ bool XmlParser::feed(const char *bytes, int size)
         at = next;
     }
     // A tag that doesn't end is read anew with each piece.
-    if (m_fed - XML_GetCurrentByteIndex(m_parser) > longestTag) {
+    if (m_fed - m_expat.byteIndex() > longestTag) {
         m_error = QStringLiteral("a tag is too long");
         return false;
     }
@@ -136,83 +126,52 @@ bool XmlParser::feed(const char *bytes, int size)
 bool XmlParser::isBetweenTags() const
 {
     return m_depth > 0 && m_skipped == 0 && m_isUtf8 && !m_isInCdata && m_prefix.empty()
-           && XML_GetCurrentByteIndex(m_parser) == m_fed;
+           && m_expat.byteIndex() == m_fed;
 }
 
 const char *XmlParser::takeElements(const char *from, const char *end)
 {
     const char *behind = m_handler->takeElements(from, end);
-    m_isStopped = m_handler->isDone() || !m_handler->error().isEmpty();
+    stopWhenDone();
     return behind;
 }
 
 bool XmlParser::close()
 {
-    return m_error.isEmpty() && (m_isStopped || parse("", 0, true));
+    return m_error.isEmpty() && (m_expat.isStopped() || parse("", 0, true));
 }
 
 bool XmlParser::parse(const char *bytes, int size, bool isLast)
 {
-    if (m_isStopped || !m_error.isEmpty()) {
+    if (m_expat.isStopped() || !m_error.isEmpty()) {
         return false;
     }
     m_fed += size;
-    const XML_Status status = XML_Parse(m_parser, bytes, size, isLast);
-    if (m_exception) {
-        std::rethrow_exception(m_exception);
-    }
-    if (status == XML_STATUS_OK) {
+    if (m_expat.parse(bytes, size, isLast)) {
         return true;
     }
-    const XML_Error code = XML_GetErrorCode(m_parser);
-    if (code == XML_ERROR_NO_MEMORY) {
-        throw std::bad_alloc();
-    }
-    if (m_isStopped) {
+    if (m_expat.isStopped()) {
         return m_error.isEmpty() && isLast;
     }
     m_error = QStringLiteral("%1 at byte %2")
-                  .arg(QString::fromLatin1(XML_ErrorString(code)))
-                  .arg(m_taken + std::max<long long>(0, XML_GetCurrentByteIndex(m_parser)));
+                  .arg(m_expat.errorText())
+                  .arg(m_taken + std::max<long long>(0, m_expat.byteIndex()));
     return false;
 }
 
-void XmlParser::stop()
+void XmlParser::stopWhenDone()
 {
-    m_isStopped = true;
-    XML_StopParser(m_parser, XML_FALSE);
-}
-
-/// Handlers may throw; the C code between them and the caller must not see it.
-template<typename Call>
-void XmlParser::guarded(const Call &call)
-{
-    if (m_isStopped) {
-        return; // the parser may still report the end of an empty element
-    }
-    try {
-        call();
-    } catch (...) {
-        m_exception = std::current_exception();
-        stop();
-        return;
-    }
     if (m_handler->isDone() || !m_handler->error().isEmpty()) {
-        stop();
+        m_expat.stop();
     }
 }
 
-void XmlParser::onStart(void *parser, const char *name, const char **attributes)
-{
-    auto *self = static_cast<XmlParser *>(parser);
-    self->guarded([&] { self->start(name, attributes); });
-}
-
-void XmlParser::start(const char *name, const char **attributes)
+void XmlParser::onStart(const char *name, const char **attributes)
 {
     if (++m_depth > greatestDepth) {
         m_error = QStringLiteral("elements are nested too deeply");
-        return stop();
+        m_expat.stop();
+        return;
     }
     if (m_skipped > 0) {
         ++m_skipped;
@@ -231,45 +190,34 @@ void XmlParser::start(const char *name, const char **attributes)
     if (!isOurs || !m_handler->startElement(name + m_prefix.size(), XmlAttributes(attributes))) {
         m_skipped = 1;
     }
+    stopWhenDone();
 }
 
-void XmlParser::onEnd(void *parser, const char *name)
+void XmlParser::onEnd(const char *name)
 {
-    auto *self = static_cast<XmlParser *>(parser);
-    const int depth = self->m_depth--;
-    if (self->m_skipped > 0) {
-        --self->m_skipped;
+    const int depth = m_depth--;
+    if (m_skipped > 0) {
+        --m_skipped;
         return;
     }
-    if (self->m_alternatives.end(depth)) {
-        return;
-    }
-    self->guarded([&] { self->m_handler->endElement(name + self->m_prefix.size()); });
-}
-
-void XmlParser::onText(void *parser, const char *text, int size)
-{
-    auto *self = static_cast<XmlParser *>(parser);
-    if (self->m_skipped == 0) {
-        self->guarded([&] { self->m_handler->text({text, static_cast<size_t>(size)}); });
+    if (!m_alternatives.end(depth)) {
+        m_handler->endElement(name + m_prefix.size());
+        stopWhenDone();
     }
 }
 
-void XmlParser::onDoctype(void *parser, const char *, const char *, const char *, int)
+void XmlParser::onText(const char *text, int size)
 {
-    auto *self = static_cast<XmlParser *>(parser);
-    self->m_error = QStringLiteral("document type declarations are not allowed");
-    self->stop();
+    if (m_skipped == 0) {
+        m_handler->text({text, static_cast<size_t>(size)});
+        stopWhenDone();
+    }
 }
 
-void XmlParser::onCdataStart(void *parser)
+void XmlParser::onDoctype()
 {
-    static_cast<XmlParser *>(parser)->m_isInCdata = true;
-}
-
-void XmlParser::onCdataEnd(void *parser)
-{
-    static_cast<XmlParser *>(parser)->m_isInCdata = false;
+    m_error = QStringLiteral("document type declarations are not allowed");
+    m_expat.stop();
 }
 
 bool parsePart(ZipArchive &archive, const QString &part, XmlHandler *handler, QString *error)

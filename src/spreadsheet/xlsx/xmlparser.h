@@ -1,13 +1,11 @@
 #pragma once
 
 #include "spreadsheet/xlsx/alternatecontent.h"
+#include "text/expatparser.h"
 
 #include <QString>
-#include <exception>
 #include <string>
 #include <string_view>
-
-struct XML_ParserStruct;
 
 namespace spreadsheet {
 
@@ -87,7 +85,6 @@ class XmlParser
 {
 public:
     explicit XmlParser(XmlHandler *handler);
-    ~XmlParser();
     Q_DISABLE_COPY(XmlParser)
 
     /// False when nothing more is wanted: the document is refused or damaged, or the handler is done.
@@ -97,22 +94,19 @@ public:
     const QString &error() const { return m_error; }
 
 private:
-    static void onStart(void *parser, const char *name, const char **attributes);
-    static void onEnd(void *parser, const char *name);
-    static void onText(void *parser, const char *text, int size);
-    static void onDoctype(void *parser, const char *, const char *, const char *, int);
-    void start(const char *name, const char **attributes);
-    template<typename Call>
-    void guarded(const Call &call);
-    void stop();
-    static void onCdataStart(void *parser);
-    static void onCdataEnd(void *parser);
+    void onStart(const char *name, const char **attributes);
+    void onEnd(const char *name);
+    void onText(const char *text, int size);
+    void onDoctype();
+    void onCdataStart() { m_isInCdata = true; }
+    void onCdataEnd() { m_isInCdata = false; }
+    void stopWhenDone();
     bool parse(const char *bytes, int size, bool isLast);
     static bool startsAsUtf8(const char *bytes, int size);
     bool isBetweenTags() const;
     const char *takeElements(const char *from, const char *end);
 
-    XML_ParserStruct *m_parser;
+    ExpatParser m_expat;
     XmlHandler *m_handler;
     std::string m_prefix; // of the root, with the colon
     bool m_isUtf8 = false;
@@ -122,8 +116,6 @@ private:
     int m_skipped = 0;     // open elements in and including the one that is skipped
     long long m_fed = 0;   // bytes that went through the parser
     long long m_taken = 0; // bytes that the handler took itself
-    bool m_isStopped = false;
-    std::exception_ptr m_exception; // must not pass through the C code
     QString m_error;
 };
 

@@ -1,17 +1,11 @@
 #include "spreadsheet/xlsx/write/xmloutline.h"
 
 #include <cctype>
-#include <expat.h>
 
 namespace spreadsheet {
 namespace {
 
 constexpr size_t mostElements = 1000000;
-
-XML_Parser parserOf(void *parser)
-{
-    return static_cast<XML_Parser>(parser);
-}
 
 } // namespace
 
@@ -39,54 +33,25 @@ QByteArray XmlElement::prefixOf(const char *nameSpaceEnd) const
     return {};
 }
 
-struct XmlOutline::Handlers
-{
-    static XmlOutline *outline(void *user) { return static_cast<XmlOutline *>(user); }
-    static void XMLCALL onBegin(void *user, const XML_Char *name, const XML_Char **attributes)
-    {
-        outline(user)->begin(name, attributes);
-    }
-    static void XMLCALL onEnd(void *user, const XML_Char *) { outline(user)->end(); }
-    static void XMLCALL onDoctype(void *user, const XML_Char *, const XML_Char *, const XML_Char *, int)
-    {
-        outline(user)->stop();
-    }
-    static void XMLCALL onDeclaration(void *user, const XML_Char *, const XML_Char *encoding, int)
-    {
-        outline(user)->m_encoding = encoding;
-        const XML_Parser parser = parserOf(outline(user)->m_parser);
-        outline(user)->m_declarationEnd = XML_GetCurrentByteIndex(parser) + XML_GetCurrentByteCount(parser);
-    }
-};
-
 XmlOutline::XmlOutline(int deepest, const char *within)
-    : m_parser(XML_ParserCreate("UTF-8"))
+    : m_expat(this, "UTF-8")
     , m_deepest(deepest)
     , m_within(within)
 {
-    if (!m_parser) {
-        throw std::bad_alloc();
-    }
-    XML_SetUserData(parserOf(m_parser), this);
-    XML_SetElementHandler(parserOf(m_parser), Handlers::onBegin, Handlers::onEnd);
-    XML_SetStartDoctypeDeclHandler(parserOf(m_parser), Handlers::onDoctype);
-    XML_SetXmlDeclHandler(parserOf(m_parser), Handlers::onDeclaration);
-}
-
-XmlOutline::~XmlOutline()
-{
-    XML_ParserFree(parserOf(m_parser));
+    m_expat.tellElements<&XmlOutline::onStart, &XmlOutline::onEnd>();
+    m_expat.tellDoctype<&XmlOutline::stop>();
+    m_expat.tellXmlDeclaration<&XmlOutline::onDeclaration>();
 }
 
 bool XmlOutline::feed(const char *bytes, int size)
 {
-    m_failed = m_failed || XML_Parse(parserOf(m_parser), bytes, size, XML_FALSE) != XML_STATUS_OK;
+    m_failed = m_failed || !m_expat.parse(bytes, size, false);
     return !m_failed;
 }
 
 bool XmlOutline::finish()
 {
-    m_failed = m_failed || XML_Parse(parserOf(m_parser), nullptr, 0, XML_TRUE) != XML_STATUS_OK;
+    m_failed = m_failed || !m_expat.parse(nullptr, 0, true);
     return !m_failed && !m_elements.empty();
 }
 
@@ -131,7 +96,7 @@ bool XmlOutline::isTransparent(const char *name)
     return role != AlternateContent::Role::Element;
 }
 
-void XmlOutline::begin(const char *name, const char **attributes)
+void XmlOutline::onStart(const char *name, const char **attributes)
 {
     const bool isSkipped = isTransparent(name);
     const int depth = m_depth++ - m_wrapperCount;
@@ -152,8 +117,8 @@ void XmlOutline::begin(const char *name, const char **attributes)
     element.name = name;
     element.depth = depth;
     element.parent = m_open.empty() ? -1 : m_open.back();
-    element.begin = XML_GetCurrentByteIndex(parserOf(m_parser));
-    element.contentBegin = element.begin + XML_GetCurrentByteCount(parserOf(m_parser));
+    element.begin = m_expat.byteIndex();
+    element.contentBegin = element.begin + m_expat.byteCount();
     for (; *attributes; attributes += 2) {
         element.attributes.push_back({attributes[0], attributes[1]});
     }
@@ -161,7 +126,7 @@ void XmlOutline::begin(const char *name, const char **attributes)
     m_elements.push_back(std::move(element));
 }
 
-void XmlOutline::end()
+void XmlOutline::onEnd(const char *)
 {
     --m_depth;
     if (m_leftOut > 0) {
@@ -178,14 +143,20 @@ void XmlOutline::end()
     }
     XmlElement &element = m_elements[static_cast<size_t>(m_open.back())];
     m_open.pop_back();
-    element.contentEnd = XML_GetCurrentByteIndex(parserOf(m_parser));
-    element.end = element.contentEnd + XML_GetCurrentByteCount(parserOf(m_parser));
+    element.contentEnd = m_expat.byteIndex();
+    element.end = element.contentEnd + m_expat.byteCount();
+}
+
+void XmlOutline::onDeclaration(const char *encoding)
+{
+    m_encoding = encoding;
+    m_declarationEnd = m_expat.byteIndex() + m_expat.byteCount();
 }
 
 void XmlOutline::stop()
 {
     m_failed = true;
-    XML_StopParser(parserOf(m_parser), XML_FALSE);
+    m_expat.stop();
 }
 
 } // namespace spreadsheet

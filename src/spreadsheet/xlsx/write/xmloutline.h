@@ -1,6 +1,7 @@
 #pragma once
 
 #include "spreadsheet/xlsx/alternatecontent.h"
+#include "text/expatparser.h"
 
 #include <QByteArray>
 #include <functional>
@@ -45,7 +46,6 @@ public:
     /// Elements deeper than `deepest` are left out; those that deep too unless they stand in an element of the name
     /// `within`, when that is given.
     explicit XmlOutline(int deepest, const char *within = "");
-    ~XmlOutline();
     Q_DISABLE_COPY(XmlOutline)
 
     /// False when the bytes so far are no XML.
@@ -70,13 +70,13 @@ public:
     const QByteArray &encoding() const { return m_encoding; }
 
 private:
-    struct Handlers;
-    void begin(const char *name, const char **attributes);
+    void onStart(const char *name, const char **attributes);
     bool isTransparent(const char *name);
-    void end();
+    void onEnd(const char *name);
+    void onDeclaration(const char *encoding);
     void stop();
 
-    void *m_parser;
+    ExpatParser m_expat;
     int m_deepest;
     QByteArray m_within;
     AlternateContent m_alternatives;
