@@ -3,6 +3,13 @@
 #include "app/documentsession.h"
 #include "graph/graphscene.h"
 
+namespace {
+
+/// Whoever stops typing for so long has finished a step.
+constexpr qint64 typingPauseMs = 1500;
+
+} // namespace
+
 UndoStack::UndoStack(DocumentSession &session, QObject *parent)
     : QObject(parent)
     , m_session(session)
@@ -11,8 +18,14 @@ UndoStack::UndoStack(DocumentSession &session, QObject *parent)
 
 UndoStack::~UndoStack() = default;
 
-void UndoStack::prepare(const QString &hint)
+void UndoStack::prepare(const QString &hint, bool isTyping)
 {
+    const bool goesOn = isTyping && m_index == -1 && !m_entries.empty() && m_entries.front().hint == hint
+                        && m_lastTyped.isValid() && !m_lastTyped.hasExpired(typingPauseMs);
+    isTyping ? m_lastTyped.start() : m_lastTyped.invalidate();
+    if (goesOn) {
+        return;
+    }
     // What was taken back before is given up.
     m_entries.erase(m_entries.begin(), m_entries.begin() + (m_index + 1));
     m_index = -1;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QString>
 #include <memory>
@@ -20,8 +21,9 @@ public:
     explicit UndoStack(DocumentSession &session, QObject *parent = nullptr);
     ~UndoStack() override;
 
-    /// Before a change, which `hint` names: such as "add note".
-    void prepare(const QString &hint);
+    /// Before a change, which `hint` names: such as "add note". Typing that goes on under the same hint is part of the
+    /// step before.
+    void prepare(const QString &hint, bool isTyping = false);
     /// After it: a change that changed nothing leaves no step.
     void finish();
 
@@ -54,5 +56,6 @@ private:
 
     DocumentSession &m_session;
     std::vector<Entry> m_entries; ///< newest first
+    QElapsedTimer m_lastTyped;    ///< since the last typing; invalid when something else came after it
     int m_index = -1;             ///< of the live scene, -1 while it isn't among the entries
 };

@@ -23,10 +23,10 @@ WindowHooks::WindowHooks(const CommandContext &context, DocumentCommands &docume
         Tips::showOnce(key, title, text, milliseconds, &m_context.graphPane);
     };
     hooks.askAboutFiles = [this](const QString &title, const QString &text) { return confirmFiles(title, text); };
-    hooks.beginUndoStep = [this, &documents](const QString &hint) {
+    hooks.beginUndoStep = [this, &documents](const QString &hint, bool isTyping) {
         documents.refreshRecoveryFile();
         const WaitCursor cursor;
-        m_context.undo.prepare(hint);
+        m_context.undo.prepare(hint, isTyping);
     };
     hooks.endUndoStep = [this] { m_context.undo.finish(); };
     RunControl::setMemoryCeilingHook([this](double used, double limit) { return raiseMemoryCeiling(used, limit); });

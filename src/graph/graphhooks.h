@@ -13,8 +13,8 @@ struct GraphHooks
     std::function<bool(const QString &title, const QString &text)> askAboutFiles;
     /// A hint that shows once in the program's life, at the canvas, for `milliseconds`.
     std::function<void(const QString &key, const QString &title, const QString &text, int milliseconds)> showTip;
-    /// Before a change of the document, which `hint` names, and after it.
-    std::function<void(const QString &hint)> beginUndoStep;
+    /// Before a change of the document, which `hint` names, and after it. What is typed without a pause is one step.
+    std::function<void(const QString &hint, bool isTyping)> beginUndoStep;
     std::function<void()> endUndoStep;
 
     bool confirm(const QString &text) const { return !ask || ask(text); }

@@ -5,16 +5,16 @@
 #include "graph/node.h"
 
 UndoStep::UndoStep(const GraphScene &scene, const QString &hint)
-    : UndoStep(scene.document(), hint)
+    : UndoStep(scene.document(), hint, Single)
 {
 }
 
-UndoStep::UndoStep(const Node &node, const QString &hint)
-    : UndoStep(node.graphScene() ? node.graphScene()->document() : nullptr, hint)
+UndoStep::UndoStep(const Node &node, const QString &hint, Kind kind)
+    : UndoStep(node.graphScene() ? node.graphScene()->document() : nullptr, hint, kind)
 {
 }
 
-UndoStep::UndoStep(std::shared_ptr<DocumentState> document, const QString &hint)
+UndoStep::UndoStep(std::shared_ptr<DocumentState> document, const QString &hint, Kind kind)
     : m_document(std::move(document))
     , m_isOutermost(m_document && !m_document->isUndoStepOpen)
 {
@@ -22,7 +22,7 @@ UndoStep::UndoStep(std::shared_ptr<DocumentState> document, const QString &hint)
         return;
     }
     if (m_document->hooks.beginUndoStep) {
-        m_document->hooks.beginUndoStep(hint);
+        m_document->hooks.beginUndoStep(hint, kind == Typing);
     }
     m_document->isUndoStepOpen = true;
 }

@@ -15,14 +15,16 @@ public:
     /// `scene` is one of the document that is about to change, and may be gone when the step ends. `hint` names the
     /// step in the menu, such as "add note".
     UndoStep(const GraphScene &scene, const QString &hint);
-    /// A change of one item; nothing where that is in no scene.
-    UndoStep(const Node &node, const QString &hint);
+    /// A change of one item; nothing where that is in no scene. Steps of `Typing` that follow each other quickly under
+    /// one hint become one.
+    enum Kind { Single, Typing };
+    UndoStep(const Node &node, const QString &hint, Kind kind = Single);
     ~UndoStep();
     UndoStep(const UndoStep &) = delete;
     UndoStep &operator=(const UndoStep &) = delete;
 
 private:
-    UndoStep(std::shared_ptr<DocumentState> document, const QString &hint);
+    UndoStep(std::shared_ptr<DocumentState> document, const QString &hint, Kind kind);
 
     const std::shared_ptr<DocumentState> m_document;
     const bool m_isOutermost;

@@ -183,6 +183,22 @@ TEST_F(ItemPaneTest, OptionsAreUndoneOneByOneAndNamed)
     EXPECT_EQ(editor<QComboBox>("Case").currentText(), before);
 }
 
+TEST_F(ItemPaneTest, WhatIsTypedInOneGoIsUndoneInOne)
+{
+    select(insertId);
+    auto &line = editor<QLineEdit>("Insert");
+    line.setFocus();
+    QTest::keyClicks(&line, QStringLiteral("1234567890abc"));
+    auto &choice = editor<QComboBox>("With");
+    QTest::keyClick(&choice, Qt::Key_Down);
+    action("m_editUndoAction").trigger();
+    EXPECT_EQ(action("m_editUndoAction").text(), QStringLiteral("&Undo 'Insert' change"));
+    action("m_editUndoAction").trigger();
+    const auto &restored = static_cast<TransformNode &>(node(insertId));
+    EXPECT_EQ(restored.transform()->parameter(QStringLiteral("Insert"))->toText(), QStringLiteral("x"));
+    EXPECT_FALSE(action("m_editUndoAction").isEnabled());
+}
+
 TEST_F(ItemPaneTest, AnOpenListHoldsTheRunOff)
 {
     select(caseId);

@@ -56,7 +56,7 @@ protected:
             node->setFileType(fileType);
             return node;
         };
-        hooks().beginUndoStep = [this](const QString &hint) { hints.append(hint); };
+        hooks().beginUndoStep = [this](const QString &hint, bool) { hints.append(hint); };
     }
 
     GraphHooks &hooks() { return scene.document()->hooks; }

@@ -41,7 +41,7 @@ QVariant LongTextParameterWidget::value() const
 
 void LongTextParameterWidget::onChanged()
 {
-    if (commit()) {
+    if (commit(UndoStep::Typing)) {
         emit parameterValueChanged(true);
     }
     viewport()->update();

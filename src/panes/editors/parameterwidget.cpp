@@ -1,7 +1,6 @@
 #include "panes/editors/parameterwidget.h"
 
 #include "graph/node.h"
-#include "graph/undostep.h"
 #include "transforms/options/parameter.h"
 
 #include <QPainter>
@@ -37,7 +36,7 @@ bool ParameterWidget::isUnset() const
     return m_parameter->isUnset();
 }
 
-bool ParameterWidget::commit()
+bool ParameterWidget::commit(UndoStep::Kind kind)
 {
     if (!m_node) {
         return false;
@@ -46,7 +45,7 @@ bool ParameterWidget::commit()
     if (edited == m_parameter->value() && !m_parameter->hasDeferredText()) {
         return false;
     }
-    const UndoStep step(*m_node, QStringLiteral("'%1' change").arg(m_parameter->label()));
+    const UndoStep step(*m_node, QStringLiteral("'%1' change").arg(m_parameter->label()), kind);
     m_parameter->setValue(edited);
     return true;
 }

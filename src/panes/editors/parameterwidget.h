@@ -1,5 +1,7 @@
 #pragma once
 
+#include "graph/undostep.h"
+
 #include <QPointer>
 #include <QString>
 #include <QVariant>
@@ -32,8 +34,9 @@ public:
     virtual QVariant value() const = 0;
 
 protected:
-    /// Writes the editor's value into the option, as one step of undo. False when that is what it has already.
-    bool commit();
+    /// Writes the editor's value into the option, as one step of undo; what is typed without a pause is one. False when
+    /// that is what it has already.
+    bool commit(UndoStep::Kind kind = UndoStep::Single);
     /// Sets tool tip and accessible name by the option.
     void describe(QWidget &widget) const;
     /// A frame round an option that is needed and not set; called after the widget has painted itself.

@@ -33,7 +33,7 @@ QVariant ScriptParameterWidget::value() const
 void ScriptParameterWidget::onChanged()
 {
     edit().setErrorLine(0);
-    if (commit()) {
+    if (commit(UndoStep::Typing)) {
         emit parameterValueChanged(true);
     }
     edit().viewport()->update();

@@ -33,7 +33,7 @@ QVariant TextParameterWidget::value() const
 
 void TextParameterWidget::onChanged()
 {
-    if (commit()) {
+    if (commit(UndoStep::Typing)) {
         emit parameterValueChanged(true);
     }
     update();

@@ -85,7 +85,7 @@ void InputItemWidget::setOptions(const InputOptions &options, const QString &lab
     if (!input()) {
         return;
     }
-    const UndoStep step(*node(), QStringLiteral("'%1' change").arg(label));
+    const UndoStep step(*node(), QStringLiteral("'%1' change").arg(label), kindOfEdit());
     const InputOptions before = input()->options();
     if (options.path != before.path || options.worksheet != before.worksheet) {
         input()->setPath(options.path, options.worksheet);

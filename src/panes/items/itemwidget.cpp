@@ -1,10 +1,11 @@
 #include "panes/items/itemwidget.h"
 
 #include "graph/node.h"
-#include "graph/undostep.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLineEdit>
 
 ItemWidget::ItemWidget(Node &node, QWidget *parent)
     : QWidget(parent)
@@ -17,6 +18,11 @@ ItemWidget::~ItemWidget() = default;
 Node *ItemWidget::node() const
 {
     return m_node;
+}
+
+UndoStep::Kind ItemWidget::kindOfEdit()
+{
+    return qobject_cast<QLineEdit *>(QApplication::focusWidget()) ? UndoStep::Typing : UndoStep::Single;
 }
 
 void ItemWidget::setNodeComment(const QString &text)

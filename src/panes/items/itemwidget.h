@@ -1,5 +1,7 @@
 #pragma once
 
+#include "graph/undostep.h"
+
 #include <QPointer>
 #include <QWidget>
 
@@ -56,6 +58,8 @@ signals:
     void helpRequested(const QString &page);
 
 protected:
+    /// What is typed into a line without a pause is one step of undo.
+    static UndoStep::Kind kindOfEdit();
     /// One step of undo, unless the item has this comment already.
     void setNodeComment(const QString &text);
     void closeEvent(QCloseEvent *event) override;

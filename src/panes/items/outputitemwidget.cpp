@@ -70,7 +70,7 @@ OutputNode *OutputItemWidget::output() const
 void OutputItemWidget::setOptions(const OutputOptions &options, const QString &label)
 {
     if (output()) {
-        const UndoStep step(*node(), QStringLiteral("'%1' change").arg(label));
+        const UndoStep step(*node(), QStringLiteral("'%1' change").arg(label), kindOfEdit());
         output()->setOptions(options);
     }
 }
