@@ -67,5 +67,8 @@ void connectItemPane(const CommandContext &context, MainWindow &window)
     ItemPane *pane = &context.itemPane;
     QObject::connect(pane, &ItemPane::nodeCommentChanged, &window, &MainWindow::onDocumentChanged);
     QObject::connect(pane, &ItemPane::changeNeedsSave, &window, &MainWindow::onDocumentChanged);
+    StatusBar *statusBar = &context.statusBar;
+    QObject::connect(pane, &ItemPane::selectedDataCellsChanged, statusBar,
+        [pane, statusBar] { statusBar->showStatistics(pane->selectionText()); });
     QObject::connect(pane, &ItemPane::nodeStatusChanged, &window, &MainWindow::updateActions);
 }

@@ -44,6 +44,8 @@ CompareRow::CompareRow(DataTableView &view, QWidget *parent)
         Settings::current().setChangedDataColor(chosen);
         emit colorChanged();
     });
+    m_message->setTextFormat(Qt::PlainText);
+    connect(&m_view, &DataTableView::changeMessage, m_message, &QLabel::setText);
     updateButtons();
 }
 
@@ -78,10 +80,7 @@ void CompareRow::goTo(bool forwards)
     const TablePlace from = present.isValid() ? TablePlace{present.row(), present.column()} : TablePlace();
     const auto step = forwards ? &ChangeFinder::next : &ChangeFinder::previous;
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    TablePlace place = step(m_view.table(), from);
-    while (place.isValid() && m_view.isColumnHidden(place.column)) {
-        place = step(m_view.table(), place);
-    }
+    const TablePlace place = step(m_view.table(), from, m_view.hiddenColumns());
     QApplication::restoreOverrideCursor();
     if (!place.isValid()) {
         m_message->setText(forwards ? QStringLiteral("No more changes") : QStringLiteral("No earlier changes"));

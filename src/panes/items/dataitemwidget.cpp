@@ -269,6 +269,11 @@ void DataItemWidget::setInteraction(bool allow)
     m_tabs->setEnabled(allow);
 }
 
+QString DataItemWidget::selectionText() const
+{
+    return m_data->view().selectionText();
+}
+
 bool DataItemWidget::isBusy() const
 {
     if (QApplication::activeModalWidget()) {

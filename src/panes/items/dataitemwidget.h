@@ -28,6 +28,7 @@ public:
     void takeTyped() override;
     void apply() override;
     bool isBusy() const override;
+    QString selectionText() const override;
     void setInteraction(bool allow) override;
     void showFullscreen(bool on) override;
 

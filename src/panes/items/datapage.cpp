@@ -43,6 +43,9 @@ DataPage::DataPage(QWidget *parent)
         m_filterButton->setChecked(false);
         m_view->setFocus();
     });
+    m_view->setHint(DataTableView::Hint::Pane);
+    connect(this, &DataPage::rowValuesClicked, m_view, &DataTableView::onShowRowData);
+    connect(this, &DataPage::columnValuesClicked, m_view, &DataTableView::onShowColData);
     connect(m_view, &DataTableView::filterRowColContains, this, &DataPage::onFilterRowColContains);
     for (QScrollBar *bar : {m_view->horizontalScrollBar(), m_view->verticalScrollBar()}) {
         connect(bar, &QScrollBar::valueChanged, this, &DataPage::onUpdateDataScrollButtons);
@@ -136,6 +139,9 @@ void DataPage::addScrollButtons()
 void DataPage::setPanelState(PanelState &state)
 {
     m_state = &state;
+    if (state.prompts) {
+        m_view->setPrompts(*state.prompts);
+    }
     m_whitespace->setChecked(state.showsWhitespace);
     m_filterButton->setChecked(state.showsFilter);
 }

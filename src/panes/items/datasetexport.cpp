@@ -1,27 +1,23 @@
 #include "panes/items/datasetexport.h"
 
 #include "data/dataset.h"
-#include "data/values.h"
 #include "outputs/delimitedwriter.h"
 #include "outputs/textlayout.h"
 #include "outputs/textsink.h"
 #include "panes/dialogs/prompts.h"
+#include "panes/table/tableclipboard.h"
 #include "settings/settings.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
-#include <QMimeData>
 #include <QRegularExpression>
 #include <QSaveFile>
 #include <QTemporaryFile>
 #include <QUrl>
 
 namespace {
-
-constexpr qint64 manyCells = 1000000;
 
 bool writeDelimited(QIODevice &device, const Dataset &dataset, QChar delimiter)
 {
@@ -48,19 +44,10 @@ QString temporaryFile()
 
 } // namespace
 
-bool DatasetExport::confirmCopy(int rows, int columns)
-{
-    return static_cast<qint64>(rows) * columns < manyCells
-           || m_prompts.confirm(QStringLiteral("Are you sure you want to copy %1 rows x %2 cols into the clipboard?")
-                                    .arg(formatInteger(rows, true), formatInteger(columns, true)));
-}
-
 void DatasetExport::copy(const Dataset &dataset)
 {
-    if (confirmCopy(dataset.rowCount(), dataset.columnCount())) {
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-        QApplication::clipboard()->setMimeData(dataset.toMimeData(Settings::current().copyDataAs()));
-        QApplication::restoreOverrideCursor();
+    if (TableClipboard::confirm(m_prompts, dataset.rowCount(), dataset.columnCount())) {
+        TableClipboard::copy(dataset);
     }
 }
 

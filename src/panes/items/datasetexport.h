@@ -21,9 +21,6 @@ public:
     /// Asks for a path; `name` is the file name that is proposed.
     void save(const Dataset &dataset, const QString &name);
 
-    /// Whether the person, when there is much to copy, agrees.
-    bool confirmCopy(int rows, int columns);
-
 private:
     bool write(const Dataset &dataset, const QString &path);
 

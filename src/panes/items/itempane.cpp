@@ -63,6 +63,11 @@ void ItemPane::showNode(Node *node)
     m_itemWidget->refresh();
 }
 
+QString ItemPane::selectionText() const
+{
+    return m_itemWidget ? m_itemWidget->selectionText() : QString();
+}
+
 void ItemPane::connectPanel()
 {
     connect(m_itemWidget, &ItemWidget::nodeCommentChanged, this, &ItemPane::nodeCommentChanged);
@@ -93,6 +98,7 @@ void ItemPane::letGo()
         old->hide();
         old->letGoOfData();
         old->deleteLater();
+        emit selectedDataCellsChanged();
     }
 }
 

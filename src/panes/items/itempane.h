@@ -24,6 +24,8 @@ public:
     ~ItemPane() override;
 
     ItemWidget *itemWidget() const { return m_itemWidget; }
+    /// Figures of the cells that are selected in the table that is shown; empty for none.
+    QString selectionText() const;
     /// Shows the item that is selected in the scene; a hint when there are none or several.
     void showSelection(const GraphScene &scene);
     /// Takes what is being typed into the item, and drops its panel. What waits to be run isn't: whoever takes the item

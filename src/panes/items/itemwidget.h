@@ -32,6 +32,8 @@ public:
     virtual void apply() {}
     /// True while a run would disturb the person: a list is dropped down or a cell is being edited.
     virtual bool isBusy() const { return false; }
+    /// Figures of the cells that are selected in its table; empty for none.
+    virtual QString selectionText() const { return QString(); }
     /// A character typed on the canvas, for kinds that take texts.
     virtual void typeText(QChar) {}
     /// During a run nothing can be changed.

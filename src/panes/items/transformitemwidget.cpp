@@ -41,7 +41,11 @@ TransformItemWidget::TransformItemWidget(TransformNode &item, QWidget *parent)
         connect(m_compare, &CompareRow::showChangesToggled, this, &TransformItemWidget::showChanges);
         connect(m_compare, &CompareRow::colorChanged, this, &TransformItemWidget::refresh);
     }
+    if (item.transform()->hasDrilldown()) {
+        dataPage().view().setHint(DataTableView::Hint::Drilldown);
+    }
     if (item.transform()->isVerify()) {
+        dataPage().view().setHint(DataTableView::Hint::Verification);
         dataPage().view().table().setVerification(true);
         addVerificationColors();
     }
@@ -107,6 +111,10 @@ const Dataset *TransformItemWidget::previousDataset() const
 
 void TransformItemWidget::onTableShown()
 {
+    if (node()->datasetConst().hasDrilldown()) {
+        const QList<Node *> inputs = node()->upstreamNodes(true);
+        dataPage().view().table().setDrilldownSource(inputs.isEmpty() ? Dataset() : inputs.first()->datasetConst());
+    }
     highlightColumns();
     if (m_compare) {
         m_compare->updateButtons();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/indexes.h"
+#include <QSet>
 
 class DataTableModel;
 
@@ -15,10 +15,10 @@ struct TablePlace
 /// Finds changed cells, row by row from left to right.
 namespace ChangeFinder {
 
-/// The first changed cell behind `from`, whatever column it is in; invalid when there is none. An invalid `from` starts
-/// at the top.
-TablePlace next(const DataTableModel &table, TablePlace from);
+/// The first changed cell behind `from`; invalid when there is none. An invalid `from` starts at the top. Cells in
+/// `hiddenColumns` are passed over.
+TablePlace next(const DataTableModel &table, TablePlace from, const QSet<int> &hiddenColumns = {});
 /// The last changed cell before `from`; an invalid `from` starts at the bottom.
-TablePlace previous(const DataTableModel &table, TablePlace from);
+TablePlace previous(const DataTableModel &table, TablePlace from, const QSet<int> &hiddenColumns = {});
 
 } // namespace ChangeFinder

@@ -3,13 +3,13 @@
 #include "data/numberreader.h"
 #include "data/values.h"
 #include "data/whitespacemarks.h"
+#include "panes/widgets/tips.h"
 #include "settings/settingkey.h"
 #include "settings/settings.h"
 #include "settings/settingsnotifier.h"
 
 #include <QGuiApplication>
 #include <QPalette>
-#include <QTextDocument>
 #include <algorithm>
 
 namespace {
@@ -34,13 +34,6 @@ QString beginning(const Cell &cell, int units)
         --size;
     }
     return TextCoding::decode(cell.bytes(), size);
-}
-
-/// A tip that shows as it is written. Tool tips take text that looks like HTML for HTML, and would even load its
-/// images.
-QString plainTip(const QString &text)
-{
-    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal) : text;
 }
 
 } // namespace
@@ -79,6 +72,7 @@ void DataTableModel::setDataset(const Dataset &dataset, const Dataset &previous)
     beginResetModel();
     m_dataset = dataset;
     m_previous = previous;
+    m_drilldownSource.clear();
     m_shownRows.clear();
     m_filtered = false;
     findColumns();
@@ -211,6 +205,12 @@ const Cell *DataTableModel::previousCell(RowIndex row, ColumnIndex column) const
                : &m_previous.cell(row, ColumnIndex(*previous));
 }
 
+const CellColumn *DataTableModel::previousColumn(ColumnIndex column) const
+{
+    const auto previous = m_columnMap.constFind(column.toInt());
+    return previous == m_columnMap.cend() ? nullptr : &m_previous.column(ColumnIndex(*previous));
+}
+
 bool DataTableModel::isChanged(RowIndex row, ColumnIndex column) const
 {
     if (m_changedColumns.contains(column.toInt())) {
@@ -244,7 +244,7 @@ QVariant DataTableModel::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
         return shownText(m_dataset.cell(row, column), longestDisplay);
     case Qt::ToolTipRole:
-        return plainTip(toolTip(row, column));
+        return Tips::plain(toolTip(row, column));
     case Qt::TextAlignmentRole: {
         bool isNumber = false;
         NumberReader(false, false).read(m_dataset.cell(row, column), &isNumber);
@@ -268,15 +268,45 @@ QString DataTableModel::toolTip(RowIndex row, ColumnIndex column) const
     if (m_verification && m_dataset.issueLevel(row, column) < DatasetIssues::noLevel) {
         return m_dataset.issueText(row, column);
     }
+    const QString change = m_showChanges ? changeText(row, column) : QString();
+    return change.isEmpty() ? shownText(m_dataset.cell(row, column), longestTip) : change;
+}
+
+QString DataTableModel::changeText(RowIndex row, ColumnIndex column) const
+{
     const Cell &cell = m_dataset.cell(row, column);
-    if (m_showChanges) {
-        const Cell *previous = previousCell(row, column);
-        if (previous && !previous->sameText(cell)) {
-            return QStringLiteral("'%1' -> '%2'")
-                .arg(shownText(*previous, longestChange), shownText(cell, longestChange));
+    const Cell *previous = previousCell(row, column);
+    return previous && !previous->sameText(cell)
+               ? QStringLiteral("'%1' -> '%2'").arg(shownText(*previous, longestChange), shownText(cell, longestChange))
+               : QString();
+}
+
+void DataTableModel::setDrilldownSource(const Dataset &source)
+{
+    m_drilldownSource = source;
+}
+
+QVector<int> DataTableModel::drilldownRows(const QModelIndex &index) const
+{
+    QVector<int> rows;
+    if (index.isValid() && m_dataset.hasDrilldown()) {
+        for (const RowIndex row : m_dataset.drilldownRows(rowOf(index.row()), ColumnIndex(index.column()))) {
+            if (row.toInt() < m_drilldownSource.rowCount()) {
+                rows.append(row.toInt());
+            }
         }
     }
-    return shownText(cell, longestTip);
+    return rows;
+}
+
+bool DataTableModel::hasDrilldown(const QModelIndex &index) const
+{
+    return !drilldownRows(index).isEmpty();
+}
+
+Dataset DataTableModel::drilldown(const QModelIndex &index) const
+{
+    return m_drilldownSource.withRows(drilldownRows(index));
 }
 
 QVariant DataTableModel::issueBrush(RowIndex row, ColumnIndex column) const
@@ -323,7 +353,7 @@ QVariant DataTableModel::columnHeader(ColumnIndex column, int role) const
         return name;
     case Qt::ToolTipRole: {
         const QString number = QString::number(toNumber(column).toInt());
-        return plainTip(withIssues(QStringLiteral("%1 (column %2)").arg(name, number), RowIndex(), column));
+        return Tips::plain(withIssues(QStringLiteral("%1 (column %2)").arg(name, number), RowIndex(), column));
     }
     case Qt::BackgroundRole:
         return issueBrush(RowIndex(), column);
@@ -338,7 +368,7 @@ QVariant DataTableModel::rowHeader(RowIndex row, int role) const
     case Qt::DisplayRole:
         return row.toInt() + 1;
     case Qt::ToolTipRole:
-        return plainTip(withIssues(QString(), row, ColumnIndex()));
+        return Tips::plain(withIssues(QString(), row, ColumnIndex()));
     case Qt::BackgroundRole:
         return issueBrush(row, ColumnIndex());
     default:

@@ -59,6 +59,19 @@ public:
 
     /// True where the table differs from the previous one, whether that is shown or not. The indexes are the table's.
     bool isChanged(RowIndex row, ColumnIndex column) const;
+    /// True for a column that is new or renamed.
+    bool isChangedColumn(ColumnIndex column) const { return m_changedColumns.contains(column.toInt()); }
+    /// The column that one was in the previous table; null where there is none.
+    const CellColumn *previousColumn(ColumnIndex column) const;
+    /// "'old' -> 'new'" with the beginnings of both texts; empty for a cell that is what it was or is new.
+    QString changeText(RowIndex row, ColumnIndex column) const;
+
+    /// The table whose rows stand behind cells of this one; clear() and setDataset() let go of it.
+    void setDrilldownSource(const Dataset &source);
+    /// True when there are rows behind a cell of the model.
+    bool hasDrilldown(const QModelIndex &index) const;
+    /// These rows as a table.
+    Dataset drilldown(const QModelIndex &index) const;
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
@@ -72,6 +85,7 @@ private:
     void updateLook();
     /// The cell of the previous table in the same place; null where there is none.
     const Cell *previousCell(RowIndex row, ColumnIndex column) const;
+    QVector<int> drilldownRows(const QModelIndex &index) const;
     QString shownText(const Cell &cell, int limit) const;
     QVariant background(RowIndex row, ColumnIndex column) const;
     QVariant issueBrush(RowIndex row, ColumnIndex column) const;
@@ -83,6 +97,7 @@ private:
 
     Dataset m_dataset;
     Dataset m_previous;
+    Dataset m_drilldownSource;
     QVector<int> m_shownRows;
     bool m_filtered = false;
     bool m_showChanges = false;

@@ -2,6 +2,7 @@
 
 #include "settings/settings.h"
 
+#include <QTextDocument>
 #include <QToolTip>
 #include <QWidget>
 
@@ -13,4 +14,9 @@ void Tips::showOnce(const QString &key, const QString &title, const QString &tex
     const QPoint place = anchor->mapToGlobal(QPoint(anchor->width() / 2, anchor->height()));
     const QString html = QStringLiteral("<b>%1</b><br>%2").arg(title.toHtmlEscaped(), text.toHtmlEscaped());
     QToolTip::showText(place, html, anchor, QRect(), milliseconds);
+}
+
+QString Tips::plain(const QString &text)
+{
+    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal) : text;
 }

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "data/columnprofile.h"
+#include "data/dataset.h"
+
+#include <QDialog>
+
+class Prompts;
+class QCheckBox;
+class QComboBox;
+class QPushButton;
+class QSpinBox;
+class QTableWidget;
+class QVBoxLayout;
+
+/// The most or least frequent values of a column, and figures about it; a double click shows the rows behind either.
+class ColFrequenciesDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// `prompts` outlives the dialog.
+    ColFrequenciesDialog(const Dataset &dataset, ColumnIndex column, Prompts &prompts);
+    ~ColFrequenciesDialog() override;
+
+public slots:
+    void onColChanged(int column);
+    void onFirstClicked();
+    void onPrevClicked();
+    void onNextClicked();
+    void onLastClicked();
+    void onShowBarsToggled(bool on);
+    void onFrequenciesPercentageToggled(bool on);
+    void onIncludeDatesToggled();
+    void onIncludeStatsToggled();
+    void onShowNumFrequenciesChanged(int count);
+    void onShowTopBottomChanged();
+    void onMetricTableCellDoubleClicked(int row, int column);
+    void onFrequencyTableCellDoubleClicked(int row, int column);
+
+private:
+    void addColumnRow(QVBoxLayout &layout);
+    QWidget *frequencySide();
+    QWidget *metricSide();
+    QPushButton *addStep(const QString &text, const QString &tip, void (ColFrequenciesDialog::*step)());
+    void readColumn();
+    void showFrequencies();
+    void showMetrics();
+    void showRows(const QVector<int> &rows);
+
+    Dataset m_dataset;
+    Prompts &m_prompts;
+    ColumnProfile m_profile;
+    QComboBox *m_column;
+    QList<QPushButton *> m_steps;
+    QComboBox *m_order;
+    QSpinBox *m_count;
+    QCheckBox *m_bars;
+    QCheckBox *m_percentages;
+    QCheckBox *m_dates;
+    QCheckBox *m_statistics;
+    QTableWidget *m_frequencies;
+    QTableWidget *m_metrics;
+};

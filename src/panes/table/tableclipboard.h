@@ -1,0 +1,14 @@
+#pragma once
+
+class Dataset;
+class Prompts;
+
+/// Tables on their way to the clipboard.
+namespace TableClipboard {
+
+/// Whether the person, when there is much to copy, agrees.
+bool confirm(Prompts &prompts, int rows, int columns);
+/// Copies as plain text in the form that is set, as CSV and as HTML.
+void copy(const Dataset &dataset);
+
+} // namespace TableClipboard
