@@ -5,11 +5,15 @@
 #include <QAction>
 #include <QSignalBlocker>
 #include <QSplitter>
+#include <cstdlib>
 
 namespace {
 
-constexpr int leastWidth = 180;
-/// Of the window, for the right pane at the start: the canvas must be there to be seen.
+/// By PaneLayout::Pane; that of the centre plays no part.
+constexpr int leastWidths[] = {100, 0, 180};
+/// Pixels by which a window may be wider than its panes together.
+constexpr int bordersAtMost = 30;
+/// Of the window, for each pane at the start: the canvas must be there to be seen.
 constexpr double mostShare = 0.45;
 
 } // namespace
@@ -31,8 +35,8 @@ PaneLayout::PaneLayout(QWidget *left, QWidget *canvas, QWidget *log, QWidget *ri
         m_splitter->setStretchFactor(pane, pane == Centre ? 1 : 0);
     }
     m_splitter->setCollapsible(Centre, false);
-    left->setMinimumWidth(leastWidth);
-    right->setMinimumWidth(leastWidth);
+    left->setMinimumWidth(leastWidths[Left]);
+    right->setMinimumWidth(leastWidths[Right]);
     connect(m_splitter, &QSplitter::splitterMoved, this, &PaneLayout::onHSplitterMoved);
 }
 
@@ -47,17 +51,19 @@ void PaneLayout::restore(const Settings &settings)
 {
     const QList<int> stored{settings.splitterWidth1(), settings.splitterWidth2(), settings.splitterWidth3()};
     QList<int> widths = stored;
-    for (int pane : {Left, Right}) {
-        m_widths[pane] = qMax(leastWidth, stored[pane]);
-        widths[pane] = stored[pane] > 0 ? m_widths[pane] : 0;
-    }
     // A window that is wider or narrower than it was gives each pane its share.
     const int total = stored[Left] + stored[Centre] + stored[Right];
     const int present = m_splitter->window()->width();
-    if (widths[Right] > 0 && total > 0) {
-        const int share = qMin(stored[Right] * present / total, qRound(present * mostShare));
-        m_widths[Right] = qMax(leastWidth, share);
-        widths[Right] = m_widths[Right];
+    const bool isSame = std::abs(present - total) <= bordersAtMost || total <= 0;
+    const double share = isSame ? 1 : static_cast<double>(present) / total;
+    for (int pane : {Left, Right}) {
+        m_widths[pane] = qMax(leastWidths[pane], qRound(qMin(stored[pane] * share, present * mostShare)));
+        widths[pane] = stored[pane] > 0 ? m_widths[pane] : 0;
+    }
+    if (settings.geometry().isEmpty() && stored[Left] == leastWidths[Left]) {
+        // The first start: nobody has chosen a width that cuts the texts.
+        m_widths[Left] = qMax(m_widths[Left], m_splitter->widget(Left)->sizeHint().width());
+        widths[Left] = m_widths[Left];
     }
     widths[Centre] = qMax(1, present - widths[Left] - widths[Right]);
     m_splitter->setSizes(widths);

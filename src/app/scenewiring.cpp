@@ -18,6 +18,7 @@ SceneWiring::SceneWiring(
     , m_window(window)
     , m_documents(documents)
     , m_runs(runs)
+    , m_tips(context)
 {
 }
 
@@ -25,7 +26,7 @@ void SceneWiring::onSceneChanged(GraphScene *old, GraphScene *current)
 {
     if (old) {
         const std::initializer_list<QObject *> listeners = {
-            &m_window, &m_documents, &m_runs, &m_context.statusBar, &m_context.logPane};
+            &m_window, &m_documents, &m_runs, &m_context.statusBar, &m_context.logPane, &m_tips.listener()};
         for (QObject *listener : listeners) {
             old->disconnect(listener);
         }
@@ -34,6 +35,7 @@ void SceneWiring::onSceneChanged(GraphScene *old, GraphScene *current)
     m_context.graphPane.setGraph(current);
     connectToWindow(current);
     connectToPanes(current);
+    m_tips.follow(current);
 }
 
 void SceneWiring::connectToWindow(GraphScene *scene)

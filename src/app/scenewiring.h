@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/commands/commandcontext.h"
+#include "app/panetips.h"
 
 class DocumentCommands;
 class GraphScene;
@@ -24,4 +25,5 @@ private:
     MainWindow &m_window;
     DocumentCommands &m_documents;
     RunCommands &m_runs;
+    PaneTips m_tips;
 };

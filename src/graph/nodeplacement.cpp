@@ -3,6 +3,7 @@
 #include "graph/connection.h"
 #include "graph/graphscene.h"
 #include "graph/nodeorder.h"
+#include "graph/nodepainter.h"
 #include "graph/notenode.h"
 
 #include <algorithm>
@@ -35,10 +36,17 @@ QRectF boxAt(const Node *node)
     return node->boxRect().translated(node->pos());
 }
 
+/// The box, with the comment under it.
+QRectF areaOf(const Node *node)
+{
+    const QRectF box = boxAt(node);
+    return node->comment().isEmpty() ? box : box.united(NodeLayout::comment().translated(node->pos()));
+}
+
 bool isRectFree(const QRectF &rect, const Node *except, const QList<Node *> &all)
 {
     return std::none_of(
-        all.begin(), all.end(), [&](const Node *other) { return other != except && boxAt(other).intersects(rect); });
+        all.begin(), all.end(), [&](const Node *other) { return other != except && areaOf(other).intersects(rect); });
 }
 
 /// Smallest rectangle round the nodes' centres.
@@ -153,7 +161,7 @@ QPointF NodePlacement::newInputCentre(const QList<Node *> &all)
 
 bool NodePlacement::overlapsAny(const Node *node, const QList<Node *> &all)
 {
-    return !isRectFree(boxAt(node), node, all);
+    return !isRectFree(areaOf(node), node, all);
 }
 
 void NodePlacement::placeAvoidingOverlap(Node *node, const QPointF &centre, bool horizontal, const GraphScene &scene)

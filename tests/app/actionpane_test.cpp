@@ -16,12 +16,19 @@
 #include "panes/widgets/delayedlineedit.h"
 #include "settings/settings.h"
 #include "support/printers.h"
+#include "support/scopedsettings.h"
 #include "support/waitfor.h"
 #include "transforms/frame/transform.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QSplitter>
 #include <QTemporaryDir>
+#include <QToolTip>
 #include <gtest/gtest.h>
 
 namespace {
@@ -85,7 +92,206 @@ protected:
     std::unique_ptr<MainWindow> m_window;
 };
 
+/// The left pane alone, which tells what it was asked for.
+class LonePaneTest : public testing::Test
+{
+protected:
+    void open(int width = 220)
+    {
+        m_settings->setShowAdvancedTransforms(true);
+        m_pane = std::make_unique<ActionPane>(Application::instance()->transforms());
+        QObject::connect(m_pane.get(), &ActionPane::addedTransform, m_pane.get(),
+            [this](Transform *prototype) { m_added.append(prototype->displayName()); });
+        m_pane->resize(width, 600);
+        m_pane->show();
+        m_pane->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(m_pane.get()));
+    }
+    ActionPaneWidgets &widgets() const { return m_pane->widgets(); }
+    TransformButton &button(const char *name) const
+    {
+        for (TransformButton *found : m_pane->findChildren<TransformButton *>()) {
+            if (found->text() == QLatin1String(name)) {
+                return *found;
+            }
+        }
+        qFatal("no button %s", name);
+    }
+
+    ScopedSettings m_settings;
+    QStringList m_added;
+    std::unique_ptr<ActionPane> m_pane;
+};
+
 } // namespace
+
+TEST_F(LonePaneTest, EnterInTheKeywordBoxAddsWhatTheWordsMean)
+{
+    open();
+    const struct
+    {
+        const char *what;
+        const char *typed;
+        QStringList added;
+    } cases[] = {
+        {"a name in full", "join", {"Join"}},
+        {"another case and blanks about it", " SoRt ", {"Sort"}},
+        {"the beginning of a name", "concat c", {"Concat Cols"}},
+        {"nothing", "", {}},
+        {"a comma, which is a blank", ",", {}},
+        {"dashes", "---", {}},
+        {"a word of no transform", "zzzz", {}},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.what);
+        m_added.clear();
+        widgets().keywords().clear();
+        QTest::keyClicks(&widgets().keywords(), QString::fromLatin1(c.typed));
+        QTest::keyClick(&widgets().keywords(), Qt::Key_Return);
+        EXPECT_EQ(m_added, c.added);
+    }
+}
+
+TEST_F(LonePaneTest, KeysAndTheMousePressAButtonOnce)
+{
+    open();
+    TransformButton &sort = button("Sort");
+    for (Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        m_added.clear();
+        sort.setFocus();
+        QTest::keyClick(&sort, key);
+        EXPECT_EQ(m_added, QStringList{"Sort"}) << key;
+    }
+    m_added.clear();
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
+    QCoreApplication::sendEvent(&sort, &held);
+    EXPECT_TRUE(m_added.isEmpty()) << "a key that is held down doesn't go on adding";
+    QTest::mouseClick(&sort, Qt::LeftButton);
+    QTest::mouseDClick(&sort, Qt::LeftButton);
+    QTest::mouseRelease(&sort, Qt::LeftButton);
+    EXPECT_EQ(m_added, QStringList{"Sort"}) << "a double click adds one";
+}
+
+TEST_F(LonePaneTest, ANarrowPaneCutsTextsAndNothingElse)
+{
+    for (int width : {100, 180}) {
+        SCOPED_TRACE(width);
+        open(width);
+        const QScrollArea &list = widgets().transforms();
+        for (TransformButton *shown : widgets().visibleButtons()) {
+            shown->setFocus(Qt::TabFocusReason);
+            EXPECT_EQ(list.horizontalScrollBar()->value(), 0) << shown->text().toStdString();
+        }
+        EXPECT_LE(list.widget()->width(), list.viewport()->width());
+        EXPECT_GE(button("Sort").width(), button("Sort").iconSize().width());
+    }
+}
+
+TEST_F(LonePaneTest, TheFocusScrollsTheList)
+{
+    open();
+    QSignalSpy asked(m_pane.get(), &ActionPane::scrollSoVisible);
+    TransformButton *last = widgets().visibleButtons().last();
+    ASSERT_TRUE(last->visibleRegion().isEmpty());
+    last->setFocus(Qt::TabFocusReason);
+    EXPECT_FALSE(last->visibleRegion().isEmpty());
+    EXPECT_EQ(asked.count(), 1);
+}
+
+TEST_F(LonePaneTest, TabFollowsTheOrderOfUse)
+{
+    QStringList used{"Later", "Gone"};
+    for (const Transform *prototype : Application::instance()->transforms().mid(5, 12)) {
+        used.prepend(prototype->typeName());
+    }
+    m_settings->setRecentTransformsAdded(used);
+    open();
+    EXPECT_EQ(widgets().category().count(), 8) << "ten are known, so that the list of ten can be filled";
+    widgets().category().setCurrentText(QStringLiteral("10 last used"));
+    widgets().advanced().setFocus();
+    for (int i = 0; i < 10; ++i) {
+        QTest::keyClick(m_pane->focusWidget(), Qt::Key_Tab);
+        const auto *focused = qobject_cast<TransformButton *>(m_pane->focusWidget());
+        ASSERT_NE(focused, nullptr) << i;
+        EXPECT_EQ(focused->prototype().typeName(), used.at(i));
+    }
+}
+
+TEST_F(LonePaneTest, TenKnownNamesFillAListOfTen)
+{
+    QStringList used{"Later", "Gone"};
+    for (const Transform *prototype : Application::instance()->transforms().mid(0, 9)) {
+        used.append(prototype->typeName());
+    }
+    m_settings->setRecentTransformsAdded(used);
+    open();
+    EXPECT_EQ(widgets().category().count(), 7) << "nine known ones and two of a later program aren't ten";
+}
+
+TEST_F(ActionPaneTest, EachButtonOfInputsAndOutputsAdds)
+{
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("many")));
+    writeFile(path("many/one.csv"), "a\n1\n");
+    m_prompts.paths = QStringList{path("many")};
+    QTest::mouseClick(&button("From Folder"), Qt::LeftButton);
+    ASSERT_EQ(scene().inputNodes().size(), 1);
+    QGuiApplication::clipboard()->setText(QStringLiteral("k\n1\n"));
+    QTest::mouseClick(&button("From Clipboard"), Qt::LeftButton);
+    ASSERT_EQ(scene().inputNodes().size(), 2);
+    Node *pasted = scene().nodes(true).value(0);
+    QTest::mouseClick(&button("To Chart"), Qt::LeftButton);
+    ASSERT_EQ(scene().chartNodes().size(), 1);
+    EXPECT_EQ(scene().chartNodes().first()->upstreamNodes(false), QList<Node *>{pasted});
+    QGuiApplication::clipboard()->clear();
+}
+
+TEST_F(ActionPaneTest, WidthsComeBackAsTheyWere)
+{
+    Settings &settings = Application::instance()->settings();
+    auto &splitter = *m_window->findChild<QSplitter *>(QStringLiteral("m_splitter"));
+    const QList<int> wanted{110, splitter.width() - 110 - 350 - 2 * splitter.handleWidth(), 350};
+    splitter.setSizes(wanted);
+    EXPECT_EQ(splitter.sizes(), wanted);
+    settings.setGeometry(m_window->saveGeometry());
+    for (int start = 0; start < 3; ++start) {
+        m_window.reset();
+        m_window = std::make_unique<MainWindow>(*Application::instance(), CommandLine(), m_log, &m_prompts);
+        m_window->start();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(m_window.get()));
+    }
+    EXPECT_EQ(m_window->findChild<QSplitter *>(QStringLiteral("m_splitter"))->sizes(), wanted)
+        << "and don't creep from start to start";
+    settings.setGeometry(QByteArray());
+}
+
+TEST_F(ActionPaneTest, HintsComeOnceWhenTheyAreOfUse)
+{
+    const ScopedSettings fresh; // no hint has been shown
+    m_window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
+    const auto showsNext = [](const char *title) {
+        const bool shown = waitFor(
+            [title] { return QToolTip::isVisible() && QToolTip::text().contains(QString::fromLatin1(title)); });
+        EXPECT_TRUE(shown) << title << ", but: " << QToolTip::text().toStdString();
+        QToolTip::hideText();
+        return waitFor([] { return !QToolTip::isVisible(); });
+    };
+    m_window->findChild<QAction *>(QStringLiteral("m_runAutoAction"))->setChecked(false);
+    EXPECT_TRUE(showsNext("Add datasets to transform"));
+    scene().addInputsFromPaths({path("in.csv")});
+    EXPECT_TRUE(showsNext("Transform datasets"));
+    button("Sort").click();
+    EXPECT_TRUE(showsNext("Find transforms"));
+    emit scene().nodesAdded();
+    EXPECT_TRUE(showsNext("Ouput transformed dataset"));
+    emit scene().nodesAdded();
+    EXPECT_TRUE(showsNext("Visualize dataset"));
+    pane().widgets().advanced().setChecked(false);
+    button("Filter").click();
+    EXPECT_TRUE(showsNext("Advanced transforms"));
+    scene().addInputsFromPaths({path("in.csv")});
+    EXPECT_TRUE(showsNext("Merge datasets"));
+}
 
 TEST_F(ActionPaneTest, CategoryAdvancedAndWordsNarrowTheButtonsDown)
 {

@@ -278,6 +278,11 @@ TEST_F(SceneTest, ATransformIsAddedRightOfTheSelection)
     EXPECT_FALSE(scene.overlapsAny(second));
     EXPECT_FALSE(scene.overlapsAny(third));
     EXPECT_TRUE(scene.sceneRect().contains(third->sceneBoundingRect()));
+
+    third->setComment("why");
+    third->setPos(second->pos() - QPointF(0, Node::boxHeight + 10));
+    scene.placeAvoidingOverlap(second, second->centre(), false);
+    EXPECT_FALSE(second->sceneBoundingRect().intersects(third->sceneBoundingRect())) << "nor do they lie on a comment";
 }
 
 TEST_F(SceneTest, ATransformGoesIntoAConnection)

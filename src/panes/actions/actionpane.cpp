@@ -4,6 +4,7 @@
 #include "panes/widgets/delayedlineedit.h"
 #include "transforms/frame/transform.h"
 
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 ActionPane::ActionPane(const QList<Transform *> &prototypes, QWidget *parent)
@@ -22,6 +23,8 @@ ActionPane::ActionPane(const QList<Transform *> &prototypes, QWidget *parent)
     connect(m_widgets, &ActionPaneWidgets::outputFileClicked, this, &ActionPane::outputFileClicked);
     connect(m_widgets, &ActionPaneWidgets::outputChartClicked, this, &ActionPane::outputChartClicked);
     connect(m_widgets, &ActionPaneWidgets::highlightTransformNodes, this, &ActionPane::highlightTransformNodes);
+    connect(m_widgets, &ActionPaneWidgets::scrollSoVisible, this, &ActionPane::scrollSoVisible);
+    connect(this, &ActionPane::scrollSoVisible, this, &ActionPane::onScrollSoVisible);
 }
 
 void ActionPane::setCanOutput(bool can)
@@ -32,6 +35,11 @@ void ActionPane::setCanOutput(bool can)
 void ActionPane::onThemeChanged()
 {
     m_widgets->updateIcons();
+}
+
+void ActionPane::onScrollSoVisible(QWidget *button)
+{
+    m_widgets->transforms().ensureWidgetVisible(button, 0, button->height());
 }
 
 void ActionPane::onSetFocusToTransformFilter()

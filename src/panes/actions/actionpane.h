@@ -19,6 +19,8 @@ public:
 public slots:
     void onThemeChanged();
     void onSetFocusToTransformFilter();
+    /// Scrolls the list of transforms up or down until this button of it shows.
+    void onScrollSoVisible(QWidget *button);
 
 signals:
     void addedTransform(Transform *prototype);
@@ -28,6 +30,7 @@ signals:
     void outputFileClicked();
     void outputChartClicked();
     void highlightTransformNodes(bool on, int transformType);
+    void scrollSoVisible(QWidget *button);
 
 private:
     ActionPaneWidgets *m_widgets;

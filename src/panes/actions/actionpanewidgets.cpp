@@ -1,5 +1,6 @@
 #include "panes/actions/actionpanewidgets.h"
 
+#include "panes/actions/panebutton.h"
 #include "panes/actions/transformbutton.h"
 #include "panes/actions/transformsearch.h"
 #include "panes/icons.h"
@@ -12,7 +13,6 @@
 #include <QKeyEvent>
 #include <QScrollArea>
 #include <QSignalBlocker>
-#include <QToolButton>
 #include <QVBoxLayout>
 #include <iterator>
 
@@ -28,10 +28,20 @@ QString keyText(const char *key)
     return QKeySequence(QString::fromLatin1(key)).toString(QKeySequence::NativeText);
 }
 
+QSet<QString> typeNames(const QList<Transform *> &prototypes)
+{
+    QSet<QString> names;
+    for (const Transform *prototype : prototypes) {
+        names.insert(prototype->typeName());
+    }
+    return names;
+}
+
 } // namespace
 
 ActionPaneWidgets::ActionPaneWidgets(const QList<Transform *> &prototypes, QWidget *parent)
     : QWidget(parent)
+    , m_usage(typeNames(prototypes))
     , m_category(new QComboBox)
     , m_keywords(new DelayedLineEdit)
     , m_advanced(new QCheckBox(QStringLiteral("show advanced")))
@@ -50,20 +60,14 @@ ActionPaneWidgets::ActionPaneWidgets(const QList<Transform *> &prototypes, QWidg
     updateButtons();
 }
 
-QToolButton *ActionPaneWidgets::addButton(
-    QVBoxLayout &layout, const char *text, const char *icon, const QString &tip, void (ActionPaneWidgets::*clicked)())
+PaneButton *ActionPaneWidgets::addButton(QVBoxLayout &layout, const char *text, const char *icon, const char *helpPage,
+    const QString &tip, void (ActionPaneWidgets::*clicked)())
 {
-    auto *button = new QToolButton;
-    button->setText(QString::fromLatin1(text));
+    auto *button = new PaneButton(QString::fromLatin1(text), QString::fromLatin1(helpPage));
     m_plainButtons.append({button, QString::fromLatin1(icon)});
     button->setIcon(Icons::icon(QString::fromLatin1(icon)));
-    button->setIconSize(QSize(24, 24));
-    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    button->setFocusPolicy(Qt::TabFocus);
     button->setToolTip(tip);
-    button->setAccessibleName(button->text());
-    connect(button, &QToolButton::clicked, this, clicked);
+    connect(button, &QAbstractButton::clicked, this, clicked);
     layout.addWidget(button);
     return button;
 }
@@ -72,15 +76,15 @@ void ActionPaneWidgets::addInputs(QVBoxLayout &layout)
 {
     const QString formats = QStringLiteral(
         "\nCSV/Excel/fixed width/JSON/plain text/TSV/vCard/XML formats are supported.");
-    addButton(layout, "From File", "document-import",
+    m_fromFile = addButton(layout, "From File", "document-import", "Input_data",
         QStringLiteral("Input a dataset from a single file. (%1)").arg(keyText("Alt+I")) + formats,
         &ActionPaneWidgets::inputFileClicked);
-    addButton(layout, "From Folder", "folder-open",
+    addButton(layout, "From Folder", "folder-open", "Input_data",
         QStringLiteral(
             "Input a dataset from multiple files in a folder.\nCan include sub-folders.\nAll files must be in "
             "the same format (e.g. all CSV)."),
         &ActionPaneWidgets::inputFolderClicked);
-    addButton(layout, "From Clipboard", "input-clipboard",
+    addButton(layout, "From Clipboard", "input-clipboard", "Input_data",
         QStringLiteral("Input a dataset from the clipboard. (%1)").arg(keyText("Alt+Shift+I")) + formats,
         &ActionPaneWidgets::inputClipboardClicked);
 }
@@ -110,7 +114,7 @@ void ActionPaneWidgets::addFilters(QVBoxLayout &layout)
         m_category, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &ActionPaneWidgets::onCategoryChanged);
     connect(m_advanced, &QCheckBox::toggled, this, &ActionPaneWidgets::onAdvancedChanged);
     connect(m_keywords, &DelayedLineEdit::delayedEditTextChanged, this, &ActionPaneWidgets::onMatchTextChanged);
-    connect(m_keywords, &QLineEdit::returnPressed, this, &ActionPaneWidgets::addFirst);
+    connect(m_keywords, &QLineEdit::returnPressed, this, &ActionPaneWidgets::addFound);
 }
 
 void ActionPaneWidgets::addTransforms(QVBoxLayout &layout, const QList<Transform *> &prototypes)
@@ -122,7 +126,7 @@ void ActionPaneWidgets::addTransforms(QVBoxLayout &layout, const QList<Transform
     for (Transform *prototype : prototypes) {
         auto *button = new TransformButton(*prototype);
         button->installEventFilter(this);
-        connect(button, &QToolButton::clicked, this, &ActionPaneWidgets::onTransformButtonClicked);
+        connect(button, &QAbstractButton::clicked, this, &ActionPaneWidgets::onTransformButtonClicked);
         connect(button, &TransformButton::hoverStatusChange, this, &ActionPaneWidgets::onHoverStatusChange);
         m_buttonLayout->addWidget(button);
         m_buttons.append(button);
@@ -138,13 +142,13 @@ void ActionPaneWidgets::addTransforms(QVBoxLayout &layout, const QList<Transform
 
 void ActionPaneWidgets::addOutputs(QVBoxLayout &layout)
 {
-    m_toFile = addButton(layout, "To File", "document-export",
+    m_toFile = addButton(layout, "To File", "document-export", "Output_data",
         QStringLiteral("Output a dataset to a file. (%1)\nCSV/Excel/HTML/JSON/Markdown/plain text/TSV/vCard/XML/YAML "
                        "formats are supported.\nSelect 1 Input/Transform item in the center pane and then click this "
                        "button to add an Output.")
             .arg(keyText("Alt+O")),
         &ActionPaneWidgets::outputFileClicked);
-    m_toChart = addButton(layout, "To Chart", "chart",
+    m_toChart = addButton(layout, "To Chart", "chart", "Chart_data",
         QStringLiteral("Output a dataset to a chart. (%1)\nSelect 1 input/transform item in the center pane and then "
                        "click this button to add a chart.")
             .arg(keyText("Alt+C")),
@@ -205,7 +209,6 @@ QList<TransformButton *> ActionPaneWidgets::chosenButtons() const
     }
     const bool last = chosen >= firstLastUsed;
     const int length = TransformUsage::lengths[chosen - (last ? firstLastUsed : firstMostUsed)];
-    // A stored name that no transform has is passed over.
     for (const QString &name : last ? m_usage.lastUsed(length) : m_usage.mostUsed(length)) {
         for (TransformButton *button : m_buttons) {
             if (button->prototype().typeName() == name) {
@@ -248,10 +251,18 @@ void ActionPaneWidgets::updateButtons()
         button->setHiddenOtherwise(button->prototype().isAdvanced() && !withAdvanced, m_advanced->text());
     }
     // In the order of the entry, which is that of use for those used.
-    for (int i = 0; i < chosen.size(); ++i) {
-        m_buttonLayout->insertWidget(i, chosen.at(i));
-    }
+    order(chosen);
     area.setUpdatesEnabled(true);
+}
+
+void ActionPaneWidgets::order(const QList<TransformButton *> &buttons)
+{
+    QWidget *before = m_advanced;
+    for (int i = 0; i < buttons.size(); ++i) {
+        m_buttonLayout->insertWidget(i, buttons.at(i));
+        setTabOrder(before, buttons.at(i));
+        before = buttons.at(i);
+    }
 }
 
 void ActionPaneWidgets::onAdvancedChanged()
@@ -296,12 +307,17 @@ void ActionPaneWidgets::onHoverStatusChange(bool hovered)
     }
 }
 
-void ActionPaneWidgets::addFirst()
+void ActionPaneWidgets::addFound()
 {
     m_keywords->flush();
     const QList<TransformButton *> buttons = visibleButtons();
-    if (!buttons.isEmpty() && !m_keywords->text().trimmed().isEmpty()) {
-        buttons.first()->click();
+    QStringList names;
+    for (const TransformButton *button : buttons) {
+        names.append(button->text());
+    }
+    const int best = TransformSearch::bestName(names, m_keywords->text());
+    if (best >= 0) {
+        buttons.at(best)->click();
     }
 }
 
@@ -309,6 +325,9 @@ void ActionPaneWidgets::addFirst()
 
 bool ActionPaneWidgets::eventFilter(QObject *watched, QEvent *event)
 {
+    if (event->type() == QEvent::FocusIn && watched != m_keywords) {
+        emit scrollSoVisible(qobject_cast<QWidget *>(watched));
+    }
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent *>(event)->key();
         if (key == Qt::Key_Down || key == Qt::Key_Up) {
@@ -333,6 +352,5 @@ void ActionPaneWidgets::moveFocus(int step)
         m_keywords->setFocus();
     } else if (next < buttons.size()) {
         buttons.at(next)->setFocus(Qt::TabFocusReason);
-        m_scroll->ensureWidgetVisible(buttons.at(next));
     }
 }

@@ -5,11 +5,10 @@
 #include <QWidget>
 
 class DelayedLineEdit;
-class QAction;
+class PaneButton;
 class QCheckBox;
 class QComboBox;
 class QScrollArea;
-class QToolButton;
 class QVBoxLayout;
 class Transform;
 class TransformButton;
@@ -24,6 +23,12 @@ public:
     explicit ActionPaneWidgets(const QList<Transform *> &prototypes, QWidget *parent = nullptr);
 
     DelayedLineEdit &keywords() { return *m_keywords; }
+    QComboBox &category() { return *m_category; }
+    QCheckBox &advanced() { return *m_advanced; }
+    QScrollArea &transforms() { return *m_scroll; }
+    PaneButton &fromFile() { return *m_fromFile; }
+    PaneButton &toFile() { return *m_toFile; }
+    PaneButton &toChart() { return *m_toChart; }
     QList<TransformButton *> visibleButtons() const;
     /// Buttons for outputs follow whether one can be added.
     void setCanOutput(bool can);
@@ -38,6 +43,8 @@ signals:
     void outputFileClicked();
     void outputChartClicked();
     void highlightTransformNodes(bool on, int transformType);
+    /// A button of the list has got the focus.
+    void scrollSoVisible(QWidget *button);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -54,14 +61,17 @@ private:
     void addFilters(QVBoxLayout &layout);
     void addTransforms(QVBoxLayout &layout, const QList<Transform *> &prototypes);
     void addOutputs(QVBoxLayout &layout);
-    QToolButton *addButton(QVBoxLayout &layout, const char *text, const char *icon, const QString &tip,
-        void (ActionPaneWidgets::*clicked)());
+    PaneButton *addButton(QVBoxLayout &layout, const char *text, const char *icon, const char *helpPage,
+        const QString &tip, void (ActionPaneWidgets::*clicked)());
     /// Offers the lists of used transforms that are long enough.
     void updateUsedEntries();
     void updateButtons();
     /// The buttons of the chosen entry, in their order.
     QList<TransformButton *> chosenButtons() const;
-    void addFirst();
+    /// Lays these out in their order, which Tab follows too.
+    void order(const QList<TransformButton *> &buttons);
+    /// Adds the transform that the words mean.
+    void addFound();
     void moveFocus(int step);
 
     TransformUsage m_usage;
@@ -72,7 +82,8 @@ private:
     QCheckBox *m_advanced;
     QScrollArea *m_scroll;
     QVBoxLayout *m_buttonLayout = nullptr;
-    QList<QPair<QToolButton *, QString>> m_plainButtons; ///< with the names of their icons
-    QToolButton *m_toFile = nullptr;
-    QToolButton *m_toChart = nullptr;
+    QList<QPair<PaneButton *, QString>> m_plainButtons; ///< with the names of their icons
+    PaneButton *m_fromFile = nullptr;
+    PaneButton *m_toFile = nullptr;
+    PaneButton *m_toChart = nullptr;
 };

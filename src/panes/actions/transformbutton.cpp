@@ -5,17 +5,11 @@
 #include "transforms/frame/transform.h"
 
 TransformButton::TransformButton(Transform &prototype, QWidget *parent)
-    : QToolButton(parent)
+    : PaneButton(prototype.displayName(), prototype.typeName(), parent)
     , m_prototype(prototype)
 {
-    setText(prototype.displayName());
     updateIcon();
-    setIconSize(QSize(24, 24));
-    setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setAutoRaise(true);
-    setFocusPolicy(Qt::TabFocus);
-    setAccessibleName(prototype.displayName());
     setAccessibleDescription(prototype.description());
     setHiddenOtherwise(false, QString());
 }
@@ -38,12 +32,12 @@ void TransformButton::setHiddenOtherwise(bool hidden, const QString &checkText)
 
 void TransformButton::enterEvent(QEvent *event)
 {
-    QToolButton::enterEvent(event);
+    PaneButton::enterEvent(event);
     emit hoverStatusChange(true);
 }
 
 void TransformButton::leaveEvent(QEvent *event)
 {
-    QToolButton::leaveEvent(event);
+    PaneButton::leaveEvent(event);
     emit hoverStatusChange(false);
 }

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QToolButton>
+#include "panes/actions/panebutton.h"
 
 class Transform;
 
 /// A button of the left pane that adds one kind of transform.
-class TransformButton : public QToolButton
+class TransformButton : public PaneButton
 {
     Q_OBJECT
 

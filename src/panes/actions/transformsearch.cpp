@@ -36,3 +36,24 @@ QVector<bool> TransformSearch::matches(const QVector<QSet<QString>> &keywords, c
     }
     return shown;
 }
+
+int TransformSearch::bestName(const QStringList &names, const QString &typed)
+{
+    const QString wanted = wordsOf(typed).join(QLatin1Char(' '));
+    if (wanted.isEmpty() || names.isEmpty()) {
+        return -1;
+    }
+    int best = 0;
+    bool begins = false;
+    for (int i = 0; i < names.size(); ++i) {
+        const QString name = wordsOf(names.at(i)).join(QLatin1Char(' '));
+        if (name == wanted) {
+            return i;
+        }
+        if (!begins && name.startsWith(wanted)) {
+            best = i;
+            begins = true;
+        }
+    }
+    return best;
+}

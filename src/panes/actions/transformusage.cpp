@@ -2,8 +2,20 @@
 
 #include <algorithm>
 
-TransformUsage::TransformUsage()
-    : m_recent(Settings::current().recentTransformsAdded().mid(0, mostRecent))
+namespace {
+
+QStringList withoutUnknown(QStringList names, const QSet<QString> &known)
+{
+    names.erase(std::remove_if(names.begin(), names.end(), [&](const QString &name) { return !known.contains(name); }),
+        names.end());
+    return names;
+}
+
+} // namespace
+
+TransformUsage::TransformUsage(const QSet<QString> &known)
+    : m_known(known)
+    , m_recent(Settings::current().recentTransformsAdded().mid(0, mostRecent))
     , m_counts(Settings::current().allTransformsAddedCount())
 {
 }
@@ -18,9 +30,19 @@ void TransformUsage::record(const QString &typeName)
     Settings::current().setAllTransformsAddedCount(m_counts);
 }
 
+QStringList TransformUsage::knownRecent() const
+{
+    return withoutUnknown(m_recent, m_known);
+}
+
+QStringList TransformUsage::knownCounted() const
+{
+    return withoutUnknown(m_counts.keys(), m_known);
+}
+
 QStringList TransformUsage::mostUsed(int count) const
 {
-    QStringList names = m_counts.keys();
+    QStringList names = knownCounted();
     std::sort(names.begin(), names.end(), [this](const QString &a, const QString &b) {
         return m_counts[a] != m_counts[b] ? m_counts[a] > m_counts[b] : a < b;
     });

@@ -6,14 +6,17 @@
 #include <QToolTip>
 #include <QWidget>
 
-void Tips::showOnce(const QString &key, const QString &title, const QString &text, int milliseconds, QWidget *anchor)
+bool Tips::showOnce(const QString &key, const QString &title, const QString &text, int milliseconds, QWidget *anchor)
 {
     if (!anchor || !anchor->isVisible() || Settings::current().isTipShown(key)) {
-        return;
+        return false;
     }
     const QPoint place = anchor->mapToGlobal(QPoint(anchor->width() / 2, anchor->height()));
-    const QString html = QStringLiteral("<b>%1</b><br>%2").arg(title.toHtmlEscaped(), text.toHtmlEscaped());
+    const QString html = QStringLiteral("<b>%1</b><br>%2")
+                             .arg(title.toHtmlEscaped(),
+                                 text.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")));
     QToolTip::showText(place, html, anchor, QRect(), milliseconds);
+    return true;
 }
 
 QString Tips::plain(const QString &text)

@@ -8,7 +8,8 @@ class QWidget;
 namespace Tips {
 
 /// Shows a hint under `anchor` for that long, unless it has been shown before or the anchor can't be seen.
-void showOnce(const QString &key, const QString &title, const QString &text, int milliseconds, QWidget *anchor);
+/// True if it shows now.
+bool showOnce(const QString &key, const QString &title, const QString &text, int milliseconds, QWidget *anchor);
 
 /// A tool tip that shows as it is written. Tool tips take text that looks like HTML for HTML, and would even load its
 /// images.

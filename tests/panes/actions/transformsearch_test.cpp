@@ -25,3 +25,24 @@ TEST(TransformSearch, ShowsThoseThatMatchTheMostWords)
         EXPECT_EQ(TransformSearch::matches(keywords, QString::fromLatin1(c.typed)), c.shown) << c.typed;
     }
 }
+
+TEST(TransformSearch, EnterMeansTheNameThatWasTyped)
+{
+    const QStringList names{"Concat Cols", "Joined", "Join", "Cross-Join"};
+    const struct
+    {
+        const char *typed;
+        int best;
+    } cases[] = {
+        {"join", 2},       // the same name, though an earlier one begins so
+        {"JOI", 1},        // the first that begins so
+        {"cross join", 3}, // a dash counts as a blank
+        {"merge", 0},      // found by keywords only: the first
+        {" ,- ", -1},      // no word
+        {"", -1},
+    };
+    for (const auto &c : cases) {
+        EXPECT_EQ(TransformSearch::bestName(names, QString::fromLatin1(c.typed)), c.best) << c.typed;
+    }
+    EXPECT_EQ(TransformSearch::bestName({}, QStringLiteral("join")), -1);
+}
