@@ -2,9 +2,11 @@
 
 #include "graph/arrowhead.h"
 #include "graph/colors.h"
+#include "graph/connectionroute.h"
 #include "graph/node.h"
 #include "graph/nodelook.h"
 
+#include <QGraphicsScene>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPalette>
@@ -15,7 +17,6 @@ namespace {
 constexpr double headLength = 12.0;
 constexpr double grabWidth = 12.0;
 constexpr double straightEnd = 10.0; // keeps the last bit of the line level, so that the head lies on it
-constexpr double leastBend = 30.0;
 
 } // namespace
 
@@ -69,12 +70,26 @@ void Connection::layOut()
     const QPointF start = m_from->connectionPoint(Direction::Outgoing, m_fromOffset);
     const QPointF tip = m_to->connectionPoint(Direction::Incoming, m_toOffset);
     const QPointF end = tip - QPointF(straightEnd, 0);
-    const QPointF bend(std::max(leastBend, qAbs(end.x() - start.x()) / 2), 0);
-    QPainterPath line(start);
-    line.cubicTo(start + bend, end - bend, end);
     prepareGeometryChange();
     m_arrowHead = arrowHead(end, tip, headLength);
-    setPath(line);
+    setPath(
+        ConnectionRoute::clearOfBoxes(start, end, m_fromOffset, [this](const QRectF &area) { return boxesIn(area); }));
+}
+
+QVector<QRectF> Connection::boxesIn(const QRectF &area) const
+{
+    QVector<QRectF> boxes;
+    if (!scene()) {
+        return boxes;
+    }
+    for (QGraphicsItem *item : scene()->items(area, Qt::IntersectsItemBoundingRect)) {
+        const auto *node = dynamic_cast<const Node *>(item);
+        // Notes lie loosely among the items.
+        if (node && node != m_from && node != m_to && node->type() != ItemType::Note) {
+            boxes.append(node->mapRectToScene(node->boxRect()));
+        }
+    }
+    return boxes;
 }
 
 QPointF Connection::middle() const

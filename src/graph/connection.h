@@ -33,7 +33,7 @@ public:
     double toOffset() const { return m_toOffset; }
     void setFromOffset(double offset) { m_fromOffset = offset; }
     void setToOffset(double offset) { m_toOffset = offset; }
-    /// Draws the path anew between the nodes' present places.
+    /// Draws the path anew between the nodes' present places, clear of the boxes of others.
     void layOut();
     /// The middle of the line, in scene coordinates.
     QPointF middle() const;
@@ -49,6 +49,8 @@ protected:
 private:
     void setHovered(bool on);
     QColor lineColor() const;
+    /// Boxes that aren't those of the ends.
+    QVector<QRectF> boxesIn(const QRectF &area) const;
 
     bool m_hovered = false;
     Node *m_from;

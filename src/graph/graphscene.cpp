@@ -337,7 +337,8 @@ void GraphScene::onPosChanged(QList<Node *> moved)
         }
     }
     updateSceneRect();
-    layOutConnections(moved);
+    // All of them: a box may have come into the way of any, or left it.
+    layOutConnections();
     if (changed) {
         runChangesIfAuto();
     }

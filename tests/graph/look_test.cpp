@@ -4,6 +4,7 @@
 #include "graph/arrowhead.h"
 #include "graph/colors.h"
 #include "graph/nodelook.h"
+#include "graph/nodeplacement.h"
 #include "graph/notenode.h"
 #include "graph/timingbar.h"
 
@@ -82,6 +83,63 @@ TEST_F(LookTest, ConnectionsSpreadOverTheEdgeByHeight)
     EXPECT_EQ(toLow->path().elementAt(0).y, in->y() + Node::boxHeight * toLow->fromOffset());
     low->setX(600);
     EXPECT_GT(toLow->path().boundingRect().right(), 580) << "a line follows its node";
+}
+
+TEST_F(LookTest, LinesKeepClearOfBoxesBetweenTheirEnds)
+{
+    struct Case
+    {
+        const char *what;
+        double endColumn, endRow;
+        QVector<QPointF> between; ///< columns and rows
+        bool isFree;              ///< whether there is a way
+    };
+    const Case cases[] = {
+        {"one box in the same row", 2, 0, {{1, 0}}, true},
+        {"several in the same row", 4, 0, {{1, 0}, {2, 0}, {3, 0}}, true},
+        {"the row above is full too", 2, 0, {{1, 0}, {1, -1}}, true},
+        {"three rows are full, with lanes between them", 3, 0, {{1, 0}, {1, -1}, {1, 1}, {2, 0}}, true},
+        {"the box lies below the end's row but in the way", 2, 1, {{1, 0.5}}, true},
+        {"a box that lies on the end leaves no room", 1, 0, {{0.9, 0}}, false},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        scene.clearAll();
+        Node *from = input("from", 0, 0);
+        QList<Node *> boxes;
+        for (const QPointF &place : c.between) {
+            boxes.append(input("between", place.x(), place.y()));
+        }
+        Node *to = probe("to", c.endColumn, c.endRow, {from});
+        scene.layOutConnections();
+        const Connection *line = to->connections(Direction::Incoming).first();
+        bool isFree = true;
+        for (const Node *box : qAsConst(boxes)) {
+            for (int i = 0; i <= 400; ++i) {
+                isFree = isFree
+                         && !box->mapRectToScene(box->boxRect()).contains(line->path().pointAtPercent(i / 400.0));
+            }
+        }
+        EXPECT_EQ(isFree, c.isFree);
+        EXPECT_EQ(line->path().elementAt(0).y, from->connectionPoint(Direction::Outgoing, line->fromOffset()).y());
+        EXPECT_EQ(line->path().currentPosition().y(), to->connectionPoint(Direction::Incoming, line->toOffset()).y());
+    }
+}
+
+TEST_F(LookTest, ABoxThatIsPutOnALineIsGoneRound)
+{
+    Node *from = input("from", 0, 0);
+    Node *to = probe("to", 2, 0, {from});
+    Node *other = input("other", 1, 3);
+    scene.layOutConnections();
+    const Connection *line = to->connections(Direction::Incoming).first();
+    EXPECT_LT(line->path().boundingRect().height(), 1) << "it is level while nothing is in the way";
+    other->setY(0);
+    scene.onPosChanged({other});
+    EXPECT_LT(line->path().boundingRect().top(), other->y());
+    other->setY(3 * NodePlacement::gridHeight);
+    scene.onPosChanged({other});
+    EXPECT_LT(line->path().boundingRect().height(), 1);
 }
 
 TEST_F(LookTest, EveryKindPaints)
