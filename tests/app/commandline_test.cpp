@@ -1,4 +1,6 @@
 #include "app/commandline.h"
+#include "app/platformchoice.h"
+#include "app/testdocument.h"
 #include "support/printers.h"
 
 #include <QDir>
@@ -136,3 +138,31 @@ TEST(CommandLine, VerbosityInWords)
 }
 
 } // namespace
+
+TEST(PlatformChoice, FontsAreOpenedOnlyWhereAChartMayBeDrawn)
+{
+    struct Case
+    {
+        const char *what;
+        const char *name;
+        QByteArray content;
+        bool opensFonts;
+    };
+    const Case cases[] = {
+        {"an empty group of charts", "a.transform", "<root><charts/></root>", false},
+        {"no group at all, the suffix in capitals", "a.TRANSFORM", "<root></root>", false},
+        {"a chart", "a.transform", "<root><charts><chart id=\"1\"/></charts></root>", true},
+        {"a chart after the group's end", "a.transform", "<root><charts></charts><chart/></root>", true},
+        {"bytes that aren't ASCII", "a.transform", QByteArray("<\0r\0o\0o\0t\0", 10), true},
+        {"another kind of file isn't looked at", "a.txt", "<chart/>", false},
+    };
+    const QTemporaryDir folder;
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        const QString path = folder.filePath(QString::fromLatin1(c.name));
+        writeFile(path, c.content);
+        const std::string first = platformsWithoutWindow({"quillmere", "-cli", path.toStdString()});
+        EXPECT_EQ(first == "offscreen", c.opensFonts) << first;
+    }
+    EXPECT_EQ(platformsWithoutWindow({"quillmere", "-cli", "gone.transform"}), "offscreen");
+}
