@@ -1,7 +1,6 @@
 #include "app/recoveryfile.h"
 
 #include "document/documentfile.h"
-#include "platform/instances.h"
 #include "platform/ownfile.h"
 #include "settings/product.h"
 
@@ -34,9 +33,9 @@ bool RecoveryFile::isRecoveryFile(const QString &path)
     return QFileInfo(path) == QFileInfo(RecoveryFile::path());
 }
 
-bool RecoveryFile::canBeOffered()
+bool RecoveryFile::canBeOffered(int instances)
 {
-    return platform::isOwnFile(path()) && platform::runningInstances() == 1;
+    return instances == 1 && platform::isOwnFile(path());
 }
 
 QString RecoveryFile::ageText()

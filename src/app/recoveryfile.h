@@ -12,8 +12,8 @@ namespace RecoveryFile {
 
 QString path();
 bool isRecoveryFile(const QString &path);
-/// True when there is one of this user, and no other instance may be keeping it.
-bool canBeOffered();
+/// True when there is one of this user, and no other instance may be keeping it: `instances` run, this one included.
+bool canBeOffered(int instances);
 /// How long ago it was written, such as "5 minute(s)".
 QString ageText();
 /// "5 minute(s)" and the like, in the largest unit that fits.

@@ -8,10 +8,10 @@
 #include "panes/dialogs/prompts.h"
 #include "settings/settings.h"
 
-QString startDocument(
-    Application &application, const CommandLine &commandLine, const RecentDocuments &recent, Prompts &prompts)
+QString startDocument(Application &application, const CommandLine &commandLine, const RecentDocuments &recent,
+    Prompts &prompts, int instances)
 {
-    if (RecoveryFile::canBeOffered()
+    if (RecoveryFile::canBeOffered(instances)
         && prompts.confirm(QStringLiteral("An automatic recovery file was created %1 ago. Do you wish to open it?")
                                .arg(RecoveryFile::ageText()))) {
         return RecoveryFile::path();

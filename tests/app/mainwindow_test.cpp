@@ -6,6 +6,7 @@
 #include "app/openingquestions.h"
 #include "app/recoveryfile.h"
 #include "app/report/runlog.h"
+#include "app/startdocument.h"
 #include "app/testdocument.h"
 #include "data/dataset.h"
 #include "graph/colors.h"
@@ -34,8 +35,10 @@
 #include <QTemporaryDir>
 #include <QToolBar>
 #include <QUrl>
+#include <csignal>
 #include <functional>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace {
 
@@ -424,6 +427,39 @@ TEST_F(MainWindowTest, ChangesAreKeptForRecovery)
     BoxAnswers answers({QStringLiteral("Discard")});
     action("m_fileNewAction").trigger();
     EXPECT_FALSE(QFile::exists(RecoveryFile::path()));
+}
+
+TEST_F(MainWindowTest, WhatAKilledProgramKeptIsOffered)
+{
+    const auto editAndDie = [this] {
+        open("flow.transform");
+        change();
+        change();
+        change();
+        ::raise(SIGKILL);
+    };
+    EXPECT_EXIT(editAndDie(), testing::KilledBySignal(SIGKILL), "");
+    ASSERT_TRUE(QFile::exists(RecoveryFile::path()));
+    const RecentDocuments recent(QDir::tempPath());
+    const auto start = [&](int instances, const char *answer) {
+        const BoxAnswers answers({QString::fromLatin1(answer)});
+        const QString path = startDocument(*Application::instance(), CommandLine(), recent, m_prompts, instances);
+        EXPECT_EQ(answers.texts().size(), instances == 1 ? 1 : 0);
+        return path;
+    };
+    EXPECT_EQ(start(2, "OK"), QString()) << "it may be that of the other instance";
+    EXPECT_EQ(start(1, "Cancel"), QString());
+    EXPECT_EQ(start(1, "OK"), RecoveryFile::path());
+    ASSERT_TRUE(m_window->documents().openDocument(RecoveryFile::path()));
+    EXPECT_EQ(m_window->scene().noteNodes().size(), 1) << "as it was before the second change";
+    EXPECT_EQ(m_window->scene().connections().size(), 1);
+    EXPECT_TRUE(m_window->isWindowModified());
+    if (::getuid() == 0) {
+        const uid_t somebodyElse = 65534;
+        ASSERT_EQ(::chown(QFile::encodeName(RecoveryFile::path()).constData(), somebodyElse, somebodyElse), 0);
+        EXPECT_FALSE(RecoveryFile::canBeOffered(1));
+        ASSERT_EQ(::chown(QFile::encodeName(RecoveryFile::path()).constData(), 0, 0), 0);
+    }
 }
 
 TEST_F(MainWindowTest, RecentMenuOffersOtherDocuments)

@@ -53,7 +53,7 @@ TEST_F(RecoveryFileTest, NeverWritesThroughALink)
     const QString victim = QDir::temp().filePath(QStringLiteral("victim"));
     writeFile(victim, "precious");
     ASSERT_TRUE(QFile::link(victim, RecoveryFile::path()));
-    EXPECT_FALSE(RecoveryFile::canBeOffered());
+    EXPECT_FALSE(RecoveryFile::canBeOffered(1));
     RecoveryFile::remove();
     EXPECT_TRUE(QFileInfo(RecoveryFile::path()).isSymLink()) << "what isn't ours isn't removed";
     ASSERT_TRUE(save()) << m_error.toStdString();
