@@ -20,6 +20,11 @@
 
 namespace {
 
+bool hasWebPages(const ActionState &)
+{
+    return WebPages::exist();
+}
+
 const ActionRow rows[] = {
     {&MainActions::fileNew, "m_fileNewAction", "&New", "Ctrl+N", "document-new", "Create a new .transform document.",
         false, [](Commands &c, bool) { c.documents.onNew(); }, nullptr, false},
@@ -66,16 +71,19 @@ const ActionRow rows[] = {
     {&MainActions::helpCheckForUpdates, "m_helpCheckForUpdatesAction", "Check For &Updates", "", "check-updates",
         "Check online for updates.", false, nullptr, nullptr, false},
     {&MainActions::helpSubscribeToNewsletter, "m_helpSubscribeToNewsletterAction", "Subscribe to &Newsletter", "",
-        "newsletter", "Subscribe to our email newsletter.", false, nullptr, nullptr, false},
+        "newsletter", "Subscribe to our email newsletter.", false,
+        [](Commands &c, bool) { c.help.openPage(WebPages::Page::Newsletter, "Subscribe to Newsletter"); }, hasWebPages,
+        false},
     {&MainActions::editSnapToGrid, "m_editSnapToGridAction", "Snap To &Grid", "", "snap-to-grid",
         "Snap items to a grid.", true, [](Commands &c, bool on) { c.edit.setSnapToGrid(on); }, nullptr, false},
     {&MainActions::fileBatchProcess, "m_fileBatchProcessAction", "&Batch Process...", "Ctrl+B", "batch-process",
         "Perform the current .transform document in batch mode.", false,
         [](Commands &c, bool) { c.files.batchProcess(); }, nullptr, false},
     {&MainActions::helpFAQ, "m_helpFAQAction", "&FAQ Page", "", "faq", "View the 'Frequently Asked Questions' page.",
-        false, nullptr, nullptr, false},
+        false, [](Commands &c, bool) { c.help.openPage(WebPages::Page::Faq, "FAQ Page"); }, hasWebPages, false},
     {&MainActions::helpSupport, "m_helpSupportAction", "Technical &Support", "", "support",
-        "Find out how to contact technical support.", false, nullptr, nullptr, false},
+        "Find out how to contact technical support.", false,
+        [](Commands &c, bool) { c.help.openPage(WebPages::Page::Support, "Technical Support"); }, hasWebPages, false},
     {&MainActions::viewToolBar, "m_viewToolBarAction", "&Tool bar", "", "", "Show/hide the toolbar.", true,
         [](Commands &c, bool on) { c.view.setToolBarShown(on); }, nullptr, false},
     {&MainActions::viewComments, "m_viewCommentsAction", "Show &Comments", "", "",
@@ -89,8 +97,8 @@ const ActionRow rows[] = {
         [](Commands &c, bool on) { c.view.setChangesShown(on); }, nullptr, false},
     {&MainActions::fileNotes, "m_fileNotesAction", "No&tes...", "", "document-notes",
         "Notes for this .transform document.", false, [](Commands &c, bool) { c.files.editNotes(); }, nullptr, false},
-    {&MainActions::helpForum, "m_helpForumAction", "Foru&m", "", "forum", "Go to the Quillmere forum.", false, nullptr,
-        nullptr, false},
+    {&MainActions::helpForum, "m_helpForumAction", "Foru&m", "", "forum", "Go to the Quillmere forum.", false,
+        [](Commands &c, bool) { c.help.openPage(WebPages::Page::Forum, "Forum"); }, hasWebPages, false},
     {&MainActions::viewWarnings, "m_viewWarningsAction", "Show &Warnings", "", "", "Show warnings in the center pane.",
         true, [](Commands &c, bool on) { c.view.setWarningsShown(on); }, nullptr, false},
     {&MainActions::viewTwoScreens, "m_viewTwoScreensAction", "Two &Screen Mode", "Ctrl+T", "",
@@ -124,7 +132,9 @@ const ActionRow rows[] = {
     {&MainActions::helpExpertTips, "m_helpExpertTipsAction", "&Expert Tips", "", "expert-tips",
         "View 'Expert tips' in the help.", false, nullptr, nullptr, false},
     {&MainActions::helpIntroVideo, "m_helpIntroVideoAction", "Short Introduction &Video", "", "video",
-        "Show a short introduction video.", false, nullptr, nullptr, false},
+        "Show a short introduction video.", false,
+        [](Commands &c, bool) { c.help.openPage(WebPages::Page::IntroVideo, "Short Introduction Video"); }, hasWebPages,
+        false},
     {&MainActions::viewToolTipsOff, "m_viewToolTipsOff", "&Off", "", "", "Turn center pane tool tips off.", true,
         [](Commands &c, bool on) { c.view.setToolTips(CanvasTips::Off, on); }, nullptr, false},
     {&MainActions::viewToolTipsBrief, "m_viewToolTipsBrief", "&Brief", "", "", "Show brief center pane tool tips.",
@@ -173,6 +183,12 @@ const ActionRow rows[] = {
         "Duplicate the selected items and everything downstream of them.", false,
         [](Commands &c, bool) { c.clipboard.duplicateBranch(); },
         [](const ActionState &s) { return s.hasSelectedItems; }, false},
+    {&MainActions::editCopyData, "m_editCopyDataAction", "Cop&y Data", "", "copy-data",
+        "Copy the data of the selected item to the clipboard.", false,
+        [](Commands &c, bool) { c.clipboard.copyData(); }, [](const ActionState &s) { return s.hasData; }, false},
+    {&MainActions::viewFullscreen, "m_viewFullscreenAction", "Show fullscreen", "", "fullscreen",
+        "Show selected item fullscreen.", false, [](Commands &c, bool) { c.view.showFullscreen(); },
+        [](const ActionState &s) { return s.hasOneItem; }, false},
     {&MainActions::editConnect, "m_editConnectAction", "Co&nnect To...", "Ctrl+J", "connect",
         "Connect the selected item to another one: the arrow keys choose it, Enter connects, Esc ends.", false,
         [](Commands &c, bool) { c.view.connectByKeyboard(); }, [](const ActionState &s) { return s.hasSelectedItems; },

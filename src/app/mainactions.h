@@ -72,6 +72,8 @@ struct MainActions
     QAction *editPaste = nullptr;
     QAction *editCut = nullptr;
     QAction *editDuplicateBranch = nullptr;
+    QAction *editCopyData = nullptr;
+    QAction *viewFullscreen = nullptr;
     QAction *editConnect = nullptr;
     QAction *outputToFile = nullptr;
     QAction *outputToChart = nullptr;

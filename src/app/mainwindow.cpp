@@ -66,6 +66,7 @@ MainWindow::MainWindow(Application &application, const CommandLine &commandLine,
     connectCanvas(context, m_actions, *m_groups);
     connectActionPane(context, *m_groups);
     connectItemPane(context, *this);
+    connectStatusBar(context, *m_groups);
     m_interaction = std::make_unique<PaneInteraction>(context);
     m_wiring = std::make_unique<SceneWiring>(context, *this, *m_documents, m_groups->runs);
     m_wiring->onSceneChanged(nullptr, &scene());

@@ -3,6 +3,7 @@
 #include "app/commands/commandcontext.h"
 #include "app/commands/commandgroups.h"
 #include "app/documentsession.h"
+#include "app/iconprogress.h"
 #include "app/mainactions.h"
 #include "app/mainwindow.h"
 #include "app/uithemes.h"
@@ -23,6 +24,8 @@ void connectCanvas(const CommandContext &context, const MainActions &actions, Co
     GraphPane &pane = context.graphPane;
     StatusBar &statusBar = context.statusBar;
     CanvasActions menu;
+    menu.showFullscreen = actions.viewFullscreen;
+    menu.copyData = actions.editCopyData;
     menu.inputFromFile = actions.inputFromFile;
     menu.inputFromClipboard = actions.inputFromClipboard;
     menu.outputToFile = actions.outputToFile;
@@ -60,6 +63,16 @@ void connectActionPane(const CommandContext &context, CommandGroups &groups)
     pane->onThemeChanged();
     auto *toFilter = new QShortcut(Qt::CTRL + Qt::Key_K, &context.window);
     QObject::connect(toFilter, &QShortcut::activated, pane, &ActionPane::onSetFocusToTransformFilter);
+}
+
+void connectStatusBar(const CommandContext &context, CommandGroups &groups)
+{
+    StatusBar *statusBar = &context.statusBar;
+    QObject::connect(statusBar, &StatusBar::feedbackClicked, statusBar, [&groups] { groups.help.onFeedbackClicked(); });
+    QObject::connect(
+        statusBar, &StatusBar::introVideoClicked, statusBar, [&groups] { groups.help.onIntroVideoClicked(); });
+    auto *progress = new IconProgress(context.window);
+    QObject::connect(statusBar, &StatusBar::progressShown, progress, &IconProgress::onProgress);
 }
 
 void connectItemPane(const CommandContext &context, MainWindow &window)

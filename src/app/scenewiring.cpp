@@ -9,6 +9,7 @@
 #include "graph/transformnode.h"
 #include "panes/canvas/graphpane.h"
 #include "panes/dialogs/prompts.h"
+#include "panes/items/itempane.h"
 #include "panes/status/logpane.h"
 #include "panes/status/statusbar.h"
 
@@ -49,6 +50,8 @@ void SceneWiring::connectToWindow(GraphScene *scene)
     QObject::connect(scene, &GraphScene::allowUserInteraction, window, &MainWindow::onAllowUserInteraction);
     QObject::connect(scene, &QGraphicsScene::selectionChanged, window, &MainWindow::onGraphSelectionChanged);
     QObject::connect(scene, &GraphScene::completedTransforms, &m_runs, &RunCommands::onCompleted);
+    QObject::connect(
+        scene, &GraphScene::doubleClickNode, &m_documents, [this] { m_context.itemPane.showFullscreen(); });
     QObject::connect(scene, &GraphScene::fileOpen, &m_documents, &DocumentCommands::onOpenPath);
 }
 

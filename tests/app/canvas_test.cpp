@@ -25,6 +25,7 @@
 #include "transforms/frame/transform.h"
 
 #include <QAccessible>
+#include <QClipboard>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -350,6 +351,40 @@ TEST_F(CanvasTest, TheContextMenuFitsWhatIsUnderIt)
     ASSERT_EQ(scene().noteNodes().size(), 1);
     EXPECT_EQ(scene().noteNodes().first()->arrow(), NoteNode::Right);
     EXPECT_LT(scene().noteNodes().first()->x(), node(sortId).x());
+}
+
+TEST_F(CanvasTest, TheContextMenuCopiesTheDataAndShowsTheItemFullscreen)
+{
+    const auto trigger = [this](const char *text) {
+        withContextMenu(placeOf(topId), [text](QMenu &menu) {
+            for (QAction *action : menu.actions()) {
+                if (action->text() == QString::fromLatin1(text)) {
+                    EXPECT_TRUE(action->isEnabled()) << text;
+                    action->trigger();
+                    return;
+                }
+            }
+            ADD_FAILURE() << text << " is missing";
+        });
+    };
+    QGuiApplication::clipboard()->clear();
+    trigger("Cop&y Data");
+    EXPECT_EQ(QGuiApplication::clipboard()->text().remove('\r').trimmed(), QStringLiteral("a,b\n1,z\n2,x"));
+    trigger("Show fullscreen");
+    ItemWidget *panel = m_window->findChild<ItemPane *>()->itemWidget();
+    EXPECT_TRUE(panel->isFullScreen());
+    QTest::keyClick(panel, Qt::Key_Escape);
+    EXPECT_FALSE(panel->isFullScreen());
+}
+
+TEST_F(CanvasTest, ADoubleClickShowsTheItemFullscreen)
+{
+    QTest::mouseDClick(pane().viewport(), Qt::LeftButton, Qt::NoModifier, placeOf(topId));
+    QTest::mouseRelease(pane().viewport(), Qt::LeftButton, Qt::NoModifier, placeOf(topId));
+    ItemWidget *panel = m_window->findChild<ItemPane *>()->itemWidget();
+    ASSERT_TRUE(panel);
+    EXPECT_TRUE(panel->isFullScreen());
+    QTest::keyClick(panel, Qt::Key_Escape);
 }
 
 TEST_F(CanvasTest, TheContextMenuPastesWhereItWasOpened)

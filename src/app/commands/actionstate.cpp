@@ -19,6 +19,8 @@ ActionState actionState(const DocumentSession &session, const UndoStack &undo, c
     state.hasSelectedItems = !scene.nodes(true).isEmpty();
     state.hasSelection = state.hasSelectedItems || !scene.connections(true).isEmpty();
     const QList<Node *> selected = scene.nodes(true);
+    state.hasOneItem = selected.size() == 1;
+    state.hasData = state.hasOneItem && selected.first()->dataset().columnCount() > 0;
     state.canOutput = selected.size() == 1 && selected.first()->maxOutputs() > 0;
     state.isStale = !scene.nodesInState(NodeState::NeedsProcessing).isEmpty()
                     || !scene.nodesInState(NodeState::Failed).isEmpty();

@@ -11,6 +11,8 @@ struct ActionState
     bool isAutoRunOn = true;
     bool hasItems = false;
     bool hasSelectedItems = false;
+    bool hasOneItem = false;   ///< just one is selected
+    bool hasData = false;      ///< and it has a table
     bool canOutput = false;    ///< what is selected can go to an output
     bool hasSelection = false; ///< of items or connections
     bool isStale = false;      ///< an item needs processing, or failed

@@ -4,7 +4,9 @@
 #include "app/mainactions.h"
 #include "document/graphfragment.h"
 #include "graph/graphscene.h"
+#include "graph/node.h"
 #include "graph/undostep.h"
+#include "panes/items/datasetexport.h"
 #include "panes/items/itempane.h"
 #include "platform/waitcursor.h"
 
@@ -66,4 +68,12 @@ void ClipboardCommands::paste()
 void ClipboardCommands::duplicateBranch()
 {
     m_context.session.scene().duplicateBranch();
+}
+
+void ClipboardCommands::copyData()
+{
+    const QList<Node *> selected = m_context.session.scene().nodes(true);
+    if (selected.size() == 1) {
+        DatasetExport(m_context.prompts).copy(selected.first()->dataset());
+    }
 }

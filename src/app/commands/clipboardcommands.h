@@ -19,6 +19,8 @@ public:
     /// At the place in the scene that the action has as its data, else beside what is there.
     void paste();
     void duplicateBranch();
+    /// The table of the one selected item, as text; asks first when it is large.
+    void copyData();
     /// Whether the clipboard holds items.
     static bool canPaste();
 

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "app/commands/commandcontext.h"
+#include "settings/webpages.h"
 
-/// Commands of the Help menu.
+/// Commands of the Help menu and of the buttons for help in the status bar.
 class HelpCommands
 {
 public:
@@ -12,6 +13,10 @@ public:
     }
 
     void about();
+    /// Shows a page in the browser; `command` is the text of what was chosen, for when that fails.
+    void openPage(WebPages::Page page, const char *command);
+    void onFeedbackClicked();
+    void onIntroVideoClicked();
 
 private:
     const CommandContext m_context;

@@ -10,6 +10,7 @@
 #include "graph/node.h"
 #include "panes/canvas/graphpane.h"
 #include "panes/canvas/timingprofile.h"
+#include "panes/items/itempane.h"
 #include "panes/status/logpane.h"
 #include "panes/widgets/tips.h"
 #include "settings/settings.h"
@@ -115,6 +116,11 @@ void ViewCommands::updateTimingProfile()
 void ViewCommands::connectByKeyboard()
 {
     m_context.graphPane.onConnectByKeyboard();
+}
+
+void ViewCommands::showFullscreen()
+{
+    m_context.itemPane.showFullscreen();
 }
 
 void ViewCommands::setActionPaneShown(bool on)

@@ -35,6 +35,8 @@ public:
     /// After a run, and for another scene.
     void updateTimingProfile();
     void connectByKeyboard();
+    /// The panel of the one selected item.
+    void showFullscreen();
     void setToolBarShown(bool on);
     void setActionPaneShown(bool on);
     void setItemPaneShown(bool on);

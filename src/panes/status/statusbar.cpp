@@ -3,16 +3,18 @@
 #include "data/values.h"
 #include "graph/runcontrol.h"
 #include "panes/status/nodestatuswidget.h"
+#include "settings/product.h"
 #include "settings/settingkey.h"
 #include "settings/settings.h"
 #include "settings/settingsnotifier.h"
+#include "settings/webpages.h"
 
+#include <QIcon>
 #include <QLabel>
 #include <QLocale>
-#include <QPainter>
-#include <QPainterPath>
 #include <QProgressBar>
 #include <QTimer>
+#include <QToolButton>
 
 namespace {
 
@@ -20,26 +22,7 @@ constexpr int widestProgress = 300;
 constexpr int progressHidesMs = 500;
 constexpr int labelsReturnMs = 600;
 constexpr double warningRatio = 0.75;
-constexpr int heartSide = 16;
-
-/// A heart that fills its square by `share`.
-QPixmap heartPixmap(double share, double ratio)
-{
-    QPixmap pixmap(qRound(heartSide * ratio), qRound(heartSide * ratio));
-    pixmap.setDevicePixelRatio(ratio);
-    pixmap.fill(Qt::transparent);
-    QPainterPath path(QPointF(0, 0.9));
-    path.cubicTo(-1.3, 0.1, -0.9, -0.9, -0.4, -0.8);
-    path.cubicTo(-0.15, -0.75, 0, -0.5, 0, -0.4);
-    path.cubicTo(0, -0.5, 0.15, -0.75, 0.4, -0.8);
-    path.cubicTo(0.9, -0.9, 1.3, 0.1, 0, 0.9);
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(heartSide / 2.0, heartSide / 2.0);
-    painter.scale(share * heartSide / 2.0, share * heartSide / 2.0);
-    painter.fillPath(path, QColor(0xe7, 0x40, 0x5b));
-    return pixmap;
-}
+constexpr int heartSide = 24;
 
 } // namespace
 
@@ -56,13 +39,22 @@ StatusBar::StatusBar(QWidget *parent)
     m_memory->setObjectName(QStringLiteral("memory"));
     m_progress->setMaximumWidth(widestProgress);
     m_progress->setAccessibleName(QStringLiteral("Progress"));
-    m_heart->setFixedSize(heartSide, heartSide);
+    m_heart->setObjectName(QStringLiteral("heart"));
+    m_heart->setFixedWidth(heartSide);
     addPermanentWidget(m_heart);
     addPermanentWidget(m_locale);
     addPermanentWidget(m_statistics);
     addPermanentWidget(m_progress);
     addPermanentWidget(m_itemStatus);
     addPermanentWidget(m_memory);
+    m_feedback = addButton(QStringLiteral("Email us questions/feedback"),
+        QStringLiteral("Email questions or feedback on %1 to %2.")
+            .arg(QLatin1String(Product::name), QLatin1String(Product::supportAddress)));
+    connect(m_feedback, &QToolButton::clicked, this, &StatusBar::feedbackClicked);
+    m_introVideo = addButton(QStringLiteral("Watch intro video"),
+        QStringLiteral("Click to watch a short introduction video (recommended)."));
+    connect(m_introVideo, &QToolButton::clicked, this, &StatusBar::introVideoClicked);
+    hideUsedButtons();
     m_heart->hide();
     m_progress->hide();
     m_statistics->hide();
@@ -75,6 +67,22 @@ StatusBar::StatusBar(QWidget *parent)
             onUpdateMemory();
         }
     });
+}
+
+QToolButton *StatusBar::addButton(const QString &text, const QString &tip)
+{
+    auto *button = new QToolButton;
+    button->setText(text);
+    button->setToolTip(tip);
+    button->setAutoRaise(true);
+    addPermanentWidget(button);
+    return button;
+}
+
+void StatusBar::hideUsedButtons()
+{
+    m_feedback->setVisible(!Settings::current().howDoIClicked());
+    m_introVideo->setVisible(WebPages::exist() && !Settings::current().introVideoClicked());
 }
 
 void StatusBar::onShowMessage(const QString &text)
@@ -102,14 +110,16 @@ void StatusBar::showStatistics(const QString &text)
 
 void StatusBar::onHeartBeat()
 {
-    static const double sizes[] = {0.6, 0.8, 1.0, 0.8};
+    static constexpr int steps[] = {0, 1, 2, 1};
     m_beat = (m_beat + 1) % 4;
-    m_heart->setPixmap(heartPixmap(sizes[m_beat], devicePixelRatioF()));
+    const QIcon picture(QStringLiteral(":/images/heart_24px_%1.png").arg(steps[m_beat]));
+    m_heart->setPixmap(picture.pixmap(window()->windowHandle(), QSize(heartSide, heartSide)));
 }
 
 void StatusBar::onShowProgress(int percent)
 {
     m_progress->setValue(percent);
+    emit progressShown(percent);
     if (percent < 100) {
         m_progress->show();
         m_heart->show();

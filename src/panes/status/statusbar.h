@@ -4,9 +4,11 @@
 
 class QLabel;
 class QProgressBar;
+class QToolButton;
 class NodeStatusWidget;
 
-/// Messages, a heart that beats during work, the locale, how far a run is and how much memory it takes.
+/// Messages, a heart that beats during work, the locale, how far a run is, how much memory it takes, and, until they
+/// have been used, the buttons for questions and for the first video.
 class StatusBar : public QStatusBar
 {
     Q_OBJECT
@@ -21,6 +23,14 @@ public:
     NodeStatusWidget &itemStatus() { return *m_itemStatus; }
     /// Figures of the cells that are selected in a table; empty for none.
     void showStatistics(const QString &text);
+    /// Takes away the buttons that the settings say have been used.
+    void hideUsedButtons();
+
+signals:
+    void feedbackClicked();
+    void introVideoClicked();
+    /// How far a run is, in percent; 100 at its end.
+    void progressShown(int percent);
 
 public slots:
     /// Shows a message for two seconds.
@@ -35,6 +45,7 @@ public slots:
     void onUpdateMemory();
 
 private:
+    QToolButton *addButton(const QString &text, const QString &tip);
     void endProgress();
 
     QLabel *m_heart;
@@ -43,5 +54,7 @@ private:
     QProgressBar *m_progress;
     NodeStatusWidget *m_itemStatus;
     QLabel *m_memory;
+    QToolButton *m_feedback;
+    QToolButton *m_introVideo;
     int m_beat = 0;
 };

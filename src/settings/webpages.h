@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QUrl>
+
+/// Pages of the site that belongs to the program.
+namespace WebPages {
+
+enum class Page { Faq, Forum, IntroVideo, Newsletter, Support };
+
+/// Whether the program was built with the address of a site (QUILLMERE_WEB_ADDRESS).
+bool exist();
+/// Empty when there is no site.
+QUrl address(Page page);
+
+} // namespace WebPages
