@@ -55,10 +55,9 @@ public:
     OptionInfo info(const QByteArray &key) const override
     {
         const OptionField<Options> &option = field(key);
-        const bool choosesText = std::holds_alternative<typename OptionField<Options>::template Member<int>>(
-            option.member);
+        const bool isNumber = option.value(Options()).type() == QVariant::Int;
         return {option.label, option.toolTip, option.editor, option.choices, option.choiceNumbers,
-            option.hasLimits && choosesText, option.lowest, option.highest, !option.settingsKey.isEmpty()};
+            option.hasLimits && isNumber, option.lowest, option.highest, !option.settingsKey.isEmpty()};
     }
     QVariant value(const QByteArray &key) const override { return field(key).value(m_read()); }
     bool setValue(const QByteArray &key, const QVariant &value, const QString &label) override
