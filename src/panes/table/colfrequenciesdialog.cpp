@@ -230,6 +230,11 @@ void ColFrequenciesDialog::showFrequencies()
     }
     m_frequencies->setRowCount(0);
     m_frequencies->setRowCount(lines.size());
+    // Bars of many different values would be too short to see beside all rows.
+    int longestBar = 1;
+    for (const ValueFrequencies::Line &line : lines) {
+        longestBar = line.value < 0 ? longestBar : qMax(longestBar, line.count);
+    }
     for (int row = 0; row < lines.size(); ++row) {
         const ValueFrequencies::Line &line = lines.at(row);
         const double share = rows > 0 ? static_cast<double>(line.count) / rows : 0;
@@ -240,7 +245,8 @@ void ColFrequenciesDialog::showFrequencies()
                                   : line.countText;
         addLine(*m_frequencies, row, {line.text, count},
             line.value < 0 ? QString() : valueTip(m_profile.m_values, line.value, column), line.value);
-        m_frequencies->item(row, 1)->setData(FrequencyBarDelegate::shareRole, share);
+        m_frequencies->item(row, 1)->setData(
+            FrequencyBarDelegate::shareRole, static_cast<double>(line.count) / longestBar);
     }
 }
 

@@ -211,6 +211,11 @@ void DataTableView::keyPressEvent(QKeyEvent *event)
         onCopySelectedWithoutHeader();
         return;
     }
+    const bool asksForMenu = event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier;
+    if (asksForMenu && currentIndex().isValid()) {
+        showCellMenu(currentIndex(), viewport()->mapToGlobal(visualRect(currentIndex()).center()));
+        return;
+    }
     QTableView::keyPressEvent(event);
 }
 
@@ -361,9 +366,13 @@ void DataTableView::contextMenuEvent(QContextMenuEvent *event)
 {
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
     const QModelIndex index = byKey ? currentIndex() : indexAt(event->pos());
-    if (!index.isValid()) {
-        return;
+    if (index.isValid()) {
+        showCellMenu(index, byKey ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos());
     }
+}
+
+void DataTableView::showCellMenu(const QModelIndex &index, const QPoint &place)
+{
     if (!selectionModel()->isSelected(index)) {
         setCurrentIndex(index);
     } else {
@@ -384,7 +393,7 @@ void DataTableView::contextMenuEvent(QContextMenuEvent *event)
             ->setEnabled(!value.isEmpty());
     }
     menu->addAction(QStringLiteral("Show &Value..."), this, &DataTableView::onShowValue);
-    menu->popup(byKey ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos());
+    menu->popup(place);
 }
 
 void DataTableView::onFilterRowContains()

@@ -83,6 +83,7 @@ private:
     QVector<CellRange> selectedRanges() const;
     void copy(CopiedHeader header);
     void addCopyActions(QMenu &menu, bool withHeaderOnly);
+    void showCellMenu(const QModelIndex &index, const QPoint &place);
     void showHint();
     QString currentValue() const;
 
