@@ -19,6 +19,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <algorithm>
 
 namespace {
 
@@ -125,6 +126,23 @@ QVector<CellRange> DataTableView::selectedRanges() const
         }
     }
     return ranges;
+}
+
+bool DataTableView::isWholeColumnSelected(int column) const
+{
+    const QVector<CellRange> ranges = selectedRanges();
+    return std::any_of(ranges.cbegin(), ranges.cend(), [&](const CellRange &range) {
+        return range.left <= column && column <= range.right && range.bottom - range.top + 1 == m_model->rowCount();
+    });
+}
+
+bool DataTableView::isWholeRowSelected(int row) const
+{
+    // The selection itself: columns that the filter hides don't make a row less whole.
+    const QItemSelection selection = selectionModel()->selection();
+    return std::any_of(selection.cbegin(), selection.cend(), [&](const QItemSelectionRange &range) {
+        return range.top() <= row && row <= range.bottom() && range.width() == m_model->columnCount();
+    });
 }
 
 QString DataTableView::selectionText() const
@@ -299,7 +317,7 @@ void DataTableView::onVerticalHeaderRightClicked(QPoint pos)
     if (row < 0) {
         return;
     }
-    if (!selectionModel()->rowIntersectsSelection(row, QModelIndex())) {
+    if (!isWholeRowSelected(row)) {
         selectRow(row);
     }
     auto *menu = new QMenu(this);
@@ -318,7 +336,7 @@ void DataTableView::onHorizontalHeaderRightClicked(QPoint pos)
     if (column < 0) {
         return;
     }
-    if (!selectionModel()->columnIntersectsSelection(column, QModelIndex())) {
+    if (!isWholeColumnSelected(column)) {
         selectColumn(column);
     }
     auto *menu = new QMenu(this);
@@ -408,15 +426,15 @@ void DataTableView::onFilterColContains()
 
 void DataTableView::onHeaderSectionResized(int logicalIndex, int, int newSize)
 {
-    const auto isWhole = [this](int column) { return selectionModel()->isColumnSelected(column, QModelIndex()); };
     // Only what a person drags; hiding a column resizes it too.
-    if (m_isResizing || newSize == 0 || !(QGuiApplication::mouseButtons() & Qt::LeftButton) || !isWhole(logicalIndex)) {
+    if (m_isResizing || newSize == 0 || !(QGuiApplication::mouseButtons() & Qt::LeftButton)
+        || !isWholeColumnSelected(logicalIndex)) {
         return;
     }
     m_isResizing = true;
     for (const CellRange &range : selectedRanges()) {
         for (int column = range.left; column <= range.right; ++column) {
-            if (column != logicalIndex && isWhole(column)) {
+            if (column != logicalIndex && isWholeColumnSelected(column)) {
                 setColumnWidth(column, newSize);
             }
         }

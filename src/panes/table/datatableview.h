@@ -81,6 +81,8 @@ private:
     Prompts &prompts();
     /// The selected cells without those in hidden columns.
     QVector<CellRange> selectedRanges() const;
+    bool isWholeColumnSelected(int column) const;
+    bool isWholeRowSelected(int row) const;
     void copy(CopiedHeader header);
     void addCopyActions(QMenu &menu, bool withHeaderOnly);
     void showCellMenu(const QModelIndex &index, const QPoint &place);

@@ -155,6 +155,15 @@ TEST_F(DataTableViewTest, CellsHaveAMenu)
     menu->close();
 }
 
+TEST_F(DataTableViewTest, ShiftF10OpensTheMenuOfTheCurrentCell)
+{
+    view.setCurrentIndex(view.table().index(1, 2));
+    QTest::keyClick(&view, Qt::Key_F10, Qt::ShiftModifier);
+    const auto *menu = view.findChild<QMenu *>();
+    ASSERT_TRUE(menu);
+    EXPECT_TRUE(textsOf(*menu).contains("Filter on &row contains 'x'"));
+}
+
 TEST_F(DataTableViewTest, HeadersHaveMenus)
 {
     view.onVerticalHeaderRightClicked(QPoint(2, view.rowViewportPosition(1) + 2));
@@ -173,6 +182,8 @@ TEST_F(DataTableViewTest, HeadersHaveMenus)
     menu = view.findChild<QMenu *>();
     ASSERT_TRUE(menu);
     EXPECT_EQ(menu->actions().at(0)->text(), "Show Column &Values");
+    menu->actions().at(2)->trigger();
+    EXPECT_EQ(clipboard(), "x\r\nx\r\ny") << "the column, not the row that crosses it";
     menu->actions().at(0)->trigger();
     EXPECT_EQ(prompts.seen, QStringList({"Row Values", "Column Values"}));
 }
