@@ -3,6 +3,8 @@
 #include "data/dataset.h"
 #include "data/preparedmatch.h"
 
+#include <vector>
+
 namespace {
 
 PreparedMatch containing(const QString &text)
@@ -15,15 +17,18 @@ PreparedMatch containing(const QString &text)
 QVector<int> DataFilter::rowsContaining(const Dataset &dataset, const QString &text)
 {
     const PreparedMatch match = containing(text);
-    QVector<char> found(dataset.rowCount());
+    const bool emptyMatches = match.matches(Cell());
+    std::vector<char> found(static_cast<size_t>(dataset.rowCount()));
     for (int column = 0; column < dataset.columnCount(); ++column) {
-        for (int row = 0; row < dataset.rowCount(); ++row) {
-            found[row] = found[row] || match.matches(dataset.cell(RowIndex(row), ColumnIndex(column)));
+        const Cell *cell = dataset.column(ColumnIndex(column)).cells.constData();
+        for (char &isFound : found) {
+            isFound = isFound || (cell->isEmpty() ? emptyMatches : match.matches(*cell));
+            ++cell;
         }
     }
     QVector<int> rows;
     for (int row = 0; row < dataset.rowCount(); ++row) {
-        if (found[row]) {
+        if (found[static_cast<size_t>(row)]) {
             rows.append(row);
         }
     }

@@ -302,6 +302,13 @@ void DataTableView::onHorizontalHeaderDoubleClicked(int col)
     TableWindows::showColumn(prompts(), *m_model, col);
 }
 
+void DataTableView::selectCells(const QModelIndex &first, const QModelIndex &last)
+{
+    // Whatever keys are held, which would make the view extend what is selected.
+    selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+    selectionModel()->select(QItemSelection(first, last), QItemSelectionModel::ClearAndSelect);
+}
+
 void DataTableView::addCopyActions(QMenu &menu, bool withHeaderOnly)
 {
     menu.addAction(QStringLiteral("&Copy Selected With Header"), this, &DataTableView::onCopySelectedWithHeader);
@@ -318,7 +325,7 @@ void DataTableView::onVerticalHeaderRightClicked(QPoint pos)
         return;
     }
     if (!isWholeRowSelected(row)) {
-        selectRow(row);
+        selectCells(m_model->index(row, 0), m_model->index(row, m_model->columnCount() - 1));
     }
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -337,7 +344,7 @@ void DataTableView::onHorizontalHeaderRightClicked(QPoint pos)
         return;
     }
     if (!isWholeColumnSelected(column)) {
-        selectColumn(column);
+        selectCells(m_model->index(0, column), m_model->index(m_model->rowCount() - 1, column));
     }
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);

@@ -83,6 +83,7 @@ private:
     QVector<CellRange> selectedRanges() const;
     bool isWholeColumnSelected(int column) const;
     bool isWholeRowSelected(int row) const;
+    void selectCells(const QModelIndex &first, const QModelIndex &last);
     void copy(CopiedHeader header);
     void addCopyActions(QMenu &menu, bool withHeaderOnly);
     void showCellMenu(const QModelIndex &index, const QPoint &place);
