@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QScrollBar>
+#include <QToolButton>
 #include <algorithm>
 
 namespace {
@@ -41,6 +42,7 @@ BatchGrid::BatchGrid(BatchGridModel &model, Prompts &prompts)
     connect(&model, &QAbstractItemModel::columnsInserted, this, &BatchGrid::placeWidgets, later);
     connect(&model, &QAbstractItemModel::modelReset, this, &BatchGrid::placeWidgets, later);
     connect(&model, &QAbstractItemModel::dataChanged, this, &BatchGrid::onDataChanged);
+    connect(this, &QAbstractItemView::activated, this, &BatchGrid::onActivated);
 }
 
 QList<int> BatchGrid::selectedRows() const
@@ -118,6 +120,29 @@ void BatchGrid::placeWidgets()
     dropWidgets(first, last);
     for (int row = first; row <= last && top >= 0; ++row) {
         placeRow(row);
+    }
+    orderForTab(first, last);
+}
+
+/// Widgets that are made later come behind the whole window, so each takes its place behind the one before.
+void BatchGrid::orderForTab(int firstRow, int lastRow)
+{
+    QWidget *previous = this;
+    for (int row = firstRow; row <= lastRow; ++row) {
+        for (int column = 0; column < m_model.columns().size(); ++column) {
+            if (auto *cell = qobject_cast<BatchPathCell *>(indexWidget(m_model.index(row, column)))) {
+                setTabOrder(previous, cell->edit());
+                setTabOrder(cell->edit(), cell->button());
+                previous = cell->button();
+            }
+        }
+    }
+}
+
+void BatchGrid::onActivated(const QModelIndex &index)
+{
+    if (QWidget *cell = indexWidget(index)) {
+        cell->setFocus();
     }
 }
 

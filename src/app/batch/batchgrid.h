@@ -30,10 +30,12 @@ protected:
 private slots:
     void placeWidgets();
     void onDataChanged(const QModelIndex &first);
+    void onActivated(const QModelIndex &index);
 
 private:
     void dropWidgets(int firstRow, int lastRow);
     void placeRow(int row);
+    void orderForTab(int firstRow, int lastRow);
     QWidget *makeCell(const QModelIndex &index);
     QWidget *makeProgressBar(int row) const;
     void fillWidth();

@@ -14,24 +14,24 @@ BatchPathCell::BatchPathCell(const BatchColumn &column, int row, const QString &
     : m_column(column)
     , m_prompts(prompts)
     , m_edit(new QLineEdit(text))
+    , m_button(new QToolButton)
 {
     const QString name = QStringLiteral("%1, row %2").arg(column.header).arg(row + 1);
     m_edit->setAccessibleName(name);
     m_edit->installEventFilter(this);
-    auto *browse = new QToolButton;
-    browse->setText(QStringLiteral("..."));
-    browse->setToolTip(QStringLiteral("Browse..."));
-    browse->setAccessibleName(QStringLiteral("Browse for ") + name);
-    browse->setFocusPolicy(Qt::StrongFocus);
+    m_button->setText(QStringLiteral("..."));
+    m_button->setToolTip(QStringLiteral("Browse..."));
+    m_button->setAccessibleName(QStringLiteral("Browse for ") + name);
+    m_button->setFocusPolicy(Qt::StrongFocus);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(1, 1, 1, 1);
     layout->setSpacing(2);
     layout->addWidget(m_edit);
-    layout->addWidget(browse);
+    layout->addWidget(m_button);
     setFocusProxy(m_edit);
     setAutoFillBackground(true);
     connect(m_edit, &QLineEdit::textChanged, this, &BatchPathCell::textChanged);
-    connect(browse, &QToolButton::clicked, this, &BatchPathCell::onBrowse);
+    connect(m_button, &QToolButton::clicked, this, &BatchPathCell::onBrowse);
 }
 
 bool BatchPathCell::eventFilter(QObject *watched, QEvent *event)

@@ -6,6 +6,7 @@
 
 class Prompts;
 class QLineEdit;
+class QToolButton;
 
 /// A cell of the batch grid: a path that can be typed or chosen. Folders are chosen for inputs from folders, else
 /// files.
@@ -18,6 +19,7 @@ public:
     BatchPathCell(const BatchColumn &column, int row, const QString &text, Prompts &prompts);
 
     QLineEdit *edit() const { return m_edit; }
+    QToolButton *button() const { return m_button; }
 
 signals:
     void textChanged(const QString &text);
@@ -36,4 +38,5 @@ private:
     const BatchColumn m_column;
     Prompts &m_prompts;
     QLineEdit *m_edit;
+    QToolButton *m_button;
 };

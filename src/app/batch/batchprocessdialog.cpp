@@ -119,7 +119,7 @@ QWidget *BatchProcessDialog::buildRowButtons()
 {
     m_add = button("&Add", "Add a row to process.");
     m_remove = button("&Remove", "Remove selected row(s).");
-    m_clear = button("&Clear", "Clear all rows.");
+    m_clear = button("Cl&ear", "Clear all rows.");
     m_clearBeforeAppend = checkBox("clear 'Append' outputs be&fore first append",
         "Check if you want to clear any ouytput files with 'Write mode'=Append before the first append.");
     m_showTips = checkBox("show &tips", "Check to show helpful tips.");

@@ -163,6 +163,26 @@ TEST_F(BatchProcessDialogTest, RowsComeAndGo)
     EXPECT_EQ(enabled(), QStringLiteral("Add"));
 }
 
+TEST_F(BatchProcessDialogTest, TabGoesThroughTheCells)
+{
+    show();
+    click("Add");
+    ASSERT_TRUE(waitFor([this] { return cell("Input alias=in, row 2") != nullptr; }));
+    grid().setFocus();
+    QStringList names;
+    for (int i = 0; i < 9; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        names.append(QApplication::focusWidget()->accessibleName());
+    }
+    const QString row = QStringLiteral("Input alias=in, row %1|Browse for Input alias=in, row %1|Output alias='out' "
+                                       "(Overwrite), row %1|Browse for Output alias='out' (Overwrite), row %1|");
+    EXPECT_EQ(names.join(QLatin1Char('|')), row.arg(1) + row.arg(2) + QStringLiteral("Results"));
+    grid().setFocus();
+    grid().setCurrentIndex(grid().model()->index(1, 0));
+    QTest::keyClick(&grid(), Qt::Key_Return);
+    EXPECT_EQ(QApplication::focusWidget(), cell("Input alias=in, row 2"));
+}
+
 TEST_F(BatchProcessDialogTest, BrowsingFillsTheCell)
 {
     show();
