@@ -23,12 +23,6 @@ const VerbosityRow verbosities[] = {
     {"Maximum", "Summary + processing + warnings + info."},
 };
 
-/// An option in lower case, without its one or two dashes.
-QString optionName(const QString &argument)
-{
-    return argument.mid(argument.startsWith(QLatin1String("--")) ? 2 : 1).toLower();
-}
-
 /// Walks over the arguments and fills a CommandLine.
 class Parser
 {
@@ -105,8 +99,7 @@ private:
     /// False when there is no such option.
     bool takeValueOption(const QString &name, const QString &argument)
     {
-        const bool isOverride = name == QLatin1String("file") || name == QLatin1String("folder");
-        if (!isOverride && name != QLatin1String("log") && name != QLatin1String("verbosity")) {
+        if (!takesValue(name)) {
             return false;
         }
         if (++m_index >= m_arguments.size()) {
@@ -114,7 +107,7 @@ private:
             return true;
         }
         const QString &value = m_arguments.at(m_index);
-        if (isOverride) {
+        if (name == QLatin1String("file") || name == QLatin1String("folder")) {
             m_result.overrides.append(value);
         } else if (name == QLatin1String("log")) {
             m_result.logPath = value;
@@ -166,6 +159,21 @@ QString Verbosity::description(int level)
     return level >= Silent && level <= Maximum ? QString::fromLatin1(verbosities[level].description) : QString();
 }
 
+QString optionName(const QString &argument)
+{
+    if (!argument.startsWith(QLatin1Char('-'))) {
+        return QString();
+    }
+    return argument.mid(argument.startsWith(QLatin1String("--")) ? 2 : 1).toLower();
+}
+
+bool takesValue(const QString &optionName)
+{
+    static const QStringList names{
+        QStringLiteral("log"), QStringLiteral("verbosity"), QStringLiteral("file"), QStringLiteral("folder")};
+    return names.contains(optionName);
+}
+
 CommandLine parseCommandLine(const QStringList &arguments)
 {
     return Parser(arguments).parse();
@@ -173,18 +181,12 @@ CommandLine parseCommandLine(const QStringList &arguments)
 
 bool asksForCommandLine(int argc, char **argv)
 {
-    // What follows one of these is its value, whatever it looks like.
-    const QStringList withValue{
-        QStringLiteral("log"), QStringLiteral("verbosity"), QStringLiteral("file"), QStringLiteral("folder")};
     for (int i = 1; i < argc; ++i) {
-        if (argv[i][0] != '-') {
-            continue;
-        }
         const QString name = optionName(QString::fromLocal8Bit(argv[i]));
         if (name == QLatin1String("cli")) {
             return true;
         }
-        i += withValue.contains(name) ? 1 : 0;
+        i += takesValue(name) ? 1 : 0;
     }
     return false;
 }

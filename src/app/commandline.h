@@ -36,6 +36,11 @@ struct CommandLine
 /// so in `error`; what came before it is kept.
 CommandLine parseCommandLine(const QStringList &arguments);
 
+/// The name of an option, in lower case and without its dashes; empty for an argument that is none.
+QString optionName(const QString &argument);
+/// True for an option whose value is the next argument, whatever that looks like.
+bool takesValue(const QString &optionName);
+
 /// True when the arguments ask for a run without a window; for use before there is an application object.
 bool asksForCommandLine(int argc, char **argv);
 /// True when the arguments name a platform plugin of their own.

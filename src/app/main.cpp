@@ -1,6 +1,7 @@
 #include "app/application.h"
 #include "app/commandline.h"
 #include "app/commandlinerun.h"
+#include "app/consoleanswer.h"
 #include "app/mainwindow.h"
 #include "app/platformchoice.h"
 #include "app/report/runlog.h"
@@ -11,6 +12,7 @@
 #include "platform/display.h"
 
 #include <QHashFunctions>
+#include <cstdio>
 #include <new>
 
 namespace {
@@ -21,6 +23,16 @@ void choosePlatform(int argc, char **argv)
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && !namesPlatform(argc, argv)) {
         qputenv("QT_QPA_PLATFORM", platformsWithoutWindow({argv, argv + argc}).c_str());
     }
+}
+
+/// Without the program's own path.
+QStringList argumentsOf(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i) {
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    }
+    return arguments;
 }
 
 bool openLog(const CommandLine &commandLine, RunLog &log)
@@ -49,6 +61,10 @@ int main(int argc, char **argv)
     // Several outputs follow the order of hashes, which must be the same on every run.
     qSetGlobalQHashSeed(0);
     platform::useUtf8InPlainLocale();
+    if (const QString answer = consoleAnswer(argumentsOf(argc, argv)); !answer.isEmpty()) {
+        std::fputs(answer.toUtf8().constData(), stdout);
+        return std::fflush(stdout) == 0 ? 0 : 1;
+    }
     const bool withoutWindow = asksForCommandLine(argc, argv);
     RunLog::installMessageHandler(withoutWindow);
     const bool hasDisplay = qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || namesPlatform(argc, argv)

@@ -177,6 +177,17 @@ TEST_F(CommandLineRunTest, ExitCodes)
     EXPECT_EQ(run({"broken.transform", "-cli"}).exitCode, 255);
 }
 
+TEST_F(CommandLineRunTest, HelpAndVersionNeedNoDisplay)
+{
+    for (const char *argument : {"--help", "-h", "--version"}) {
+        SCOPED_TRACE(argument);
+        const RunResult result = run({QString::fromLatin1(argument)});
+        EXPECT_EQ(result.exitCode, 0);
+        EXPECT_EQ(result.said, QString());
+        EXPECT_TRUE(result.standardOutput.contains("uillmere")) << result.standardOutput.toStdString();
+    }
+}
+
 TEST_F(CommandLineRunTest, VersionAndBuild)
 {
     const RunResult result = run({"empty.transform", "-cli", "-version", "-build"});
