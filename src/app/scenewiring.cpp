@@ -33,6 +33,7 @@ void SceneWiring::onSceneChanged(GraphScene *old, GraphScene *current)
         }
     }
     current->setBackgroundBrush(m_context.application.colors().color(Colors::Background));
+    current->layOutConnections(); // which the copies that undo keeps go without
     m_context.graphPane.setGraph(current);
     connectToWindow(current);
     connectToPanes(current);

@@ -62,18 +62,29 @@ void Connection::forget(const Node *node)
     }
 }
 
-void Connection::layOut()
+QPainterPath Connection::route() const
 {
     if (!m_from || !m_to) {
-        return;
+        return QPainterPath();
     }
     const QPointF start = m_from->connectionPoint(Direction::Outgoing, m_fromOffset);
-    const QPointF tip = m_to->connectionPoint(Direction::Incoming, m_toOffset);
-    const QPointF end = tip - QPointF(straightEnd, 0);
-    prepareGeometryChange();
-    m_arrowHead = arrowHead(end, tip, headLength);
-    setPath(
-        ConnectionRoute::clearOfBoxes(start, end, m_fromOffset, [this](const QRectF &area) { return boxesIn(area); }));
+    const QPointF end = m_to->connectionPoint(Direction::Incoming, m_toOffset) - QPointF(straightEnd, 0);
+    return ConnectionRoute::clearOfBoxes(
+        start, end, m_fromOffset, [this](const QRectF &area) { return boxesIn(area); });
+}
+
+void Connection::setRoute(const QPainterPath &line)
+{
+    if (line.isEmpty()) {
+        return;
+    }
+    const QPointF end = line.currentPosition();
+    const QPolygonF head = arrowHead(end, end + QPointF(straightEnd, 0), headLength);
+    if (line != path() || head != m_arrowHead) {
+        prepareGeometryChange();
+        m_arrowHead = head;
+        setPath(line);
+    }
 }
 
 QVector<QRectF> Connection::boxesIn(const QRectF &area) const

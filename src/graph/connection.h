@@ -33,8 +33,10 @@ public:
     double toOffset() const { return m_toOffset; }
     void setFromOffset(double offset) { m_fromOffset = offset; }
     void setToOffset(double offset) { m_toOffset = offset; }
-    /// Draws the path anew between the nodes' present places, clear of the boxes of others.
-    void layOut();
+    /// The line between the nodes' present places, clear of the boxes of others.
+    QPainterPath route() const;
+    /// Takes a line that route() gave, with its head.
+    void setRoute(const QPainterPath &line);
     /// The middle of the line, in scene coordinates.
     QPointF middle() const;
 

@@ -153,7 +153,6 @@ std::unique_ptr<GraphScene> GraphCopy::sceneCopy(const GraphScene &scene)
 {
     auto copy = std::make_unique<GraphScene>(scene.document(), scene.parent());
     insertCopies(scene, *copy);
-    copy->layOutConnections();
     updateWholeRect(*copy);
     return copy;
 }

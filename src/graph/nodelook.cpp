@@ -1,26 +1,24 @@
 #include "graph/nodelook.h"
 
+#include "graph/boxshadow.h"
 #include "graph/colors.h"
 #include "graph/graphscene.h"
 #include "graph/node.h"
 #include "graph/nodeoverlayitem.h"
 #include "graph/timingbar.h"
 
-#include <QGraphicsDropShadowEffect>
 #include <QTimer>
 
 namespace {
 
-constexpr double shadowBlurRadius = 40.0;
 constexpr int hoverDelayMs = 150;
 
 } // namespace
 
 NodeLook::NodeLook(Node &node)
     : m_node(node)
-    , m_shadow(new QGraphicsDropShadowEffect(&node))
+    , m_shadow(new BoxShadow(&node))
 {
-    m_shadow->setBlurRadius(shadowBlurRadius);
     node.setGraphicsEffect(m_shadow);
 }
 

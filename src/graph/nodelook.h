@@ -1,9 +1,9 @@
 #pragma once
 
+class BoxShadow;
 class ConnectFromNodeOverlayItem;
 class ConnectToNodeOverlayItem;
 class Node;
-class QGraphicsDropShadowEffect;
 class QTimer;
 class TimingBar;
 
@@ -39,7 +39,7 @@ private:
     void updateConnectFromOverlay();
 
     Node &m_node;
-    QGraphicsDropShadowEffect *m_shadow;
+    BoxShadow *m_shadow;
     ConnectFromNodeOverlayItem *m_connectFrom = nullptr;
     ConnectToNodeOverlayItem *m_connectTo = nullptr;
     TimingBar *m_timingBar = nullptr;
