@@ -227,7 +227,7 @@ void MainWindow::onUpdateTitle()
 
 void MainWindow::onNodeDataChanged(Node *node)
 {
-    m_statusBar->itemStatus().showCounts(scene());
+    m_statusBar->itemStatus().showCountsInRun(scene());
     m_itemPane->refresh(node);
     if (node->state() == NodeState::Processed) {
         m_statusBar->onShowMessage(QStringLiteral("%1 updated").arg(node->name()));

@@ -12,7 +12,7 @@ void PaneInteraction::allow(bool allow)
     }
     m_context.actionPane.setEnabled(allow);
     m_context.graphPane.setEnabled(allow);
-    m_context.graphPane.setInteractive(allow);
+    m_context.graphPane.setRunning(!allow);
     m_context.itemPane.setInteraction(allow);
     m_context.logPane.setEnabled(allow);
     if (allow && m_focus) {

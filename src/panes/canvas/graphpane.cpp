@@ -30,6 +30,7 @@ namespace {
 constexpr double leastFittedWidth = 658.8;
 constexpr double leastFittedHeight = 329.4;
 constexpr double fitMargin = 24.0;
+constexpr int runRepaintMs = 200;
 
 bool isWelcome(const QMimeData *data)
 {
@@ -46,6 +47,7 @@ GraphPane::GraphPane(QWidget *parent)
     setDragMode(QGraphicsView::RubberBandDrag);
     setAcceptDrops(true);
     setAccessibleName(QStringLiteral("Center pane"));
+    connect(&m_runRepaint, &QTimer::timeout, viewport(), QOverload<>::of(&QWidget::update));
     connect(&m_connection, &KeyboardConnection::message, this, &GraphPane::statusMessage);
     connect(&m_connection, &KeyboardConnection::targetChanged, this, [this](Node *target) {
         if (target) {
@@ -65,6 +67,18 @@ void GraphPane::setGraph(GraphScene *scene)
     connect(scene, &GraphScene::nodesAdded, this, &GraphPane::onNodesAdded);
     connect(scene, &GraphScene::nodesDeleted, this, &GraphPane::onNodesDeleted);
     connect(scene, &QGraphicsScene::selectionChanged, this, [this] { CanvasAccessible::notifySelection(*this); });
+}
+
+void GraphPane::setRunning(bool on)
+{
+    setInteractive(!on);
+    setViewportUpdateMode(on ? QGraphicsView::NoViewportUpdate : QGraphicsView::MinimalViewportUpdate);
+    if (on) {
+        m_runRepaint.start(runRepaintMs);
+    } else {
+        m_runRepaint.stop();
+        viewport()->update();
+    }
 }
 
 void GraphPane::onNodesAdded()

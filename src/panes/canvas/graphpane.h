@@ -6,6 +6,7 @@
 
 #include <QGraphicsView>
 #include <QList>
+#include <QTimer>
 #include <QUrl>
 
 class GraphScene;
@@ -57,6 +58,8 @@ public slots:
     void onMagnifyUnderCursor(bool on);
     /// Lets the keyboard connect the selected item.
     void onConnectByKeyboard();
+    /// During a run the canvas shows what has changed a few times a second, not after each item.
+    void setRunning(bool on);
     void onProcessDroppedPaths(const QList<QUrl> &urls, const QPointF &scenePos);
 
 signals:
@@ -100,4 +103,5 @@ private:
     CanvasActions m_actions;
     CanvasKeys m_keys{*this};
     KeyboardConnection m_connection;
+    QTimer m_runRepaint;
 };

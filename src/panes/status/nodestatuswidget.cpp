@@ -12,6 +12,7 @@
 namespace {
 
 constexpr int iconSide = 16;
+constexpr qint64 leastIntervalMs = 200; // between counts of all items during a run
 
 /// In the order in which they stand.
 constexpr NodeStatusIcon order[] = {NodeStatusIcon::UpToDate, NodeStatusIcon::NeedsUpdate, NodeStatusIcon::Warning,
@@ -73,8 +74,16 @@ QString NodeStatusWidget::countText(NodeStatusIcon icon, int count)
     return {};
 }
 
+void NodeStatusWidget::showCountsInRun(const GraphScene &scene)
+{
+    if (!scene.isProcessing() || !m_lastCount.isValid() || m_lastCount.elapsed() > leastIntervalMs) {
+        showCounts(scene);
+    }
+}
+
 void NodeStatusWidget::showCounts(const GraphScene &scene)
 {
+    m_lastCount.start();
     int counts[static_cast<int>(NodeStatusIcon::None) + 1] = {};
     for (const Node *node : scene.nodes()) {
         ++counts[static_cast<int>(node->statusIcon())];

@@ -2,6 +2,7 @@
 
 #include "graph/graphenums.h"
 
+#include <QElapsedTimer>
 #include <QWidget>
 
 class GraphScene;
@@ -17,6 +18,8 @@ public:
     explicit NodeStatusWidget(QWidget *parent = nullptr);
 
     void showCounts(const GraphScene &scene);
+    /// The same, but during a run only a few times a second: counting takes all items each time.
+    void showCountsInRun(const GraphScene &scene);
     /// Such as "3 ok" or "2 need update".
     static QString countText(NodeStatusIcon icon, int count);
 
@@ -26,4 +29,5 @@ signals:
 private:
     static constexpr int kinds = 5;
     QToolButton *m_buttons[kinds] = {};
+    QElapsedTimer m_lastCount;
 };
