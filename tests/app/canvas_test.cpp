@@ -377,6 +377,17 @@ TEST_F(CanvasTest, TheContextMenuCopiesTheDataAndShowsTheItemFullscreen)
     EXPECT_FALSE(panel->isFullScreen());
 }
 
+TEST_F(CanvasTest, LinesAreThereAfterUndo)
+{
+    select(lowId);
+    trigger("m_editDeleteAction");
+    trigger("m_editUndoAction");
+    ASSERT_EQ(scene().connections().size(), 2);
+    for (const Connection *connection : scene().connections()) {
+        EXPECT_GT(connection->path().length(), 10);
+    }
+}
+
 TEST_F(CanvasTest, ADoubleClickShowsTheItemFullscreen)
 {
     QTest::mouseDClick(pane().viewport(), Qt::LeftButton, Qt::NoModifier, placeOf(topId));

@@ -142,6 +142,25 @@ TEST_F(LookTest, ABoxThatIsPutOnALineIsGoneRound)
     EXPECT_LT(line->path().boundingRect().height(), 1);
 }
 
+TEST_F(LookTest, BoxesThrowAShadowWhereTheSchemeHasAColourForIt)
+{
+    Node *in = input("in", 0, 0);
+    const auto paintedBelow = [&](ColorScheme scheme) {
+        const Colors colors{scheme};
+        scene.setColorsOverride(&colors);
+        QImage image(300, 200, QImage::Format_ARGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        const QRectF area = in->mapRectToScene(in->boxRect()).adjusted(-60, -55, 60, 55);
+        scene.render(&painter, image.rect(), area);
+        painter.end();
+        scene.setColorsOverride(nullptr);
+        return image.pixelColor(150, 200 - 55 + 12).lightness();
+    };
+    EXPECT_LT(paintedBelow(ColorScheme::Modern), 250);
+    EXPECT_EQ(paintedBelow(ColorScheme::Candy), 255) << "it has none";
+}
+
 TEST_F(LookTest, EveryKindPaints)
 {
     Node *in = input("in", 0, 0);
