@@ -5,8 +5,11 @@
 #include "app/documentsession.h"
 #include "app/undostack.h"
 #include "graph/graphscene.h"
+#include "graph/nodefactory.h"
 #include "graph/runcontrol.h"
+#include "inputnode/inputnode.h"
 #include "panes/canvas/graphpane.h"
+#include "panes/dialogs/inputfromfolderdialog.h"
 #include "panes/dialogs/insufficientmemorydialog.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/dialogs/texteditdlg.h"
@@ -29,11 +32,16 @@ WindowHooks::WindowHooks(const CommandContext &context, DocumentCommands &docume
         m_context.undo.prepare(hint, isTyping);
     };
     hooks.endUndoStep = [this] { m_context.undo.finish(); };
+    m_createFolderInput = NodeFactory::instance().createFolderInput;
+    NodeFactory::instance().createFolderInput = [this](const QString &folder, const QString &mask) {
+        return askForFolderInput(folder, mask);
+    };
     RunControl::setMemoryCeilingHook([this](double used, double limit) { return raiseMemoryCeiling(used, limit); });
 }
 
 WindowHooks::~WindowHooks()
 {
+    NodeFactory::instance().createFolderInput = m_createFolderInput;
     RunControl::setMemoryCeilingHook({});
     m_context.session.scene().document()->hooks = GraphHooks();
 }
@@ -43,6 +51,19 @@ bool WindowHooks::confirmFiles(const QString &title, const QString &text)
     const WaitCursorPause pause;
     TextEditDlg dialog(title, text, &m_context.window);
     return m_context.prompts.exec(dialog) == QDialog::Accepted;
+}
+
+IONode *WindowHooks::askForFolderInput(const QString &folder, const QString &mask)
+{
+    const WaitCursorPause pause;
+    FolderInput source;
+    source.folder = folder;
+    source.fileMatch = mask.isEmpty() ? source.fileMatch : mask;
+    InputFromFolderDialog dialog(source, m_context.prompts, &m_context.window);
+    if (m_context.prompts.exec(dialog) != QDialog::Accepted) {
+        return nullptr;
+    }
+    return new InputNode(InputOptions::forFolder(dialog.source(), dialog.fileType()));
 }
 
 bool WindowHooks::raiseMemoryCeiling(double used, double limit)

@@ -566,6 +566,26 @@ TEST_F(MainWindowTest, ManyFilesAreConfirmed)
     EXPECT_EQ(readFile(path("x.csv")), "a\n1\n");
 }
 
+TEST_F(MainWindowTest, AFolderIsReadAsThePersonSays)
+{
+    QDir(m_folder.path()).mkpath(QStringLiteral("many"));
+    writeFile(path("many/a.tsv"), "x\n1\n");
+    writeFile(path("many/b.tsv"), "x\n2\n");
+    GraphPane &pane = *m_window->findChild<GraphPane *>();
+    const QList<QUrl> urls = {QUrl::fromLocalFile(path("many"))};
+    {
+        const BoxAnswers answers({QStringLiteral("Cancel")});
+        pane.onProcessDroppedPaths(urls, QPointF(10, 10));
+        EXPECT_EQ(answers.texts(), QStringList{QStringLiteral("Folder To Input")});
+        EXPECT_TRUE(m_window->scene().nodes().isEmpty());
+        EXPECT_FALSE(action("m_editUndoAction").isEnabled());
+    }
+    const BoxAnswers answers({QStringLiteral("OK")});
+    pane.onProcessDroppedPaths(urls, QPointF(10, 10));
+    ASSERT_EQ(m_window->scene().nodes().size(), 1);
+    EXPECT_EQ(m_window->scene().nodes().first()->dataset().rowCount(), 2) << "with the wildcard that was proposed";
+}
+
 TEST_F(MainWindowTest, TheClipboardBecomesAnInput)
 {
     const auto paste = [this](QMimeData *data) {
