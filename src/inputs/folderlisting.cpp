@@ -12,16 +12,9 @@
 
 namespace {
 
-constexpr double bytesPerKilobyte = 1024.0;
-
 bool hasWildcard(const QString &text)
 {
     return text.contains(QLatin1Char('*')) || text.contains(QLatin1Char('?'));
-}
-
-QString sizeText(qint64 bytes)
-{
-    return QStringLiteral("%1KB").arg(formatInteger(qRound64(static_cast<double>(bytes) / bytesPerKilobyte), true));
 }
 
 /// In the words of a listing, which reads nothing yet.
@@ -99,17 +92,17 @@ void FolderListing::run(const std::function<bool()> &goOn)
 QString FolderListing::summary() const
 {
     QSet<QString> folders;
-    qint64 bytes = 0;
+    qint64 kilobytes = 0;
     int sheets = 0;
     for (const FolderListingRow &row : m_rows) {
         folders.insert(row.folder);
-        bytes += row.bytes;
+        kilobytes += row.kilobytes();
         sheets += row.sheets.size();
     }
     const QString sheetText = FileType::isExcel(m_fileType)
                                   ? QStringLiteral(" and %1 sheet(s)").arg(formatInteger(sheets, true))
                                   : QString();
-    return QStringLiteral("%1 file(s)%2 matched in %3 folder(s), total size %4%5")
-        .arg(formatInteger(m_rows.size(), true), sheetText, formatInteger(folders.size(), true), sizeText(bytes),
-            m_isStopped ? QStringLiteral(" (stopped by user)") : QString());
+    return QStringLiteral("%1 file(s)%2 matched in %3 folder(s), total size %4KB%5")
+        .arg(formatInteger(m_rows.size(), true), sheetText, formatInteger(folders.size(), true),
+            formatInteger(kilobytes, true), m_isStopped ? QStringLiteral(" (stopped by user)") : QString());
 }

@@ -14,6 +14,9 @@ struct FolderListingRow
     qint64 bytes = 0;
     QDateTime created; ///< invalid where the file system doesn't keep it
     QDateTime modified;
+
+    /// Rounded up, so that only an empty file has none.
+    qint64 kilobytes() const { return (bytes + 1023) / 1024; }
 };
 
 /// What an input from a folder would read, for a person to check before.

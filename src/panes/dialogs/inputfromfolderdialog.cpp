@@ -28,8 +28,8 @@ namespace {
 enum Column { Folder, FileName, SheetNames, Size, Created, Modified, ReadAccess, ColumnCount };
 
 constexpr QSize firstSize(820, 560);
+constexpr int firstWidths[ColumnCount] = {220, 150, 120, 90, 140, 140, 100};
 constexpr int messageLines = 4;
-constexpr int bytesPerKilobyte = 1024;
 
 QToolButton *makeButton(const QString &text, const char *icon)
 {
@@ -113,6 +113,10 @@ void InputFromFolderDialog::makeButtons()
     m_table->setTextElideMode(Qt::ElideMiddle);
     m_table->setTabKeyNavigation(false);
     m_table->verticalHeader()->hide();
+    m_table->horizontalHeader()->setStretchLastSection(true);
+    for (int column = 0; column < ColumnCount; ++column) {
+        m_table->setColumnWidth(column, firstWidths[column]);
+    }
     m_summary = new QLabel;
     m_summary->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_messages = new QPlainTextEdit;
@@ -227,8 +231,8 @@ void InputFromFolderDialog::showListing(const FolderListing &listing)
     for (int row = 0; row < listing.rows().size(); ++row) {
         const FolderListingRow &file = listing.rows().at(row);
         const QString texts[ColumnCount] = {file.folder, file.name, file.sheets.join(QStringLiteral(", ")),
-            formatInteger((file.bytes + bytesPerKilobyte / 2) / bytesPerKilobyte, true), timeText(file.created),
-            timeText(file.modified), QStringLiteral("Yes")};
+            formatInteger(file.kilobytes(), true), timeText(file.created), timeText(file.modified),
+            QStringLiteral("Yes")};
         for (int column = 0; column < ColumnCount; ++column) {
             auto *item = new QTableWidgetItem(texts[column]);
             item->setToolTip(texts[column]);
