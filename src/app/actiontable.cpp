@@ -203,6 +203,9 @@ const ActionRow rows[] = {
     {&MainActions::inputFromClipboard, "m_inputFromClipboardAction", "From Clipboard", "Alt+Shift+I", "input-clipboard",
         "Input a dataset from the clipboard.", false, [](Commands &c, bool) { c.inputs.addFromClipboard(QPointF()); },
         nullptr, false},
+    {&MainActions::fileFlowReport, "m_fileFlowReportAction", "F&low Report...", "", "",
+        "Describe the flow in a file, for somebody who doesn't have the program.", false,
+        [](Commands &c, bool) { c.files.writeFlowReport(); }, [](const ActionState &s) { return s.hasItems; }, false},
 };
 
 } // namespace

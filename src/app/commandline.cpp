@@ -43,7 +43,7 @@ public:
             }
         }
         if (m_result.error.isEmpty()) {
-            m_result.error = batchError();
+            m_result.error = combinationError();
         }
         return m_result;
     }
@@ -57,9 +57,12 @@ private:
         }
     }
 
-    /// What can't be asked for beside a batch, or empty.
-    QString batchError() const
+    /// What can't be asked for together, or empty.
+    QString combinationError() const
     {
+        if (!m_result.reportPath.isEmpty() && (m_result.batch || !m_result.commandLine)) {
+            return QStringLiteral("-report only works with -cli, for a single run");
+        }
         if (m_result.batch && !m_result.commandLine) {
             return QStringLiteral("-batch only works with -cli");
         }
@@ -111,6 +114,8 @@ private:
             m_result.overrides.append(value);
         } else if (name == QLatin1String("log")) {
             m_result.logPath = value;
+        } else if (name == QLatin1String("report")) {
+            m_result.reportPath = value;
         } else {
             takeVerbosity(value);
         }
@@ -169,8 +174,8 @@ QString optionName(const QString &argument)
 
 bool takesValue(const QString &optionName)
 {
-    static const QStringList names{
-        QStringLiteral("log"), QStringLiteral("verbosity"), QStringLiteral("file"), QStringLiteral("folder")};
+    static const QStringList names{QStringLiteral("log"), QStringLiteral("report"), QStringLiteral("verbosity"),
+        QStringLiteral("file"), QStringLiteral("folder")};
     return names.contains(optionName);
 }
 

@@ -27,6 +27,7 @@ struct CommandLine
     bool namesVerbosity = false;
     QString logPath; ///< as typed, variables and all; empty without a log
     bool overwriteLog = false;
+    QString reportPath;    ///< as logPath, of the report on the flow
     QString document;      ///< absolute; empty when none was named
     QStringList overrides; ///< texts of the form <alias>=<value>, in the order of the arguments
     QString error;         ///< why the program can't go on; empty when it can

@@ -4,12 +4,16 @@
 #include "app/batch/batchcolumns.h"
 #include "app/batch/batchprocess.h"
 #include "app/exceptionreport.h"
+#include "app/flowreport/flowdescription.h"
+#include "app/flowreport/flowreport.h"
 #include "app/programinfo.h"
 #include "app/report/commandlinereport.h"
 #include "app/report/runlog.h"
 #include "app/rowsmilestone.h"
+#include "files/filesheet.h"
 #include "graph/runcontrol.h"
 #include "outputnode/outputnode.h"
+#include "outputs/filenamevariables.h"
 #include "panes/dialogs/insufficientmemorydialog.h"
 #include "platform/console.h"
 #include "settings/product.h"
@@ -140,11 +144,32 @@ int CommandLineRun::process()
     timer.start();
     int exitCode = 0;
     m_scene.setAutoRunOn(true);
-    if (!isCompleted([this] { m_scene.runTransforms(RunMode::EverythingReleasing, true); }, &exitCode)) {
+    // The picture of the flow shows the sizes of all tables.
+    const bool isDescribed = !m_commandLine.reportPath.isEmpty();
+    const RunMode mode = isDescribed ? RunMode::Everything : RunMode::EverythingReleasing;
+    if (!isCompleted([this, mode] { m_scene.runTransforms(mode, true); }, &exitCode)) {
         return exitCode;
     }
     RowsMilestone::advance();
-    return report.write(timer.elapsed()) > 0 ? 1 : 0;
+    const bool hasErrors = report.write(timer.elapsed()) > 0;
+    const bool isTold = !isDescribed || writeFlowReport();
+    return hasErrors || !isTold ? 1 : 0;
+}
+
+bool CommandLineRun::writeFlowReport()
+{
+    FileNameVariables::Context context;
+    context.documentPath = m_commandLine.document;
+    const QString path = FileNameVariables::expanded(m_commandLine.reportPath, context);
+    QString error;
+    if (!FlowReport::write(path, describeFlow(m_scene, m_loaded.notes), &error)) {
+        m_log.error(error);
+        return false;
+    }
+    if (tells(Verbosity::Normal)) {
+        m_log.info(QStringLiteral("Report: %1").arg(absoluteNativePath(path)));
+    }
+    return true;
 }
 
 /// Why the document has no batch that can be run, or empty when it has.

@@ -25,6 +25,8 @@ private:
     void tellWhatWasLost();
     void askNothing();
     int process();
+    /// False after saying that it can't be written.
+    bool writeFlowReport();
     /// Runs the document's batch.
     int processBatch();
     QString batchError() const;

@@ -20,6 +20,7 @@ const OptionRow rows[] = {
     {"-verbosity LEVEL", "what -cli reports, from 0, nothing, to 4; 0 if not given"},
     {"-verbose", "the same as -verbosity 2"},
     {"-log PATH", "write the report to a file too, with {date} etc. in PATH"},
+    {"-report PATH", "with -cli: describe the flow in an HTML or .md file"},
     {"-overwrite", "begin the log file anew instead of appending"},
     {"-version", "the version; with -cli, as the first line of the report"},
     {"-build", "with -cli: tell how the program was built"},

@@ -46,6 +46,7 @@ struct MainActions
     QAction *fileOpenRecent = nullptr;
     QAction *viewToggleTheme = nullptr;
     QAction *fileCommandLine = nullptr;
+    QAction *fileFlowReport = nullptr;
     QAction *runAuto = nullptr;
     QAction *runChanged = nullptr;
     QAction *runSelected = nullptr;

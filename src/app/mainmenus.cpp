@@ -43,7 +43,7 @@ void MainActions::fillMenus(QMainWindow &window)
     addAll(file, {fileNew, fileOpen, fileOpenRecent});
     recentMenu = addMenu(file, "m_fileRecentDocsMenu", "&Recent");
     addAll(file, {nullptr, fileNewWindow, nullptr, fileNotes, nullptr, fileSave, fileSaveAs, nullptr, fileBatchProcess,
-                     fileCommandLine, nullptr, fileExit});
+                     fileCommandLine, fileFlowReport, nullptr, fileExit});
     addAll(*addMenu(bar, "m_menuEdit", "&Edit"),
         {editUndo, editRedo, nullptr, editCut, editCopy, editPaste, nullptr, editDelete, nullptr, editSnapToGrid,
             editSelectAll, nullptr, editLocale, nullptr, editPreferences});

@@ -94,7 +94,7 @@ TEST_F(ActionTableTest, MenusAndToolBarHoldThemInOrder)
 {
     const QPair<const char *, const char *> menus[] = {
         {"m_menuFile", "New, Open, Open Recent, Recent, -, New Window, -, Notes, -, Save, Save As, -, Batch Process, "
-                       "Command Line, -, Exit"},
+                       "Command Line, Flow Report, -, Exit"},
         {"m_menuEdit", "Undo, Redo, -, Cut, Copy, Paste, -, Delete, -, Snap To Grid, Select All, -, Locale, -, "
                        "Preferences"},
         {"m_menuRun", "Auto Run, -, Stop Run"},

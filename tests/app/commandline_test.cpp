@@ -69,6 +69,10 @@ TEST_F(CommandLineTest, Errors)
         {"a batch in a window", {"a.transform", "-batch"}, "-batch only works with -cli"},
         {"a batch on files of the command line", {"a.transform", "-batch", "-cli", "-file", "x=y"},
             "-file and -folder can't be used with -batch, whose rows name the files"},
+        {"a report of a window", {"a.transform", "-report", "x.html"},
+            "-report only works with -cli, for a single run"},
+        {"a report of a batch", {"a.transform", "-cli", "-batch", "-report", "x.html"},
+            "-report only works with -cli, for a single run"},
         {"a batch", {"a.transform", "--Batch", "-CLI", "-verbose"}, ""},
     };
     for (const ParseCase &c : cases) {

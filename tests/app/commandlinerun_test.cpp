@@ -339,6 +339,39 @@ TEST_F(CommandLineRunTest, ErrorsOfABatchAreMarkedInTheLog)
     EXPECT_EQ(run({"batch.transform", "-cli", "-batch", "-verbosity", "0"}).exitCode, 1);
 }
 
+TEST_F(CommandLineRunTest, FlowReport)
+{
+    TestDocument document = plain();
+    document.meta = "<notes value=\"Sent%20each%20Monday.\"/>";
+    document.transforms = "<transform id=\"5\" name=\"Filter\" comment=\"keeps%20b\" pos_v12=\"150\x1f"
+                          "0\"><parameters><parameter name=\"Columns\" "
+                          "value=\"1\x1f"
+                          "1\x1f"
+                          "2\x1f"
+                          "0\x1f"
+                          "b\"/></parameters></transform>";
+    document.connections = connectionXml(1, 5) + connectionXml(5, 2);
+    writeFile(path("told.transform"), document.xml());
+    const RunResult result = run({"told.transform", "-cli", "-verbosity", "2", "-report", "{transformfname}.md"});
+    EXPECT_EQ(result.exitCode, 0) << result.said.toStdString();
+    EXPECT_TRUE(result.said.endsWith(QStringLiteral("\nReport: {dir}/told.md\n"))) << result.said.toStdString();
+    const QString report = QString::fromUtf8(readFile(path("told.md")));
+    for (const char *part : {"# Flow: told.transform\n\nSent each Monday.\n\n![The flow](data:image/png;base64,iVBOR",
+             "## 1. Input: in.csv\n", "## 2. Transform: Filter\n", "Comment: keeps b\n", "Reads: 1. in.csv\n",
+             "Rows: 2 \u2192 1. Columns: 2 \u2192 2.\n", "## 3. Output: "}) {
+        EXPECT_TRUE(report.contains(QString::fromUtf8(part))) << part << "\n"
+                                                              << report.left(300).toStdString() << "...\n"
+                                                              << report.right(1800).toStdString();
+    }
+    EXPECT_FALSE(report.contains(QStringLiteral("caf"))) << "no data";
+    const RunResult mistaken = run({"told.transform", "-cli", "-report", "told.transform"});
+    EXPECT_EQ(mistaken.exitCode, 1);
+    EXPECT_EQ(readFile(path("told.transform")), document.xml());
+    const RunResult refused = run({"told.transform", "-cli", "-report", "no/such/folder/x.html"});
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_TRUE(refused.said.contains(QStringLiteral("Unable to write the report 'no/such/folder/x.html': ")));
+}
+
 TEST_F(CommandLineRunTest, UnknownTransformsAreTold)
 {
     TestDocument document = plain();

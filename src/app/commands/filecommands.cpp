@@ -5,6 +5,8 @@
 #include "app/commandlinedialog.h"
 #include "app/documentcommands.h"
 #include "app/documentsession.h"
+#include "app/flowreport/flowdescription.h"
+#include "app/flowreport/flowreport.h"
 #include "app/recentdocuments.h"
 #include "graph/graphscene.h"
 #include "panes/dialogs/notesdialog.h"
@@ -12,6 +14,7 @@
 #include "panes/dialogs/prompts.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QProcess>
 
 void FileCommands::openRecent()
@@ -71,6 +74,29 @@ void FileCommands::showCommandLine()
     if (!session.scene().isProcessing()) {
         CommandLineDialog dialog(session.scene(), session.path(), session.isModified(), m_context.prompts);
         m_context.prompts.exec(dialog);
+    }
+}
+
+void FileCommands::writeFlowReport()
+{
+    const DocumentSession &session = m_context.session;
+    if (session.scene().isProcessing()) {
+        return;
+    }
+    const QFileInfo document(session.path());
+    const QString start = session.path().isEmpty() ? QString()
+                                                   : document.path() + QLatin1Char('/') + document.completeBaseName();
+    QString path = m_context.prompts.saveFile({QStringLiteral("Flow report"), start + QStringLiteral(".html"),
+        QStringLiteral("HTML (*.html);;Markdown (*.md)")});
+    if (path.isEmpty()) {
+        return;
+    }
+    if (QFileInfo(path).suffix().isEmpty()) {
+        path += QStringLiteral(".html");
+    }
+    QString error;
+    if (!FlowReport::write(path, describeFlow(session.scene(), session.notes()), &error)) {
+        m_context.prompts.critical(error);
     }
 }
 

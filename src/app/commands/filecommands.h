@@ -23,6 +23,8 @@ public:
     /// Runs the document over many files, if its items allow that.
     void batchProcess();
     void showCommandLine();
+    /// Describes the flow in a file for somebody who doesn't have the program.
+    void writeFlowReport();
     void exit();
 
 private:
