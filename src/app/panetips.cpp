@@ -61,8 +61,8 @@ bool PaneTips::showNext()
     }
     for (const Tip &tip : actionTips() + canvasTips()) {
         if (tip.isDue
-            && Tips::showOnce(
-                QString::fromLatin1(tip.key), QString::fromLatin1(tip.title), tip.text, shownMs, tip.anchor)) {
+            && Tips::showOnce(QString::fromLatin1(tip.key), QString::fromLatin1(tip.title), tip.text, shownMs,
+                tip.anchor, Qt::RightEdge)) {
             return true;
         }
     }

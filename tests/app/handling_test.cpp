@@ -327,3 +327,29 @@ TEST_F(HandlingTest, WhatTheCanvasCantUseIsRefused)
     QCoreApplication::processEvents();
     EXPECT_TRUE(scene().nodes().isEmpty());
 }
+
+TEST_F(HandlingTest, AThousandFilesDropAtOnce)
+{
+    constexpr int fileCount = 1000;
+    QStringList paths;
+    for (int i = 0; i < fileCount; ++i) {
+        paths.append(path(("f" + std::to_string(i) + ".csv").c_str()));
+        writeFile(paths.last(), "k\n" + QByteArray::number(i) + "\n");
+    }
+    m_window->findChild<QAction *>(QStringLiteral("m_runAutoAction"))->setChecked(false);
+    EXPECT_TRUE(dropPaths(paths));
+    ASSERT_TRUE(waitFor([this] { return scene().nodes().size() == fileCount; }));
+    const QList<Node *> inputs = scene().nodes();
+    EXPECT_EQ(scene().nodes(true).size(), fileCount) << "all are selected, to go on with them";
+    QSet<QPair<int, int>> places;
+    QSet<QString> aliases;
+    for (const Node *node : inputs) {
+        places.insert({qRound(node->x()), qRound(node->y())});
+        aliases.insert(node->alias());
+    }
+    EXPECT_EQ(places.size(), fileCount);
+    EXPECT_EQ(aliases.size(), fileCount);
+    auto *undo = m_window->findChild<QAction *>(QStringLiteral("m_editUndoAction"));
+    undo->trigger();
+    EXPECT_TRUE(scene().nodes().isEmpty()) << "one step takes all back";
+}
