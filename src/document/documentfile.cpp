@@ -203,8 +203,7 @@ bool saveDocument(
 {
     const StableAttributeOrder order;
     QDomDocument tree(documentTypeName());
-    QDomElement root;
-    writeDocument(*document.scene, false, path, document.notes, document.autoRunOn, tree, root);
+    QDomElement root = writeDocument(*document.scene, false, {path, document.notes, document.autoRunOn}, tree);
     writeBatchSettings(document.batch, root);
     const QString text = tree.toString(indent);
     if (handle) {

@@ -129,16 +129,15 @@ void writeConnections(const QVector<ConnectionRecord> &connections, QDomElement 
 
 } // namespace
 
-void writeDocument(const GraphScene &scene, bool selectedOnly, const QString &docPath, const QString &docNotes,
-    bool autoRun, QDomDocument &document, QDomElement &rootElement)
+QDomElement writeDocument(const GraphScene &scene, bool selectedOnly, const DocumentHead &head, QDomDocument &document)
 {
     DocumentRecords records = recordsOf(scene, selectedOnly);
     records.meta.locale = QLocale().name();
     records.meta.snapToGrid = scene.snapToGrid();
-    records.meta.notes = docNotes;
-    records.meta.docPath = QDir::toNativeSeparators(docPath);
-    records.meta.autoRunOn = autoRun;
-    rootElement = writeRecords(records, document);
+    records.meta.notes = head.notes;
+    records.meta.docPath = QDir::toNativeSeparators(head.path);
+    records.meta.autoRunOn = head.autoRunOn;
+    return writeRecords(records, document);
 }
 
 QDomElement writeRecords(const DocumentRecords &records, QDomDocument &document)

@@ -6,10 +6,17 @@ class GraphScene;
 class QDomDocument;
 class QDomElement;
 
-/// Fills the empty `document` with the scene, and gives its root element. With `selectedOnly` it becomes a fragment for
+/// What a document says of itself, beside what its scene knows.
+struct DocumentHead
+{
+    QString path;
+    QString notes;
+    bool autoRunOn = true;
+};
+
+/// Fills the empty `document` with the scene; gives its root element. With `selectedOnly` it becomes a fragment for
 /// the clipboard: selected items, and selected connections between them.
-void writeDocument(const GraphScene &scene, bool selectedOnly, const QString &docPath, const QString &docNotes,
-    bool autoRun, QDomDocument &document, QDomElement &rootElement);
+QDomElement writeDocument(const GraphScene &scene, bool selectedOnly, const DocumentHead &head, QDomDocument &document);
 
 /// Fills the empty `document` with records; gives its root element.
 QDomElement writeRecords(const DocumentRecords &records, QDomDocument &document);

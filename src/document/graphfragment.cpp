@@ -21,8 +21,7 @@ QByteArray GraphFragment::ofSelection(const GraphScene &scene)
         return {};
     }
     QDomDocument tree(documentTypeName());
-    QDomElement root;
-    writeDocument(scene, true, scene.documentPath(), QString(), scene.isAutoRunOn(), tree, root);
+    writeDocument(scene, true, {scene.documentPath(), QString(), scene.isAutoRunOn()}, tree);
     return tree.toByteArray(indent);
 }
 

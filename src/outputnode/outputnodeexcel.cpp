@@ -124,8 +124,8 @@ void OutputNode::copyTemplateStyle(const QString &path, const QString &sheet)
     const bool isXls = OutputPaths::extension(model.file) == FileType::defaultExtension(FileType::ExcelXls);
     const QString shownFile = QDir::toNativeSeparators(model.file);
     QString error;
-    if (copySheetStyle(isXls ? FileType::ExcelXls : FileType::ExcelXlsx, model.file, model.sheet, m_fileType, path,
-            sheet, &error)) {
+    const SheetPlace from{isXls ? FileType::ExcelXls : FileType::ExcelXlsx, model.file, model.sheet};
+    if (copySheetStyle(from, {m_fileType, path, sheet}, &error)) {
         m_infos.append(QStringLiteral("Copied styling from '%1[%2]'").arg(shownFile, model.sheet));
     } else {
         m_warnings.append(QStringLiteral("Unable to copy styling from '%1[%2]: %3").arg(shownFile, model.sheet, error));

@@ -133,27 +133,26 @@ private:
 
 } // namespace
 
-bool copySheetStyle(int templateType, const QString &templatePath, const QString &templateSheet, int targetType,
-    const QString &path, const QString &sheet, QString *error)
+bool copySheetStyle(const SheetPlace &model, const SheetPlace &target, QString *error)
 {
-    if (isSameFile(templatePath, path) && templateSheet.toLower() == sheet.toLower()) {
+    if (isSameFile(model.file, target.file) && model.sheet.toLower() == target.sheet.toLower()) {
         *error = QStringLiteral("Cannot use a sheet as it's own style template.");
         return false;
     }
     const WaitCursor waiting;
-    Book from(ExcelBook::kindOf(templateType));
-    const Sheet *model = open(from, templatePath, templateSheet, error);
-    if (!model) {
+    Book from(ExcelBook::kindOf(model.fileType));
+    const Sheet *modelSheet = open(from, model.file, model.sheet, error);
+    if (!modelSheet) {
         return false;
     }
-    Book book(ExcelBook::kindOf(targetType));
-    Sheet *target = open(book, path, sheet, error);
-    if (!target) {
+    Book book(ExcelBook::kindOf(target.fileType));
+    Sheet *targetSheet = open(book, target.file, target.sheet, error);
+    if (!targetSheet) {
         return false;
     }
-    StyleCopy(from, *model, &book, target).copy();
-    if (!book.save(path)) {
-        *error = QStringLiteral("Unable to save changes to '%1'.").arg(absoluteNativePath(path));
+    StyleCopy(from, *modelSheet, &book, targetSheet).copy();
+    if (!book.save(target.file)) {
+        *error = QStringLiteral("Unable to save changes to '%1'.").arg(absoluteNativePath(target.file));
         return false;
     }
     return true;

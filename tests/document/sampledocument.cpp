@@ -50,8 +50,7 @@ QByteArray savedText(const GraphScene &scene, bool selectedOnly)
 {
     qSetGlobalQHashSeed(0);
     QDomDocument document(documentTypeName());
-    QDomElement root;
-    writeDocument(scene, selectedOnly, QString(), QString(), true, document, root);
+    writeDocument(scene, selectedOnly, DocumentHead(), document);
     return withoutSaver(document.toByteArray(4));
 }
 

@@ -57,7 +57,7 @@ protected:
     {
         m_error.clear();
         const bool copied = copySheetStyle(
-            typeOf(from), path(from), fromSheet, typeOf(to), path(to), toSheet, &m_error);
+            {typeOf(from), path(from), fromSheet}, {typeOf(to), path(to), toSheet}, &m_error);
         m_error.replace(m_dir.path(), "DIR");
         return copied;
     }

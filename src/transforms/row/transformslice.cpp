@@ -105,10 +105,10 @@ private:
             row = values.integer("From_Plus");
             break;
         case FirstRowWhere:
-            row = search(values, input, "From", 0, count, 1, 0, fromShare);
+            row = search(values, input, "From", {0, count, 0, fromShare});
             break;
         case LastRowWhere:
-            row = search(values, input, "From", count - 1, -1, -1, 0, fromShare);
+            row = search(values, input, "From", {count - 1, -1, 0, fromShare});
             break;
         }
         if (row != none && !values.flag("From_Include_First")) {
@@ -126,10 +126,10 @@ private:
             row = qMax(0, count - 1 - values.integer("To_Minus"));
             break;
         case NextRowWhere:
-            row = search(values, input, "To", from + 1, count, 1, fromShare, toShare);
+            row = search(values, input, "To", {from + 1, count, fromShare, toShare});
             break;
         case LastRowToWhere:
-            row = search(values, input, "To", count - 1, from - 1, -1, fromShare, toShare);
+            row = search(values, input, "To", {count - 1, from - 1, fromShare, toShare});
             break;
         }
         if (row != none && !values.flag("To_Include_Last")) {
@@ -138,21 +138,30 @@ private:
         return row >= from ? row : none;
     }
 
-    /// The first row that matches on the way from `begin` to before `end`.
-    int search(const OptionValues &values, const Dataset &input, const QString &which, int begin, int end, int step,
-        double progress, double share)
+    /// Rows that are looked through from `begin` to before `end`, up or down, and their share of the progress.
+    struct Way
+    {
+        int begin;
+        int end;
+        double progressBefore;
+        double share;
+    };
+
+    /// The first row on the way that matches the term of that end.
+    int search(const OptionValues &values, const Dataset &input, const QString &which, const Way &way)
     {
         FilterRecord record;
         record.terms = {{parameter(which + "_Column")->toColumnId(), values.choice(which + "_Operation"),
             values.text(which + "_Value")}};
         RowFilter filter(input, record, values.flag("Case_Sensitive"));
-        const int count = qAbs(end - begin);
-        for (int i = 0; begin + i * step != end; ++i) {
+        const int count = qAbs(way.end - way.begin);
+        const int step = way.end < way.begin ? -1 : 1;
+        for (int i = 0; i < count; ++i) {
             if (i % progressStep == 0) {
-                emit processed(progress + share * i / count);
+                emit processed(way.progressBefore + way.share * i / count);
             }
-            if (filter.keeps(begin + i * step)) {
-                return begin + i * step;
+            if (filter.keeps(way.begin + i * step)) {
+                return way.begin + i * step;
             }
         }
         return none;
