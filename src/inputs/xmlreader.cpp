@@ -9,10 +9,13 @@
 #include <algorithm>
 #include <string_view>
 
-class XmlReader::Reading final : public TreeReading
+namespace {
+
+/// What XmlReader does.
+class XmlReading final : public TreeReading
 {
 public:
-    Reading(const TreeReadOptions &options, TextSource *source)
+    XmlReading(const TreeReadOptions &options, TextSource *source)
         : TreeReading(options, true, source)
     {
     }
@@ -59,34 +62,9 @@ private:
     std::unique_ptr<XmlRecordBuilder> m_builder;
 };
 
+} // namespace
+
 XmlReader::XmlReader(const TreeReadOptions &options, TextSource *source)
-    : m_reading(std::make_unique<Reading>(options, source))
+    : TreeReader(std::make_unique<XmlReading>(options, source))
 {
-}
-
-XmlReader::~XmlReader() = default;
-
-void XmlReader::setProgress(std::function<void(double)> progress)
-{
-    m_reading->setProgress(std::move(progress));
-}
-
-void XmlReader::setBlockSize(int size)
-{
-    m_reading->setBlockSize(size);
-}
-
-bool XmlReader::read(Dataset *dataset)
-{
-    return m_reading->read(dataset);
-}
-
-const QStringList &XmlReader::infos() const
-{
-    return m_reading->infos();
-}
-
-const QStringList &XmlReader::warnings() const
-{
-    return m_reading->warnings();
 }
