@@ -77,18 +77,24 @@ double cachedNumber(const QString &text, bool *ok)
     return number;
 }
 
-template<class ReadDate>
-bool bothDates(const QString &a, const QString &b, const QString &formatA, const QString &formatB, QDate &dateA,
-    QDate &dateB, ReadDate readDate)
+/// A text and the format under which it may be a date.
+struct DatedText
 {
-    if (formatA.isEmpty() || formatB.isEmpty()) {
+    const QString &text;
+    const QString &format;
+};
+
+template<class ReadDate>
+bool bothDates(const DatedText &a, const DatedText &b, QDate &dateA, QDate &dateB, ReadDate readDate)
+{
+    if (a.format.isEmpty() || b.format.isEmpty()) {
         return false;
     }
-    dateA = readDate(a, formatA);
+    dateA = readDate(a.text, a.format);
     if (!dateA.isValid()) {
         return false;
     }
-    dateB = readDate(b, formatB);
+    dateB = readDate(b.text, b.format);
     return dateB.isValid();
 }
 
@@ -160,14 +166,14 @@ void classifyPair(const QString &a, const QString &b, const QString &formatA, co
 {
     const auto readDate = [](const QString &text, const QString &format) { return parseDate(text, format); };
     const auto readNumber = [](const QString &text, bool *ok) { return parseNumber(text, false, true, ok); };
-    isDate = bothDates(a, b, formatA, formatB, dateA, dateB, readDate);
+    isDate = bothDates({a, formatA}, {b, formatB}, dateA, dateB, readDate);
     isNumber = !isDate && bothNumbers(a, b, numberA, numberB, readNumber);
 }
 
 void classifyPairCached(const QString &a, const QString &b, const QString &formatA, const QString &formatB,
     bool &isDate, QDate &dateA, QDate &dateB, bool allowNumbers, bool &isNumber, double &numberA, double &numberB)
 {
-    isDate = bothDates(a, b, formatA, formatB, dateA, dateB, cachedDate);
+    isDate = bothDates({a, formatA}, {b, formatB}, dateA, dateB, cachedDate);
     isNumber = !isDate && allowNumbers && bothNumbers(a, b, numberA, numberB, cachedNumber);
 }
 

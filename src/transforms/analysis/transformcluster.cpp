@@ -185,9 +185,7 @@ private:
         CappedList left;
         qint64 leftRows = 0;
         for (size_t i = 0; i < count; ++i) {
-            if (i % progressStep == 0) {
-                emit processed(done + (1.0 - done) * static_cast<qreal>(i) / static_cast<qreal>(count));
-            }
+            reportRow(static_cast<int>(i), static_cast<int>(count), {done, 1.0});
             nearest.push_back(nearestTerm(texts.values.texts[i], terms, fuzziness));
             if (nearest.back().term >= 0) {
                 rowCounts[static_cast<size_t>(nearest.back().term)] += texts.values.rowCounts[i];

@@ -79,7 +79,7 @@ private:
         ColumnBuilder out(column.size());
         TextBuffer text;
         for (int row = 0; row < column.size(); ++row) {
-            report(begunWriting, 1.0, row, column.size());
+            reportRow(row, column.size(), {begunWriting, 1.0});
             if (windows.size(static_cast<size_t>(row)) == 0) {
                 out.appendEmpty();
                 continue;
@@ -100,7 +100,7 @@ private:
         NumberFailures failures(shownFailures);
         before.reserve(static_cast<size_t>(column.size()) + 1);
         for (int row = 0; row < column.size(); ++row) {
-            report(0.0, begunFigures, row, column.size());
+            reportRow(row, column.size(), {0.0, begunFigures});
             before.push_back(static_cast<int>(numbers.size()));
             bool ok = false;
             const double number = reader.read(cells[row], &ok);
@@ -113,13 +113,6 @@ private:
         before.push_back(static_cast<int>(numbers.size()));
         warningList() += failures.lines();
         return numbers;
-    }
-
-    void report(double begin, double end, int row, int rowCount)
-    {
-        if (row % progressStep == 0) {
-            emit processed(begin + (end - begin) * row / rowCount);
-        }
     }
 
     /// Which numbers lie in each row's window; none for a window that is to stay empty.

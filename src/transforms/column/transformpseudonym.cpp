@@ -80,9 +80,7 @@ private:
         const QString prefix = values.text("Prefix");
         ColumnBuilder column(rowCount);
         for (int row = 0; row < rowCount; ++row) {
-            if (row % progressStep == 0) {
-                emit processed(0.6 + 0.4 * row / rowCount);
-            }
+            reportRow(row, rowCount, {0.6, 1.0});
             const int counter = counters.at(index.firstRow(source.at(row)));
             column.append(prefix + QString::number(start + counter).rightJustified(width, QLatin1Char('0')));
         }
@@ -120,9 +118,7 @@ private:
             const int left = rows.size() - counter;
             const int pick = left == 1 ? 0 : static_cast<int>(random.below(left - 1));
             counters[rows.at(remaining.take(pick))] = counter;
-            if (counter % progressStep == 0) {
-                emit processed(0.4 + 0.2 * counter / rows.size());
-            }
+            reportRow(counter, rows.size(), {0.4, 0.6});
         }
         return counters;
     }

@@ -272,9 +272,7 @@ PartCounts TransformSplit::countParts(const Task &task)
     PartCounts counts;
     const int rowCount = task.input.rowCount();
     for (int row = 0; row < rowCount; ++row) {
-        if (row % progressStep == 0) {
-            emit processed(0.5 * row / rowCount);
-        }
+        reportRow(row, rowCount, {0.0, 0.5});
         counts.addRow(task.partsOf(row));
     }
     return counts;
@@ -310,9 +308,7 @@ Dataset TransformSplit::splitIntoVectors(Task &task)
     }
     const QStringList parts = limitedParts(task, counts.distinct());
     std::vector<CellColumn> columns = counts.columns(parts, task.into != CountVectors, [&](int row) {
-        if (row % progressStep == 0) {
-            emit processed(0.5 + 0.5 * row / rowCount);
-        }
+        reportRow(row, rowCount, {0.5, 1.0});
     });
     Dataset result = task.input;
     for (int i = 0; i < parts.size(); ++i) {

@@ -210,22 +210,15 @@ private:
             values.integer("From"), values.integer("To"));
         const int rowCount = input.rowCount();
         for (int row = 0; row < rowCount; ++row) {
-            reportHalf(row, rowCount, 0);
+            reportRow(row, rowCount, {0.0, 0.5});
             scaling.readRow(row);
         }
         for (int row = 0; row < rowCount; ++row) {
-            reportHalf(row, rowCount, 1);
+            reportRow(row, rowCount, {0.5, 1.0});
             scaling.writeRow(row);
         }
         report(scaling, qint64(rowCount) * columns.size());
         return scaling.take();
-    }
-
-    void reportHalf(int row, int rowCount, int half)
-    {
-        if (row % progressStep == 0) {
-            emit processed(0.5 * half + 0.5 * row / rowCount);
-        }
     }
 
     void report(const Scaling &scaling, qint64 cells)

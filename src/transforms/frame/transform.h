@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/dataset.h"
+#include "transforms/frame/progressspan.h"
 #include "transforms/frame/runmessages.h"
 
 #include <QObject>
@@ -119,11 +120,11 @@ protected:
     void applyUserDefault(bool useDefaults, Parameter *parameter) const;
     /// Verification found errors.
     void setHasIssues() { m_hasIssues = true; }
-    /// Reports progress at every 1000th row.
-    void reportRow(int row, int rowCount)
+    /// Reports progress at every 1000th row of a step, which takes all of the run unless told.
+    void reportRow(int row, int rowCount, ProgressSpan step = ProgressSpan())
     {
         if (row % progressStep == 0) {
-            emit processed(static_cast<qreal>(row) / rowCount);
+            emit processed(step.at(row, rowCount));
         }
     }
     static constexpr int progressStep = 1000;

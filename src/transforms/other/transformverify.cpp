@@ -99,11 +99,9 @@ private:
             const RuleContext context{
                 input.columnName(ColumnIndex(column)), dateFormatOf(*entry, input, ColumnIndex(column)), caseSensitive};
             ColumnVerifier verifier(entry->rules, context, column, input.column(ColumnIndex(column)));
-            verifier.run([&](int row) {
-                if (row % progressStep == 0) {
-                    emit processed((column + static_cast<qreal>(row) / input.rowCount()) / count);
-                }
-            });
+            const ProgressSpan run;
+            const ProgressSpan ofColumn{run.at(column, count), run.at(column + 1, count)};
+            verifier.run([&](int row) { reportRow(row, input.rowCount(), ofColumn); });
             if (verifier.hasRules()) {
                 addInfo(VerifyReport::columnLine(column, context.columnName, entry->type, verifier.outcomes()));
             }

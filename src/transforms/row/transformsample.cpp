@@ -135,9 +135,7 @@ private:
         RemainingRows remaining(count);
         QVector<int> rows(taken);
         for (int i = 0; i < taken; ++i) {
-            if (i % progressStep == 0) {
-                emit processed(drawingShare * i / taken);
-            }
+            reportRow(i, taken, {0.0, drawingShare});
             const quint64 highest = static_cast<quint64>(remaining.size()) - 1;
             rows[i] = remaining.take(static_cast<int>(highest * random.generate() >> 32));
         }

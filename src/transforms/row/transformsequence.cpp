@@ -111,7 +111,7 @@ private:
         CappedList invalid;
         const QString type = QLatin1String(dates ? "date" : "integer");
         for (int row = 0; row < column.size(); ++row) {
-            reportStretch(0.0, row, column.size());
+            reportRow(row, column.size(), {0.0, share});
             const Cell &cell = column.at(row);
             bool ok = false;
             qint64 value = 0;
@@ -188,7 +188,7 @@ private:
         const DateWriter writer(format);
         TextBuffer buffer;
         for (size_t i = 0; i < missing.size(); ++i) {
-            reportStretch(share, static_cast<int>(i), static_cast<int>(missing.size()));
+            reportRow(static_cast<int>(i), static_cast<int>(missing.size()), {share, 2 * share});
             if (format.isEmpty()) {
                 const QByteArray digits = QByteArray::number(missing[i]);
                 texts.append(digits.constData(), digits.size());
@@ -242,13 +242,6 @@ private:
                 }
             }
             result.setColumn(at, column);
-        }
-    }
-
-    void reportStretch(double begin, int row, int rowCount)
-    {
-        if (row % progressStep == 0) {
-            emit processed(begin + share * row / rowCount);
         }
     }
 };

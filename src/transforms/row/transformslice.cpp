@@ -12,8 +12,8 @@ class TransformSlice final : public Transform
     enum ToMode { End, EndMinus, NextRowWhere, LastRowToWhere };     // of To_Mode
 
     static constexpr int none = -1; ///< no such row
-    static constexpr double fromShare = 0.33;
-    static constexpr double toShare = 0.34;
+    static constexpr ProgressSpan fromProgress{0.0, 0.33};
+    static constexpr ProgressSpan toProgress{0.33, 0.67};
 
 public:
     TransformSlice()
@@ -105,10 +105,10 @@ private:
             row = values.integer("From_Plus");
             break;
         case FirstRowWhere:
-            row = search(values, input, "From", {0, count, 0, fromShare});
+            row = search(values, input, "From", {0, count, fromProgress});
             break;
         case LastRowWhere:
-            row = search(values, input, "From", {count - 1, -1, 0, fromShare});
+            row = search(values, input, "From", {count - 1, -1, fromProgress});
             break;
         }
         if (row != none && !values.flag("From_Include_First")) {
@@ -126,10 +126,10 @@ private:
             row = qMax(0, count - 1 - values.integer("To_Minus"));
             break;
         case NextRowWhere:
-            row = search(values, input, "To", {from + 1, count, fromShare, toShare});
+            row = search(values, input, "To", {from + 1, count, toProgress});
             break;
         case LastRowToWhere:
-            row = search(values, input, "To", {count - 1, from - 1, fromShare, toShare});
+            row = search(values, input, "To", {count - 1, from - 1, toProgress});
             break;
         }
         if (row != none && !values.flag("To_Include_Last")) {
@@ -138,13 +138,12 @@ private:
         return row >= from ? row : none;
     }
 
-    /// Rows that are looked through from `begin` to before `end`, up or down, and their share of the progress.
+    /// Rows that are looked through from `begin` to before `end`, up or down, and the step of the run that this is.
     struct Way
     {
         int begin;
         int end;
-        double progressBefore;
-        double share;
+        ProgressSpan progress;
     };
 
     /// The first row on the way that matches the term of that end.
@@ -157,9 +156,7 @@ private:
         const int count = qAbs(way.end - way.begin);
         const int step = way.end < way.begin ? -1 : 1;
         for (int i = 0; i < count; ++i) {
-            if (i % progressStep == 0) {
-                emit processed(way.progressBefore + way.share * i / count);
-            }
+            reportRow(i, count, way.progress);
             if (filter.keeps(way.begin + i * step)) {
                 return way.begin + i * step;
             }
@@ -173,9 +170,7 @@ private:
         QVector<int> rows;
         rows.reserve(keep ? to - from + 1 : count - (to - from + 1));
         for (int row = 0; row < count; ++row) {
-            if (row % progressStep == 0) {
-                emit processed(fromShare + toShare + (1 - fromShare - toShare) * row / count);
-            }
+            reportRow(row, count, {toProgress.end, 1.0});
             if ((row >= from && row <= to) == keep) {
                 rows.append(row);
             }
