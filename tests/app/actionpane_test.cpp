@@ -233,7 +233,11 @@ TEST_F(ActionPaneTest, EachButtonOfInputsAndOutputsAdds)
     ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("many")));
     writeFile(path("many/one.csv"), "a\n1\n");
     m_prompts.paths = QStringList{path("many")};
-    QTest::mouseClick(&button("From Folder"), Qt::LeftButton);
+    {
+        const BoxAnswers answers({QStringLiteral("OK")});
+        QTest::mouseClick(&button("From Folder"), Qt::LeftButton);
+        EXPECT_EQ(answers.texts(), QStringList(QStringLiteral("Folder To Input")));
+    }
     ASSERT_EQ(scene().inputNodes().size(), 1);
     QGuiApplication::clipboard()->setText(QStringLiteral("k\n1\n"));
     QTest::mouseClick(&button("From Clipboard"), Qt::LeftButton);

@@ -284,6 +284,8 @@ TEST_F(HandlingTest, WhatIsDroppedBecomesAnInputThere)
     auto *undo = m_window->findChild<QAction *>(QStringLiteral("m_editUndoAction"));
     for (const auto &c : cases) {
         SCOPED_TRACE(c.what);
+        // A folder asks which of its files are meant.
+        const BoxAnswers answers({QStringLiteral("OK")});
         const QPointF place = pane().mapToScene(pane().viewport()->rect().center());
         EXPECT_TRUE(c.drop());
         ASSERT_TRUE(waitFor([this] { return scene().inputNodes().size() == 1; }));
