@@ -1,9 +1,13 @@
 #include "charts/chartnode.h"
 
+#include "charts/chartfile.h"
+#include "charts/chartmodelbuilder.h"
 #include "graph/colors.h"
 #include "graph/graphscene.h"
+#include "outputnode/filenamecontext.h"
 #include "settings/optionwalk.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QLocale>
 
@@ -92,7 +96,7 @@ QString ChartNode::helpPage() const
 QString ChartNode::resultText() const
 {
     const bool failed = state() == NodeState::Failed;
-    if (m_options.writeFile) {
+    if (m_options.writeFile && (!failed || m_model.isDrawn())) {
         return failed ? QStringLiteral("Error writing") : QStringLiteral("Written");
     }
     return failed ? QStringLiteral("Error plotting") : QStringLiteral("Plotted");
@@ -136,16 +140,48 @@ bool ChartNode::mayRun()
 
 void ChartNode::prepareRun()
 {
+    m_model = ChartModel();
     m_columns.reconnect(*upstreamDataset(), m_warnings, m_infos);
 }
 
 bool ChartNode::produce()
 {
-    if (m_options.writeFile) {
-        m_warnings.append(QStringLiteral("Writing charts is not supported by this version"));
+    m_model = ChartModelBuilder(m_options, m_columns, *upstreamDataset()).build();
+    m_warnings += m_model.warnings;
+    m_infos += m_model.infos;
+    return m_model.isDrawn() && (!m_options.writeFile || writePicture());
+}
+
+bool ChartNode::writePicture()
+{
+    const QString expanded = FileNameVariables::expanded(m_options.path, fileNameContext(graphScene()));
+    const QString path = expanded.isEmpty() ? expanded : QFileInfo(expanded).absoluteFilePath();
+    if (!ChartFile(m_model, m_options).write(path, m_warnings, m_infos)) {
         return false;
     }
+    m_writtenFiles.append(QDir::toNativeSeparators(path));
     return true;
+}
+
+QString ChartNode::placeText() const
+{
+    if (state() == NodeState::Processing) {
+        return QStringLiteral("Processing...");
+    }
+    if (!hasRun()) {
+        return graphScene() && graphScene()->isAutoRunOn() ? QStringLiteral("Awaiting update")
+                                                           : QStringLiteral("Run to update");
+    }
+    if (m_model.isDrawn()) {
+        return QString();
+    }
+    return m_model.refusal.isEmpty() ? QStringLiteral("No data") : m_model.refusal;
+}
+
+void ChartNode::goToRest()
+{
+    Node::goToRest();
+    m_model = ChartModel();
 }
 
 InfoRows ChartNode::kindRows() const

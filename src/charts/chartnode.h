@@ -1,6 +1,7 @@
 #pragma once
 
 #include "charts/chartcolumns.h"
+#include "charts/chartmodel.h"
 #include "charts/chartoptions.h"
 #include "graph/node.h"
 
@@ -26,6 +27,11 @@ public:
     /// Native paths written by the last run.
     const QStringList &writtenFiles() const { return m_writtenFiles; }
 
+    /// What the last run found to draw; empty before it.
+    const ChartModel &model() const { return m_model; }
+    /// One line for the place of the picture; empty when there is a picture to show.
+    QString placeText() const;
+
     /// The table of the one input, or null.
     const Dataset *upstreamDataset() const;
     const ChartColumns &columns() const { return m_columns; }
@@ -44,6 +50,7 @@ public:
     bool isEmpty() const override;
     QString roundedSizeText() const override { return displaySizeText(); }
     QString displaySizeText() const override;
+    void goToRest() override;
     bool hasInputPreview() const override { return true; }
     int maxInputs() const override { return 1; }
     int maxOutputs() const override { return 0; }
@@ -62,11 +69,13 @@ private:
     QString columnsText(const QList<ColumnId> &ids) const;
     bool mayRun() override;
     void prepareRun() override;
-    /// Fails, with a warning, when the picture can't be made.
+    /// Fails, with a warning, when the picture can't be made or written.
     bool produce() override;
+    bool writePicture();
     Node *cloneKind() const override;
 
     ChartOptions m_options;
     ChartColumns m_columns;
+    ChartModel m_model;
     QStringList m_writtenFiles;
 };

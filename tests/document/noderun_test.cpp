@@ -98,8 +98,11 @@ protected:
     ChartNode *chart(Node *source, bool writes = false)
     {
         ChartOptions options;
+        options.type = ChartChoice::Scatter;
         options.writeFile = writes;
-        return add(new ChartNode(options), source);
+        auto *made = new ChartNode(options);
+        made->setStoredColumns(QStringLiteral("1*0"), QStringLiteral("1*0"));
+        return add(made, source);
     }
 
     /// Runs a node and gives what its signals found: what it was doing, how large its table, whether its time was

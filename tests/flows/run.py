@@ -8,7 +8,7 @@ expected/run.log (the log at verbosity 4, with times and the folder's path taken
 usual, `arguments` (one more argument a line; {dir} is the folder) and `exit` (the exit code, 0 by default).
 The document's paths begin with /flows/<case>/, its doc_path with them, so that opening it elsewhere finds the files
 beside it. A document then.transform is run after it in the same folder, with then.log: it reads back what the first one
-wrote. Workbooks that are written are expected to be there, and compared by what is read back. --record writes expected/ anew: review the difference before committing it."""
+wrote. Workbooks that are written are expected to be there, and compared by what is read back; of pictures only their kind and size are. --record writes expected/ anew: review the difference before committing it."""
 import os
 import pathlib
 import re
@@ -22,7 +22,16 @@ TIMES = [
     (re.compile(r"^(Elapsed|Total elapsed): [0-9.,]+ second\(s\)$", re.M), r"\1: {time} second(s)"),
     (re.compile(r"( processed in )<?[0-9.e-]+ second\(s\)"), r"\1{time} second(s)"),
     (re.compile(r"(cols?, )<?[0-9.,e-]+ second\(s\)(, )"), r"\1{time} second(s)\2"),
+    (re.compile(r"(points?, )<?[0-9.,e-]+ second\(s\)(, )"), r"\1{time} second(s)\2"),
 ]
+
+
+def picture_kind(data):
+    """What a picture is and, for PNG, how large: its pixels depend on the fonts that are installed."""
+    if data.startswith(b"\x89PNG"):
+        width, height = (int.from_bytes(data[at:at + 4], "big") for at in (16, 20))
+        return f"(PNG of {width} x {height})\n".encode()
+    return b"(JPEG)\n" if data.startswith(b"\xff\xd8\xff") else b"(PDF)\n" if data.startswith(b"%PDF") else b"(no picture)\n"
 
 
 def run_case(program, case, work):
@@ -59,6 +68,8 @@ def run_case(program, case, work):
     for name in written:
         if name.endswith((".xlsx", ".xls")):
             written[name] = b"(workbook)"
+        elif name.endswith((".png", ".jpg", ".pdf")):
+            written[name] = picture_kind(written[name])
         elif name in ("run.log", "then.log"):
             text = written[name].decode("utf-8")
             for pattern, replacement in TIMES:

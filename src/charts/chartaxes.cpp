@@ -1,0 +1,171 @@
+#include "charts/chartaxes.h"
+
+#include "charts/charttext.h"
+#include "data/values.h"
+
+#include <QDateTime>
+#include <QLocale>
+#include <QSet>
+#include <QtCharts/QCategoryAxis>
+#include <QtCharts/QDateTimeAxis>
+#include <QtCharts/QLogValueAxis>
+#include <QtCharts/QValueAxis>
+#include <algorithm>
+#include <cmath>
+
+using namespace QtCharts;
+
+namespace {
+
+constexpr int labelLength = 30;
+
+QAbstractAxis *makeNumbers(const ChartAxis &axis)
+{
+    auto *made = new QValueAxis;
+    made->setRange(axis.minimum, axis.maximum);
+    made->setTickCount(axis.tickCount);
+    made->setLabelFormat(axis.labelFormat);
+    return made;
+}
+
+QAbstractAxis *makeLogarithmic(const ChartAxis &axis)
+{
+    auto *made = new QLogValueAxis;
+    made->setBase(axis.base);
+    made->setRange(axis.minimum, axis.maximum);
+    made->setLabelFormat(axis.labelFormat);
+    return made;
+}
+
+QAbstractAxis *makeDates(const ChartAxis &axis)
+{
+    auto *made = new QDateTimeAxis;
+    made->setFormat(axis.labelFormat);
+    made->setRange(QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(axis.minimum)),
+        QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(axis.maximum)));
+    made->setTickCount(axis.tickCount);
+    return made;
+}
+
+/// Sets every `step`-th text, each at its whole number.
+void setTexts(QCategoryAxis &made, const QStringList &texts, int step)
+{
+    const QStringList old = made.categoriesLabels();
+    for (const QString &label : old) {
+        made.remove(label);
+    }
+    made.setStartValue(made.min());
+    QSet<QString> used;
+    for (int i = 0; i < texts.size(); i += step) {
+        QString label = ChartText::plain(ellipsized(texts.at(i), labelLength));
+        // The axis takes each label once; texts that were cut may be alike.
+        while (used.contains(label)) {
+            label += QChar(0x200B);
+        }
+        used.insert(label);
+        made.append(label, i);
+    }
+}
+
+QAbstractAxis *makeTexts(const ChartAxis &axis)
+{
+    auto *made = new QCategoryAxis;
+    made->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
+    made->setRange(axis.minimum, axis.maximum);
+    setTexts(*made, axis.texts, 1);
+    return made;
+}
+
+double widestText(const ChartAxis &axis, const QFontMetricsF &metrics)
+{
+    double width = 0.0;
+    for (const QString &text : axis.texts) {
+        width = std::max(width, metrics.horizontalAdvance(ellipsized(text, labelLength)));
+    }
+    return width;
+}
+
+/// The most marks that divide the same span evenly and are no more than `most`.
+int evenTicks(int all, int most)
+{
+    const int steps = all - 1;
+    for (int each = 1; each < steps; ++each) {
+        if (steps % each == 0 && steps / each + 1 <= most) {
+            return steps / each + 1;
+        }
+    }
+    return 2;
+}
+
+double widestLabel(const ChartAxis &axis, const QFontMetricsF &metrics)
+{
+    if (axis.kind == ChartAxis::Date) {
+        const QDateTime last = QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(axis.maximum));
+        const QDateTime first = QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(axis.minimum));
+        return std::max(metrics.horizontalAdvance(QLocale().toString(first, axis.labelFormat)),
+            metrics.horizontalAdvance(QLocale().toString(last, axis.labelFormat)));
+    }
+    const bool isWhole = axis.labelFormat.endsWith(QLatin1Char('i'));
+    const auto text = [&](double value) {
+        return isWhole ? QLocale().toString(value, 'f', 0) : QLocale().toString(value);
+    };
+    return std::max(metrics.horizontalAdvance(text(axis.minimum)), metrics.horizontalAdvance(text(axis.maximum)));
+}
+
+void fitTexts(QCategoryAxis &made, const ChartAxis &axis, int angle, double length, bool acrossLabels)
+{
+    constexpr double lineGap = 1.3;
+    constexpr int turned = -90; // QtCharts cuts slanted texts to the room of level ones
+    const QFontMetricsF metrics(made.labelsFont());
+    const double each = length / (axis.maximum - axis.minimum);
+    const double line = metrics.height() * lineGap;
+    double needed = line;
+    if (acrossLabels && angle == 0 && widestText(axis, metrics) + metrics.averageCharWidth() * 2 > each) {
+        angle = turned;
+    }
+    if (acrossLabels) {
+        const bool isLevel = angle % 180 == 0;
+        needed = isLevel ? widestText(axis, metrics) + metrics.averageCharWidth() * 2 : 2 * line;
+    }
+    made.setLabelsAngle(angle);
+    setTexts(made, axis.texts, std::max(1, static_cast<int>(std::ceil(needed / each))));
+}
+
+} // namespace
+
+QAbstractAxis *ChartAxes::make(const ChartAxis &axis, const ChartAxisOptions &options)
+{
+    QAbstractAxis *made = axis.kind == ChartAxis::Log    ? makeLogarithmic(axis)
+                          : axis.kind == ChartAxis::Date ? makeDates(axis)
+                          : axis.kind == ChartAxis::Text ? makeTexts(axis)
+                                                         : makeNumbers(axis);
+    made->setVisible(options.show);
+    made->setGridLineVisible(options.show && options.showGrid);
+    made->setLabelsVisible(options.show && options.showLabels);
+    made->setLabelsAngle(options.labelAngle);
+    made->setTitleText(ChartText::plain(axis.title));
+    made->setTitleVisible(options.show && !axis.title.isEmpty());
+    return made;
+}
+
+void ChartAxes::fit(
+    QAbstractAxis *made, const ChartAxis &axis, const ChartAxisOptions &options, double length, bool acrossLabels)
+{
+    if (length <= 0.0 || !options.showLabels) {
+        return;
+    }
+    if (auto *texts = qobject_cast<QCategoryAxis *>(made)) {
+        return fitTexts(*texts, axis, options.labelAngle, length, acrossLabels);
+    }
+    constexpr double room = 14.0; // pixels between two labels
+    constexpr double lineRoom = 1.8;
+    const QFontMetricsF metrics(made->labelsFont());
+    const bool isLevel = acrossLabels && options.labelAngle % 180 == 0;
+    const double each = isLevel ? widestLabel(axis, metrics) + room : metrics.height() * lineRoom;
+    const int most = std::max(2, static_cast<int>(length / each));
+    if (auto *numbers = qobject_cast<QValueAxis *>(made)) {
+        numbers->setTickCount(evenTicks(axis.tickCount, most));
+    } else if (auto *dates = qobject_cast<QDateTimeAxis *>(made)) {
+        dates->setTickCount(evenTicks(axis.tickCount, most));
+    }
+}
