@@ -42,7 +42,9 @@ bool mayHoldCharts(const std::string &path)
 
 std::string platformsWithoutWindow(const std::vector<std::string> &arguments)
 {
-    const bool mayDraw = std::any_of(arguments.begin(), arguments.end(),
-        [](const std::string &argument) { return namesDocument(argument) && mayHoldCharts(argument); });
+    const bool mayDraw = std::any_of(arguments.begin(), arguments.end(), [](const std::string &argument) {
+        // The report on a flow has a picture of it.
+        return argument == "-report" || argument == "--report" || (namesDocument(argument) && mayHoldCharts(argument));
+    });
     return mayDraw ? "offscreen" : "minimal;offscreen";
 }
