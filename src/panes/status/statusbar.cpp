@@ -58,6 +58,8 @@ StatusBar::StatusBar(QWidget *parent)
     m_heart->hide();
     m_progress->hide();
     m_statistics->hide();
+    // Many figures are cut at the end rather than make the window wider.
+    m_statistics->setMinimumWidth(1);
     m_statistics->setToolTip(QStringLiteral("Simple statistics on up to %1 selected cells in the data table.")
                                  .arg(formatInteger(mostCellsInStatistics, true)));
     onUpdateLocale();

@@ -80,6 +80,9 @@ void DataTableView::connectHeaders()
     QHeaderView *columns = horizontalHeader();
     rows->setContextMenuPolicy(Qt::CustomContextMenu);
     columns->setContextMenuPolicy(Qt::CustomContextMenu);
+    // Headers don't show what is selected, but would go through all rows to find out.
+    rows->setSelectionModel(new QItemSelectionModel(m_model, this));
+    columns->setSelectionModel(new QItemSelectionModel(m_model, this));
     connect(rows, &QHeaderView::sectionDoubleClicked, this, &DataTableView::onVerticalHeaderDoubleClicked);
     connect(columns, &QHeaderView::sectionDoubleClicked, this, &DataTableView::onHorizontalHeaderDoubleClicked);
     connect(rows, &QWidget::customContextMenuRequested, this, &DataTableView::onVerticalHeaderRightClicked);
