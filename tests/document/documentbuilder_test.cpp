@@ -92,10 +92,11 @@ TEST(DocumentBuilder, ColumnReferencesOutliveTheTableUpstream)
 {
     GraphScene scene;
     const DocumentContents contents = readText(
-        documentText("<inputs><input id=\"1\" medium=\"1\" text=\"a%2Cb%0A1%2C2\" header=\"1\"/></inputs>"
-                     "<charts><chart id=\"2\" chart_x_column=\"2*0\" chart_y_columns=\"1*0\"/></charts>"
-                     "<outputs><output id=\"3\" enable_output=\"0\" multi_file_column=\"2\"/></outputs><connections>"
-                     + connection(1, 2) + connection(1, 3) + "</connections>"),
+        documentText(
+            "<inputs><input id=\"1\" medium=\"1\" text=\"a%2Cb%0A1%2C2\" header=\"1\"/></inputs>"
+            "<charts><chart id=\"2\" chart_type=\"1\" chart_x_column=\"2*0\" chart_y_columns=\"1*0\"/></charts>"
+            "<outputs><output id=\"3\" enable_output=\"0\" multi_file_column=\"2\"/></outputs><connections>"
+            + connection(1, 2) + connection(1, 3) + "</connections>"),
         scene);
     scene.runTransforms(RunMode::Everything, true);
     const auto *chart = qobject_cast<ChartNode *>(contents.nodesById.value(2));
