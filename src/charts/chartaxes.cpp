@@ -163,7 +163,11 @@ void ChartAxes::fit(
     const bool isLevel = acrossLabels && options.labelAngle % 180 == 0;
     const double each = isLevel ? widestLabel(axis, metrics) + room : metrics.height() * lineRoom;
     const int most = std::max(2, static_cast<int>(length / each));
-    if (auto *numbers = qobject_cast<QValueAxis *>(made)) {
+    if (auto *powers = qobject_cast<QLogValueAxis *>(made)) {
+        // Marks stand at powers only, so fewer of them are those of a higher base.
+        const double count = std::log(axis.maximum / axis.minimum) / std::log(axis.base);
+        powers->setBase(std::pow(axis.base, std::max(1.0, std::ceil(count / (most - 1)))));
+    } else if (auto *numbers = qobject_cast<QValueAxis *>(made)) {
         numbers->setTickCount(evenTicks(axis.tickCount, most));
     } else if (auto *dates = qobject_cast<QDateTimeAxis *>(made)) {
         dates->setTickCount(evenTicks(axis.tickCount, most));

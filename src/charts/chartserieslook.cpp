@@ -45,6 +45,18 @@ Qt::PenStyle penStyle(int series)
     return styles[series / themeColors % 4];
 }
 
+/// The white edges of a theme would hide bars that are only a few pixels wide.
+void styleBars(QAbstractBarSeries &bars)
+{
+    constexpr int mostEdged = 100;
+    const QList<QBarSet *> sets = bars.barSets();
+    for (QBarSet *set : sets) {
+        if (set->count() * sets.size() > mostEdged) {
+            set->setPen(Qt::NoPen);
+        }
+    }
+}
+
 } // namespace
 
 ChartSeriesLook::ChartSeriesLook(const ChartOptions &options, const ChartFacet &facet)
@@ -167,6 +179,8 @@ void ChartSeriesLook::style(QChart &chart) const
         if (auto *scatter = qobject_cast<QScatterSeries *>(series)) {
             scatter->setMarkerSize(pointSize());
             scatter->setBorderColor(Qt::transparent);
+        } else if (auto *bars = qobject_cast<QAbstractBarSeries *>(series)) {
+            styleBars(*bars);
         } else if (auto *area = qobject_cast<QAreaSeries *>(series)) {
             // The outline of very many points takes seconds, and hides what it surrounds.
             constexpr int mostOutlined = 1000;
