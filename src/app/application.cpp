@@ -5,6 +5,7 @@
 #include "app/report/runlog.h"
 #include "charts/chartnode.h"
 #include "data/dataset.h"
+#include "files/encodings.h"
 #include "graph/colors.h"
 #include "graph/nodefactory.h"
 #include "graph/pictures.h"
@@ -23,7 +24,6 @@
 #include <QDebug>
 #include <QFileInfo>
 #include <QStyleFactory>
-#include <QTextCodec>
 #include <algorithm>
 #include <cstdlib>
 
@@ -152,19 +152,7 @@ Transform *Application::transformByName(const QString &typeName)
 
 const QStringList &Application::codecNames()
 {
-    if (m_codecNames.isEmpty()) {
-        QSet<QByteArray> seen;
-        for (const QByteArray &name : QTextCodec::availableCodecs()) {
-            if (!seen.contains(name)) {
-                m_codecNames.append(QString::fromLatin1(name));
-            }
-            for (const QByteArray &alias : QTextCodec::codecForName(name)->aliases()) {
-                seen.insert(alias);
-            }
-        }
-        m_codecNames.sort();
-    }
-    return m_codecNames;
+    return Encodings::names();
 }
 
 void Application::setPrompts(std::unique_ptr<Prompts> prompts)

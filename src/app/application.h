@@ -79,7 +79,6 @@ private:
     std::unique_ptr<Prompts> m_prompts;
     QFont m_defaultFont;
     QList<Transform *> m_transforms;
-    QStringList m_codecNames;
     QString m_lastDocDir;
     QString m_lastDataDir;
     QString m_lastOutputDataDir;

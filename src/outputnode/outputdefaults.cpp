@@ -15,21 +15,21 @@ QString extensionOf(const OutputNode &node)
     return extension.isEmpty() ? QStringLiteral("(Empty)") : extension;
 }
 
-OptionWalk::DefaultsPlace placeOf(const OutputNode &node)
+} // namespace
+
+OptionWalk::DefaultsPlace OutputDefaults::place(const OutputNode &node)
 {
     return {QStringLiteral("outputs"), FileType::label(node.fileType()), extensionOf(node)};
 }
 
-} // namespace
-
 void OutputDefaults::apply(OutputNode &node)
 {
     OutputOptions options = node.options();
-    OptionWalk::applyDefaults(OutputOptions::fields(), options, placeOf(node));
+    OptionWalk::applyDefaults(OutputOptions::fields(), options, place(node));
     node.setOptions(options);
 }
 
 void OutputDefaults::remember(const OutputNode &node, const QString &key)
 {
-    OptionWalk::saveDefault(OutputOptions::fields(), node.options(), placeOf(node), key);
+    OptionWalk::saveDefault(OutputOptions::fields(), node.options(), place(node), key);
 }

@@ -2,12 +2,17 @@
 
 #include <QString>
 
+namespace OptionWalk {
+struct DefaultsPlace;
+}
 class OutputNode;
 
 /// What users choose for outputs is remembered by file type and extension, and becomes the default of the next new
 /// output of that kind.
 namespace OutputDefaults {
 
+/// Under which the item's defaults are kept.
+OptionWalk::DefaultsPlace place(const OutputNode &node);
 /// Gives a new item of a path what is remembered for its type and extension.
 void apply(OutputNode &node);
 /// Remembers the item's present value of one option: "delimiter", "custom_delimiter", "quoting", "line_endings",

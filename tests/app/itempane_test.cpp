@@ -27,6 +27,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QToolButton>
@@ -181,6 +182,26 @@ TEST_F(ItemPaneTest, OptionsAreUndoneOneByOneAndNamed)
     EXPECT_EQ(restored.transform()->parameter(QStringLiteral("Case"))->toText(), before);
     select(caseId);
     EXPECT_EQ(editor<QComboBox>("Case").currentText(), before);
+}
+
+TEST_F(ItemPaneTest, ARunFromTheMenuShowsItsTableWhereItWasScrolledTo)
+{
+    QByteArray rows("a,b\n");
+    for (int row = 0; row < 500; ++row) {
+        rows += QByteArray::number(row) + ",z\n";
+    }
+    writeFile(path("in.csv"), rows);
+    setAutoRun(false);
+    action("m_runEverythingAction").trigger();
+    select(insertId);
+    auto &view = *pane().itemWidget()->findChild<DataTableView *>();
+    QCoreApplication::processEvents();
+    view.verticalScrollBar()->setValue(100);
+    ASSERT_EQ(view.verticalScrollBar()->value(), 100);
+    action("m_runEverythingAction").trigger();
+    EXPECT_EQ(view.model()->rowCount(), 500);
+    EXPECT_EQ(view.model()->index(7, 0).data().toString(), QStringLiteral("x7"));
+    EXPECT_EQ(view.verticalScrollBar()->value(), 100);
 }
 
 TEST_F(ItemPaneTest, WhatIsTypedInOneGoIsUndoneInOne)

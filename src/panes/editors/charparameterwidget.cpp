@@ -4,8 +4,6 @@
 #include "transforms/options/parameter.h"
 
 #include <QComboBox>
-#include <QCoreApplication>
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -19,6 +17,8 @@ struct Named
 };
 
 constexpr Named namedCharacters[] = {{' ', "<Space>"}, {'\t', "<Tab>"}};
+/// Room for the frame of an option that isn't set.
+constexpr int margin = 4;
 constexpr char common[] = ",;|:-_/.";
 
 QString nameOf(QChar character)
@@ -63,11 +63,10 @@ CharParameterWidget::CharParameterWidget(Parameter &parameter, Node &node, QWidg
         m_choice->addItem(QString(QLatin1Char(*character)));
     }
     auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(margin, margin, margin, margin);
     layout->addWidget(m_choice);
     layout->addStretch(1);
     setFocusProxy(m_choice);
-    m_choice->installEventFilter(this);
     refresh();
     connect(m_choice, &QComboBox::editTextChanged, this, &CharParameterWidget::onChanged);
 }
@@ -94,18 +93,11 @@ void CharParameterWidget::onChanged()
     if (commit()) {
         emit parameterValueChanged(true);
     }
-    m_choice->update();
+    update();
 }
 
-bool CharParameterWidget::eventFilter(QObject *watched, QEvent *event)
+void CharParameterWidget::paintEvent(QPaintEvent *event)
 {
-    if (watched == m_choice && event->type() == QEvent::Paint) {
-        // The frame goes on top of what the box paints of itself.
-        m_choice->removeEventFilter(this);
-        QCoreApplication::sendEvent(m_choice, event);
-        m_choice->installEventFilter(this);
-        paintUnsetFrame(*m_choice);
-        return true;
-    }
-    return QWidget::eventFilter(watched, event);
+    QWidget::paintEvent(event);
+    paintUnsetFrame(*this);
 }

@@ -26,7 +26,7 @@ signals:
     void userInteraction();
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     QComboBox *m_choice;

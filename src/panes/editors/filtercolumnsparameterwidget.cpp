@@ -81,8 +81,9 @@ QVariant FilterColumnsParameterWidget::value() const
 QString FilterColumnsParameterWidget::summary() const
 {
     QStringList terms;
-    for (int row = 0; row < table().recordCount(); ++row) {
-        const FilterTerm term = FilterColumnsTableWidget::termOf(table().records().at(row));
+    const QVector<RecordTableWidget::Record> records = table().records();
+    for (int row = 0; row < records.size(); ++row) {
+        const FilterTerm term = FilterColumnsTableWidget::termOf(records.at(row));
         terms.append(QStringLiteral("%1 %2 %3")
                          .arg(table().item(row, 0)->text(), MatchOperators::shortForm(term.op),
                              term.text.isEmpty() ? QString() : QStringLiteral("'%1'").arg(term.text)));

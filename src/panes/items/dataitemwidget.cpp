@@ -135,7 +135,7 @@ void DataItemWidget::connectTools()
     connect(m_splitter, &QSplitter::splitterMoved, this, [this] { m_state->splitter = m_splitter->saveState(); });
 }
 
-void DataItemWidget::setOptions(QWidget *options)
+void DataItemWidget::setOptionsArea(QWidget *options)
 {
     m_options->setWidget(options);
 }
@@ -232,21 +232,32 @@ void DataItemWidget::showTable()
                  : !waits || item.columnCount() > 0    ? Wait::None
                  : runs                                ? Wait::AwaitingUpdate
                                                        : Wait::RunToUpdate);
-    if (scene && scene->isProcessing()) {
+    // The scene counts as running until the last listener of the run's end has been told, which this may be.
+    if (!m_interacts) {
         return;
     }
     const Dataset *previous = previousDataset();
-    const QPoint place(view.horizontalScrollBar()->value(), view.verticalScrollBar()->value());
+    keepPlace();
     view.table().setDataset(item.datasetConst(), previous ? *previous : Dataset());
     m_data->onTableChanged();
     m_characters->setDataset(item.datasetConst());
     onTableShown();
-    view.horizontalScrollBar()->setValue(place.x());
-    view.verticalScrollBar()->setValue(place.y());
+    view.doItemsLayout();
+    view.horizontalScrollBar()->setValue(m_place.x());
+    view.verticalScrollBar()->setValue(m_place.y());
+}
+
+void DataItemWidget::keepPlace()
+{
+    const DataTableView &view = m_data->view();
+    if (view.table().columnCount() > 0) {
+        m_place = QPoint(view.horizontalScrollBar()->value(), view.verticalScrollBar()->value());
+    }
 }
 
 void DataItemWidget::letGoOfData()
 {
+    keepPlace();
     m_data->view().table().clear();
     m_characters->letGo();
 }
@@ -264,6 +275,7 @@ void DataItemWidget::onCommentChanged()
 
 void DataItemWidget::setInteraction(bool allow)
 {
+    m_interacts = allow;
     m_options->setEnabled(allow);
     m_tools->setEnabled(allow);
     m_tabs->setEnabled(allow);
@@ -362,7 +374,6 @@ void DataItemWidget::runFlow()
     }
     const QPointer<DataItemWidget> self(this);
     const QPointer<QWidget> focus(QApplication::focusWidget());
-    m_applying = true;
     QApplication::setOverrideCursor(Qt::WaitCursor);
     stopRequested = false;
     scene->runTransforms(scene->isAutoRunOn() ? RunMode::Changes : RunMode::Selected, false);
@@ -371,8 +382,6 @@ void DataItemWidget::runFlow()
     if (!self) {
         return;
     }
-    m_applying = false;
-    refresh();
     if (focus) {
         focus->setFocus(Qt::OtherFocusReason);
     }

@@ -3,6 +3,8 @@
 #include "panes/items/itemwidget.h"
 #include "panes/items/panelstate.h"
 
+#include <QPoint>
+
 class Dataset;
 class CharsWidget;
 class DataPage;
@@ -50,7 +52,7 @@ public slots:
 
 protected:
     /// Takes ownership; shown above the table.
-    void setOptions(QWidget *options);
+    void setOptionsArea(QWidget *options);
     /// Shows the item's options, which somebody else may have changed.
     virtual void refreshOptions() {}
     /// The table that the item's is compared with; empty for none.
@@ -59,8 +61,6 @@ protected:
     DataPage &dataPage() const { return *m_data; }
     PanelState &panelState() const { return *m_state; }
     ItemToolRow &toolRow() const { return *m_tools; }
-    /// While the panel itself runs the flow.
-    bool isApplying() const { return m_applying; }
 
 private:
     void addTabs();
@@ -68,6 +68,8 @@ private:
     QPlainTextEdit *addMessages(const QString &title, const QString &tip);
     void showMessages(int tab, QPlainTextEdit &edit, const QStringList &lines, const QColor &color);
     void showTable();
+    /// Where the table is scrolled to, which a run must not change.
+    void keepPlace();
     void setShow(int show);
     void runFlow();
 
@@ -84,5 +86,6 @@ private:
     QTextBrowser *m_details = nullptr;
     QPlainTextEdit *m_comment = nullptr;
     QTimer *m_commentPause;
-    bool m_applying = false;
+    QPoint m_place; ///< of the scroll bars
+    bool m_interacts = true;
 };

@@ -50,29 +50,23 @@ QList<int> widthsOf(const QString &text)
 } // namespace
 
 InputItemWidget::InputItemWidget(InputNode &item, QWidget *parent)
-    : DataItemWidget(item, parent)
+    : OptionsItemWidget(item, makeSource(this), parent)
 {
-    auto source = std::make_unique<Source>([this] { return input() ? input()->options() : InputOptions(); },
-        [this](const InputOptions &options, const QString &label) { setOptions(options, label); },
-        [](const InputOptions &options) {
-            return OptionWalk::DefaultsPlace{
-                QStringLiteral("inputs"), FileType::label(options.fileType), options.sourceExtension()};
-        });
-    m_form = new OptionsForm(std::move(source));
     addSourceRows();
     addReadingRows();
     addTidyingRows();
     addAliasRow();
-    auto *area = new QWidget;
-    auto *layout = new QVBoxLayout(area);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_form);
-    layout->addStretch(1);
-    DataItemWidget::setOptions(area);
-    connect(m_form, &OptionsForm::optionChanged, this, [this] { onParameterValueChanged(true); });
-    connect(m_form, &OptionsForm::processNow, this, &DataItemWidget::processNow);
-    connect(m_form, &OptionsForm::userInteraction, this, &DataItemWidget::onUserInteraction);
-    connect(m_form, &OptionsForm::browseClicked, this, &InputItemWidget::onBrowse);
+}
+
+std::unique_ptr<OptionSource> InputItemWidget::makeSource(InputItemWidget *panel)
+{
+    return std::make_unique<Source>([panel] { return panel->input() ? panel->input()->options() : InputOptions(); },
+        [panel](const InputOptions &options, const QString &label) { panel->setOptions(options, label); },
+        [panel] {
+            const InputOptions options = panel->input()->options();
+            return OptionWalk::DefaultsPlace{
+                QStringLiteral("inputs"), FileType::label(options.fileType), options.sourceExtension()};
+        });
 }
 
 InputNode *InputItemWidget::input() const
@@ -101,64 +95,53 @@ void InputItemWidget::addSourceRows()
         import->setToolTip(QStringLiteral("Import from clipboard.\nDoes not run items downstream."));
         import->setAutoDefault(false);
         connect(import, &QPushButton::clicked, this, &InputItemWidget::importClipboard);
-        m_form->addRow(QString(), import);
+        form().addRow(QString(), import);
     } else if (medium == Medium::Folder) {
-        m_form->addRow({"multi_file_folder", "multi_file_recurse"});
-        m_form->addRow({"multi_file_match"});
-        m_form->addRow({"multi_sheetmatch"});
+        form().addRow({"multi_file_folder", "multi_file_recurse"});
+        form().addRow({"multi_file_match"});
+        form().addRow({"multi_sheetmatch"});
     } else {
-        m_form->addRow({"path"});
+        form().addRow({"path"});
     }
-    m_form->addRow(
+    form().addRow(
         QStringLiteral("Sheet:"), sheetBox(), [this] { return input()->options().applies(InputOptions::Worksheet); });
-    m_form->addRow({"file_type"});
+    form().addRow({"file_type"});
 }
 
 void InputItemWidget::addReadingRows()
 {
-    m_form->addRow({"delimiter", "custom_delimiter"});
-    m_form->addRow({"ignore_repeated_delim"});
-    m_form->addRow({"quote"});
-    m_form->addRow(
+    form().addRow({"delimiter", "custom_delimiter"});
+    form().addRow({"ignore_repeated_delim"});
+    form().addRow({"quote"});
+    form().addRow(
         QStringLiteral("Columns:"), widthsBox(), [this] { return input()->options().applies(InputOptions::Columns); });
-    m_form->addRow({"encoding"});
-    m_form->addRow({"ignored_rows"});
-    auto *spin = qobject_cast<QSpinBox *>(m_form->editor("ignored_rows"));
+    form().addRow({"encoding"});
+    form().addRow({"ignored_rows"});
+    auto *spin = qobject_cast<QSpinBox *>(form().editor("ignored_rows"));
     spin->setPrefix(QStringLiteral("First "));
     spin->setSuffix(QStringLiteral(" row(s)"));
-    m_form->addRow(QString(), headerBox());
-    m_form->addRow(QStringLiteral("Use schema:"), schemaBox());
-    m_form->addRow({"json_arrays_as_rows"});
+    form().addRow(QString(), headerBox());
+    form().addRow(QStringLiteral("Use schema:"), schemaBox());
+    form().addRow({"json_arrays_as_rows"});
 }
 
 void InputItemWidget::addTidyingRows()
 {
-    m_form->addRow({"trim", "simplify"}, QStringLiteral("Whitespace:"));
-    m_form->addRow({"ignore_empty", "ignore_empty_cols"}, QStringLiteral("Ignore empty:"));
-    m_form->addRow({"ignore_excel_hidden_rows", "ignore_excel_hidden_cols"}, QStringLiteral("Ignore hidden:"));
-    m_form->addRow({"watching"});
-    m_form->addRow({"show_meta"});
-    m_form->addRow({"meta_text"}, QStringLiteral("Meta text:"));
-    m_form->addRow({"meta_col_name"}, QStringLiteral("Meta column:"));
-}
-
-void InputItemWidget::addAliasRow()
-{
-    m_alias = new QLineEdit;
-    m_alias->setToolTip(QStringLiteral("A name for this item, by which a command line can give it another file."));
-    connect(m_alias, &QLineEdit::editingFinished, this, &InputItemWidget::onAliasEdited);
-    m_form->addRow(QStringLiteral("Alias:"), m_alias);
+    form().addRow({"trim", "simplify"}, QStringLiteral("Whitespace:"));
+    form().addRow({"ignore_empty", "ignore_empty_cols"}, QStringLiteral("Ignore empty:"));
+    form().addRow({"ignore_excel_hidden_rows", "ignore_excel_hidden_cols"}, QStringLiteral("Ignore hidden:"));
+    form().addRow({"watching"});
+    form().addRow({"show_meta"});
+    form().addRow({"meta_text"}, QStringLiteral("Meta text:"));
+    form().addRow({"meta_col_name"}, QStringLiteral("Meta column:"));
 }
 
 QWidget *InputItemWidget::headerBox()
 {
     m_header = new QCheckBox(QStringLiteral("has header"));
     m_header->setToolTip(QStringLiteral("Check if the first row holds the column names."));
-    connect(m_header, &QCheckBox::clicked, this, [this](bool on) {
-        if (m_form->source().setValue("header", on ? 1 : 0, QStringLiteral("has header"))) {
-            onParameterValueChanged(true);
-        }
-    });
+    connect(m_header, &QCheckBox::clicked, this,
+        [this](bool on) { changeOption("header", on ? 1 : 0, QStringLiteral("has header")); });
     return m_header;
 }
 
@@ -167,21 +150,14 @@ QWidget *InputItemWidget::sheetBox()
     auto *box = new QWidget;
     auto *layout = new QHBoxLayout(box);
     layout->setContentsMargins(0, 0, 0, 0);
-    m_sheet = new QLineEdit;
-    m_sheet->setPlaceholderText(QStringLiteral("First sheet"));
-    m_sheet->setToolTip(QStringLiteral("Name or number of the Excel sheet to read."));
-    m_sheet->setAccessibleName(QStringLiteral("Sheet:"));
+    QLineEdit *sheet = makeSheetLine(QStringLiteral("Name or number of the Excel sheet to read."));
+    sheet->setPlaceholderText(QStringLiteral("First sheet"));
     auto *choose = new QPushButton(QStringLiteral("Choose..."));
     choose->setAutoDefault(false);
     choose->setToolTip(QStringLiteral("Choose Excel sheets"));
-    layout->addWidget(m_sheet, 1);
+    layout->addWidget(sheet, 1);
     layout->addWidget(choose);
-    box->setFocusProxy(m_sheet);
-    connect(m_sheet, &QLineEdit::editingFinished, this, [this] {
-        if (m_form->source().setValue("worksheet", m_sheet->text(), QStringLiteral("Sheet"))) {
-            onParameterValueChanged(true);
-        }
-    });
+    box->setFocusProxy(sheet);
     connect(choose, &QPushButton::clicked, this, &InputItemWidget::chooseSheet);
     return box;
 }
@@ -198,9 +174,8 @@ void InputItemWidget::chooseSheet()
     }
     const int chosen = prompts.chooseItem(
         QStringLiteral("Select Excel sheet to input"), sheets.displayTexts, sheets.names.indexOf(options.worksheet));
-    if (chosen >= 0 && m_form->source().setValue("worksheet", sheets.names.at(chosen), QStringLiteral("Sheet"))) {
-        onParameterValueChanged(true);
-        refreshOptions();
+    if (chosen >= 0) {
+        changeOption("worksheet", sheets.names.at(chosen), QStringLiteral("Sheet"));
     }
 }
 
@@ -287,14 +262,13 @@ void InputItemWidget::editSchema()
 void InputItemWidget::onBrowse(const QByteArray &key)
 {
     Settings &settings = Settings::current();
-    const QString present = m_form->source().value(key).toString();
+    const QString present = form().source().value(key).toString();
     const QString folder = present.isEmpty() ? settings.lastDataDir() : QFileInfo(present).absolutePath();
     const QString path = panelState().prompts->openFile(
         {QStringLiteral("Input From File"), folder, settings.inputFileFilter()});
-    if (!path.isEmpty() && m_form->source().setValue(key, path, QStringLiteral("File"))) {
+    if (!path.isEmpty()) {
         settings.setLastDataDir(QFileInfo(path).absolutePath());
-        onParameterValueChanged(true);
-        refreshOptions();
+        changeOption(key, path, QStringLiteral("File"));
     }
 }
 
@@ -312,37 +286,17 @@ void InputItemWidget::importClipboard()
     refresh();
 }
 
-void InputItemWidget::onAliasEdited()
-{
-    if (input() && m_alias->text().trimmed() != input()->alias()) {
-        const UndoStep step(*node(), QStringLiteral("'Alias' change"));
-        input()->setAlias(m_alias->text());
-        emit changeNeedsSave();
-        refreshOptions();
-    }
-}
-
-void InputItemWidget::takeTyped()
-{
-    DataItemWidget::takeTyped();
-    onAliasEdited();
-}
-
 void InputItemWidget::refreshOptions()
 {
-    m_form->refresh();
+    OptionsItemWidget::refreshOptions();
     const InputOptions options = input()->options();
     const QSignalBlocker headerBlocker(m_header);
     m_header->setTristate(options.headerMode == InputOptions::DecideAtFirstRead);
     m_header->setCheckState(options.headerMode == InputOptions::DecideAtFirstRead  ? Qt::PartiallyChecked
                             : options.headerMode == InputOptions::FirstRowIsHeader ? Qt::Checked
                                                                                    : Qt::Unchecked);
-    m_sheet->setText(options.worksheet);
     m_autoWidths->setChecked(options.autoFixedWidths);
     m_widths->setEnabled(!options.autoFixedWidths);
     m_widths->setText(widthsText(options.fixedWidths));
     m_schema->setCurrentIndex(options.schema.inUse ? 1 : 0);
-    if (!m_alias->hasFocus()) {
-        m_alias->setText(input()->alias());
-    }
 }

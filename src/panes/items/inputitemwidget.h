@@ -1,51 +1,44 @@
 #pragma once
 
-#include "panes/items/dataitemwidget.h"
-
-class QCheckBox;
-class QComboBox;
+#include "panes/items/optionsitemwidget.h"
 
 class InputNode;
-class OptionsForm;
+class QCheckBox;
+class QComboBox;
 class QLineEdit;
 struct InputOptions;
 struct InputSchema;
 
 /// The panel of an input: what it reads and how, and its table.
-class InputItemWidget : public DataItemWidget
+class InputItemWidget : public OptionsItemWidget
 {
     Q_OBJECT
 
 public:
     explicit InputItemWidget(InputNode &node, QWidget *parent = nullptr);
 
-    void takeTyped() override;
-
 protected:
     void refreshOptions() override;
+    void onBrowse(const QByteArray &key) override;
 
 private:
     InputNode *input() const;
+    /// The panel needn't be made yet, since the options are only asked for later.
+    static std::unique_ptr<OptionSource> makeSource(InputItemWidget *panel);
     void addSourceRows();
     void addReadingRows();
     void addTidyingRows();
-    void addAliasRow();
     QWidget *sheetBox();
     QWidget *widthsBox();
     QWidget *schemaBox();
     QWidget *headerBox();
     void setOptions(const InputOptions &options, const QString &label);
     void takeSchema(const InputSchema &schema);
-    void onBrowse(const QByteArray &key);
     void chooseSheet();
     void importClipboard();
     void editSchema();
     void onWidthsEdited();
-    void onAliasEdited();
 
-    OptionsForm *m_form;
-    QLineEdit *m_alias = nullptr;
-    QLineEdit *m_sheet = nullptr;
     QCheckBox *m_header = nullptr;
     QCheckBox *m_autoWidths = nullptr;
     QLineEdit *m_widths = nullptr;

@@ -1,5 +1,6 @@
 #include "panes/items/optionsform.h"
 
+#include "files/encodings.h"
 #include "panes/icons.h"
 #include "panes/widgets/lineeditwithinsertcontrolchars.h"
 #include "panes/widgets/staricon.h"
@@ -12,7 +13,6 @@
 #include <QLabel>
 #include <QSignalBlocker>
 #include <QSpinBox>
-#include <QTextCodec>
 #include <QToolButton>
 
 namespace {
@@ -20,24 +20,6 @@ namespace {
 constexpr int mostNumber = 999999999;
 constexpr int leastCharacters = 6;
 constexpr int characterWidth = 4; ///< of the box for one character, in characters
-
-QStringList encodings(bool withAutomatic)
-{
-    QStringList names;
-    for (const QByteArray &name : QTextCodec::availableCodecs()) {
-        names.append(QString::fromLatin1(name));
-    }
-    names.sort(Qt::CaseInsensitive);
-    names.removeDuplicates();
-    for (const char *common : {"UTF-16", "ISO-8859-1", "windows-1252", "UTF-8"}) {
-        names.removeAll(QLatin1String(common));
-        names.prepend(QLatin1String(common));
-    }
-    if (withAutomatic) {
-        names.prepend(QStringLiteral("Automatic"));
-    }
-    return names;
-}
 
 QHBoxLayout *rowLayout(QWidget *box)
 {
@@ -212,8 +194,12 @@ QWidget *OptionsForm::makeEncoding(const QByteArray &key, Field &field)
     box->setMinimumContentsLength(leastCharacters);
     box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     guardFromWheel(*box);
-    // Inputs tell by their default that they can find the encoding out.
-    box->addItems(encodings(m_source->info(key).toolTip.contains(QLatin1String("Automatic"))));
+    // Whoever can find the encoding out says so by starting with that.
+    QStringList names = Encodings::commonFirst();
+    if (m_source->info(key).initial == Encodings::automatic()) {
+        names.prepend(Encodings::automatic());
+    }
+    box->addItems(names);
     field.show = [box](const QVariant &value) {
         const QString name = value.toString();
         if (box->findText(name) < 0) {

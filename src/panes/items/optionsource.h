@@ -18,6 +18,7 @@ struct OptionInfo
     int lowest = 0;
     int highest = 0;
     bool hasDefault = false; ///< users may save one
+    QVariant initial;        ///< of a new item
 };
 
 /// The options of an item as a form shows and changes them, by the names of their attributes.
@@ -43,7 +44,7 @@ class DeclaredOptions : public OptionSource
 public:
     using Read = std::function<Options()>;
     using Write = std::function<void(const Options &options, const QString &label)>;
-    using Place = std::function<OptionWalk::DefaultsPlace(const Options &options)>;
+    using Place = std::function<OptionWalk::DefaultsPlace()>;
 
     DeclaredOptions(Read read, Write write, Place place)
         : m_read(std::move(read))
@@ -57,7 +58,8 @@ public:
         const OptionField<Options> &option = field(key);
         const bool isNumber = option.value(Options()).type() == QVariant::Int;
         return {option.label, option.toolTip, option.editor, option.choices, option.choiceNumbers,
-            option.hasLimits && isNumber, option.lowest, option.highest, !option.settingsKey.isEmpty()};
+            option.hasLimits && isNumber, option.lowest, option.highest, !option.settingsKey.isEmpty(),
+            option.value(Options())};
     }
     QVariant value(const QByteArray &key) const override { return field(key).value(m_read()); }
     bool setValue(const QByteArray &key, const QVariant &value, const QString &label) override
@@ -76,7 +78,7 @@ public:
     {
         const OptionField<Options> &option = field(key);
         const Options options = m_read();
-        const OptionWalk::DefaultsPlace place = m_place(options);
+        const OptionWalk::DefaultsPlace place = m_place();
         const Settings &settings = Settings::current();
         if (!settings.hasDefaultOption(place.kind, place.type, place.extension, option.settingsKey)) {
             return false;
@@ -89,11 +91,11 @@ public:
     void saveDefault(const QByteArray &key) override
     {
         const Options options = m_read();
-        OptionWalk::saveDefault(Options::fields(), options, m_place(options), field(key).settingsKey);
+        OptionWalk::saveDefault(Options::fields(), options, m_place(), field(key).settingsKey);
     }
     void removeDefault(const QByteArray &key) override
     {
-        const OptionWalk::DefaultsPlace place = m_place(m_read());
+        const OptionWalk::DefaultsPlace place = m_place();
         Settings::current().removeDefaultOption(place.kind, place.type, place.extension, field(key).settingsKey);
     }
 

@@ -1,42 +1,35 @@
 #pragma once
 
-#include "panes/items/dataitemwidget.h"
+#include "panes/items/optionsitemwidget.h"
 
-class OptionsForm;
 class OutputNode;
-class QLineEdit;
 class SingleColumnFilteredWidget;
 struct OutputOptions;
 
 /// The panel of an output: where it writes and how, and the table that it wrote.
-class OutputItemWidget : public DataItemWidget
+class OutputItemWidget : public OptionsItemWidget
 {
     Q_OBJECT
 
 public:
     explicit OutputItemWidget(OutputNode &node, QWidget *parent = nullptr);
 
-    void takeTyped() override;
-
 protected:
     void refreshOptions() override;
+    void onBrowse(const QByteArray &key) override;
 
 private:
     OutputNode *output() const;
+    /// The panel needn't be made yet, since the options are only asked for later.
+    static std::unique_ptr<OptionSource> makeSource(OutputItemWidget *panel);
     void addTargetRows();
     void addTextRows();
     void addWritingRows();
-    void addAliasRow();
     void setOptions(const OutputOptions &options, const QString &label);
-    void onBrowse(const QByteArray &key);
     void onFilesColumnChosen();
     void chooseExcelFormats();
     void chooseJsonTypes();
     void openWritten();
-    void onAliasEdited();
 
-    OptionsForm *m_form;
     SingleColumnFilteredWidget *m_filesColumn = nullptr;
-    QLineEdit *m_sheet = nullptr;
-    QLineEdit *m_alias = nullptr;
 };

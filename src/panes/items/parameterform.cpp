@@ -180,16 +180,6 @@ QWidget *ParameterForm::editor(const QString &key) const
     return nullptr;
 }
 
-void ParameterForm::setFocusToFirst()
-{
-    for (const Row &row : m_rows) {
-        if (row.editor->isEnabled() && row.editor->focusPolicy() != Qt::NoFocus) {
-            row.editor->setFocus(Qt::OtherFocusReason);
-            return;
-        }
-    }
-}
-
 void ParameterForm::onParameterValueChanged(bool startTimer)
 {
     updateStates();

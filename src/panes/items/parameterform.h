@@ -22,7 +22,6 @@ public:
     void refresh();
     /// The editor of the option with this key; null for an unknown one.
     QWidget *editor(const QString &key) const;
-    void setFocusToFirst();
 
 signals:
     void parameterValueChanged(bool startTimer);

@@ -31,7 +31,7 @@ TransformItemWidget::TransformItemWidget(TransformNode &item, QWidget *parent)
     help->setPalette(faint);
     layout->addWidget(help);
     layout->addWidget(m_form, 1);
-    setOptions(options);
+    setOptionsArea(options);
     connect(m_form, &ParameterForm::parameterValueChanged, this, &DataItemWidget::onParameterValueChanged);
     connect(m_form, &ParameterForm::processNow, this, &DataItemWidget::processNow);
     connect(m_form, &ParameterForm::userInteraction, this, &DataItemWidget::onUserInteraction);

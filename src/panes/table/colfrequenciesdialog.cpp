@@ -4,7 +4,7 @@
 #include "data/values.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/table/drilldowndialog.h"
-#include "panes/table/frequencybardelegate.h"
+#include "panes/widgets/bardelegate.h"
 #include "panes/widgets/tips.h"
 #include "settings/settings.h"
 
@@ -22,6 +22,8 @@
 #include <QVBoxLayout>
 
 namespace {
+
+constexpr int barRole = Qt::UserRole + 1;
 
 constexpr QSize firstSize(900, 550);
 constexpr int mostFrequencies = 10000;
@@ -225,8 +227,8 @@ void ColFrequenciesDialog::showFrequencies()
     const int rows = m_profile.m_values.rowCount();
     m_frequencies->setItemDelegateForColumn(1, nullptr);
     if (m_bars->isChecked()) {
-        auto *bars = m_frequencies->findChild<FrequencyBarDelegate *>();
-        m_frequencies->setItemDelegateForColumn(1, bars ? bars : new FrequencyBarDelegate(m_frequencies));
+        auto *bars = m_frequencies->findChild<BarDelegate *>();
+        m_frequencies->setItemDelegateForColumn(1, bars ? bars : new BarDelegate(barRole, m_frequencies));
     }
     m_frequencies->setRowCount(0);
     m_frequencies->setRowCount(lines.size());
@@ -245,8 +247,7 @@ void ColFrequenciesDialog::showFrequencies()
                                   : line.countText;
         addLine(*m_frequencies, row, {line.text, count},
             line.value < 0 ? QString() : valueTip(m_profile.m_values, line.value, column), line.value);
-        m_frequencies->item(row, 1)->setData(
-            FrequencyBarDelegate::shareRole, static_cast<double>(line.count) / longestBar);
+        m_frequencies->item(row, 1)->setData(barRole, static_cast<double>(line.count) / longestBar);
     }
 }
 

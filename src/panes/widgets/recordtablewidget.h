@@ -27,7 +27,6 @@ public:
     /// Emits nothing, and keeps what is current.
     void setRecords(const QVector<Record> &records);
     QVector<Record> records() const;
-    int recordCount() const { return rowCount(); }
     /// Records can only be edited and moved, neither added nor removed.
     void setFixed(bool on) { m_isFixed = on; }
     void setMovable(bool on) { m_isMovable = on; }
