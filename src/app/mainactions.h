@@ -32,6 +32,7 @@ struct MainActions
     QAction *helpCheckForUpdates = nullptr;
     QAction *helpSubscribeToNewsletter = nullptr;
     QAction *editSnapToGrid = nullptr;
+    QAction *editTidyUp = nullptr;
     QAction *fileBatchProcess = nullptr;
     QAction *helpFAQ = nullptr;
     QAction *helpSupport = nullptr;

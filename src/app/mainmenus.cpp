@@ -46,7 +46,7 @@ void MainActions::fillMenus(QMainWindow &window)
                      fileCommandLine, fileFlowReport, nullptr, fileExit});
     addAll(*addMenu(bar, "m_menuEdit", "&Edit"),
         {editUndo, editRedo, nullptr, editCut, editCopy, editPaste, nullptr, editDelete, nullptr, editSnapToGrid,
-            editSelectAll, nullptr, editLocale, nullptr, editPreferences});
+            editTidyUp, editSelectAll, nullptr, editLocale, nullptr, editPreferences});
     runMenu = addMenu(bar, "m_menuRun", "&Run");
     addAll(*runMenu, {runAuto, nullptr, runStop});
     fillViewMenu(*addMenu(bar, "m_menuView", "&View"));

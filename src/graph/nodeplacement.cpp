@@ -75,19 +75,6 @@ bool pointsAt(const NoteNode *note, const Node *node)
     return distance > 0 && distance < noteReach * NodePlacement::gridHeight && std::abs(towards.x()) < Node::boxWidth;
 }
 
-/// The node that the note is about, or null.
-Node *owner(const NoteNode *note, const QList<Node *> &all)
-{
-    Node *nearest = nullptr;
-    const auto distance = [=](const Node *node) { return (node->centre() - note->centre()).manhattanLength(); };
-    for (Node *node : all) {
-        if (node != note && pointsAt(note, node) && (!nearest || distance(node) < distance(nearest))) {
-            nearest = node;
-        }
-    }
-    return nearest;
-}
-
 } // namespace
 
 // Grid
@@ -204,12 +191,27 @@ QPointF NodePlacement::noteOffset(NoteArrow::Arrow arrow)
     return {};
 }
 
+Node *NodePlacement::noteOwner(const NoteNode *note, const QList<Node *> &all)
+{
+    if (note->arrow() == NoteNode::NoArrow) {
+        return nullptr;
+    }
+    Node *nearest = nullptr;
+    const auto distance = [=](const Node *node) { return (node->centre() - note->centre()).manhattanLength(); };
+    for (Node *node : all) {
+        if (node != note && pointsAt(note, node) && (!nearest || distance(node) < distance(nearest))) {
+            nearest = node;
+        }
+    }
+    return nearest;
+}
+
 QSet<Node *> NodePlacement::attachedNotes(const QList<Node *> &nodes, const QList<Node *> &all)
 {
     QSet<Node *> attached;
     for (Node *node : all) {
         const auto *note = qgraphicsitem_cast<NoteNode *>(node);
-        if (note && note->arrow() != NoteNode::NoArrow && !nodes.contains(node) && nodes.contains(owner(note, all))) {
+        if (note && !nodes.contains(node) && nodes.contains(noteOwner(note, all))) {
             attached.insert(node);
         }
     }

@@ -9,6 +9,7 @@
 class Connection;
 class GraphScene;
 class Node;
+class NoteNode;
 
 /// Where nodes go: the grid, free places, and the notes beside nodes. Places of new nodes are their centres.
 namespace NodePlacement {
@@ -33,6 +34,8 @@ bool overlapsAny(const Node *node, const QList<Node *> &all);
 /// Puts `node` at `centre` or, when that is taken, at the next free place to the right or below.
 void placeAvoidingOverlap(Node *node, const QPointF &centre, bool horizontal, const GraphScene &scene);
 
+/// The node that a note's arrow points at from beside, or null.
+Node *noteOwner(const NoteNode *note, const QList<Node *> &all);
 /// The notes whose arrow points from beside at one of `nodes`; none of `nodes` itself.
 QSet<Node *> attachedNotes(const QList<Node *> &nodes, const QList<Node *> &all);
 /// How far a note with this arrow lies from what it points at.

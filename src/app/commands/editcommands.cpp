@@ -6,6 +6,7 @@
 #include "graph/graphscene.h"
 #include "graph/node.h"
 #include "graph/runcontrol.h"
+#include "graph/tidyup.h"
 #include "graph/undostep.h"
 #include "panes/dialogs/localedialog.h"
 #include "panes/dialogs/prompts.h"
@@ -30,6 +31,24 @@ void EditCommands::selectAll()
     // Connections too, so that copying takes them along.
     for (Connection *connection : scene.connections()) {
         connection->setSelected(true);
+    }
+}
+
+void EditCommands::tidyUp()
+{
+    GraphScene &scene = m_context.session.scene();
+    if (scene.isProcessing()) {
+        return;
+    }
+    const QList<Node *> selected = scene.nodes(true);
+    const UndoStep step(scene, QStringLiteral("tidy up"));
+    if (TidyUp::arrange(scene, selected.size() > 1 ? selected : scene.nodes())) {
+        m_context.session.setModified(true);
+        m_context.statusBar.onShowMessage(QStringLiteral("tidied up"));
+    } else {
+        m_context.statusBar.onShowMessage(
+            QStringLiteral("These items can't be arranged without changing the order of somebody's inputs: "
+                           "select more items, or none"));
     }
 }
 

@@ -16,6 +16,8 @@ public:
 
     void deleteSelected();
     void selectAll();
+    /// Arranges the selected items, or all of them when fewer than two are selected.
+    void tidyUp();
     /// Turning the grid on moves every item to it.
     void setSnapToGrid(bool on);
     /// Another locale reads numbers and dates otherwise, so everything needs to run again.
