@@ -171,6 +171,7 @@ TEST_F(UndoTest, EachCommandIsTakenBackAndBroughtAgain)
                 trigger("m_editDuplicateBranchAction");
             }},
         {"&Undo move item(s)", [this] { move(sortId); }},
+        {"&Undo tidy up", [this] { trigger("m_editTidyUpAction"); }},
         {"&Undo comment changed",
             [this] {
                 const UndoStep step(scene(), QStringLiteral("comment changed"));
