@@ -8,6 +8,8 @@
 #include "inputs/excelsheets.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/dialogs/schemadialog.h"
+#include "panes/fixedwidth/fixedwidthautomanualwidget.h"
+#include "panes/fixedwidth/fixedwidthmanualdialog.h"
 #include "panes/items/optionsform.h"
 #include "settings/settings.h"
 
@@ -25,27 +27,6 @@
 namespace {
 
 using Source = DeclaredOptions<InputOptions>;
-
-QString widthsText(const QList<int> &widths)
-{
-    QStringList texts;
-    for (const int width : widths) {
-        texts.append(QString::number(width));
-    }
-    return texts.join(QStringLiteral(", "));
-}
-
-QList<int> widthsOf(const QString &text)
-{
-    QList<int> widths;
-    for (const QString &part : text.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
-        const int width = part.trimmed().toInt();
-        if (width > 0) {
-            widths.append(width);
-        }
-    }
-    return widths;
-}
 
 } // namespace
 
@@ -181,33 +162,27 @@ void InputItemWidget::chooseSheet()
 
 QWidget *InputItemWidget::widthsBox()
 {
-    auto *box = new QWidget;
-    auto *layout = new QHBoxLayout(box);
-    layout->setContentsMargins(0, 0, 0, 0);
-    m_autoWidths = new QCheckBox(QStringLiteral("Automatic"));
-    m_autoWidths->setToolTip(QStringLiteral("Find the widths of the columns in the text."));
-    m_widths = new QLineEdit;
-    m_widths->setToolTip(QStringLiteral("Widths of the columns in characters, parted by commas."));
-    m_widths->setAccessibleName(QStringLiteral("Column widths"));
-    layout->addWidget(m_autoWidths);
-    layout->addWidget(m_widths, 1);
-    box->setFocusProxy(m_autoWidths);
-    connect(m_autoWidths, &QCheckBox::clicked, this, &InputItemWidget::onWidthsEdited);
-    connect(m_widths, &QLineEdit::editingFinished, this, &InputItemWidget::onWidthsEdited);
-    return box;
+    m_widths = new FixedWidthAutoManualWidget;
+    connect(m_widths, &FixedWidthAutoManualWidget::automaticChanged, this,
+        [this](bool automatic) { takeWidths(input()->options().fixedWidths, automatic); });
+    connect(m_widths, &FixedWidthAutoManualWidget::manualEditClicked, this, &InputItemWidget::editWidths);
+    return m_widths;
 }
 
-void InputItemWidget::onWidthsEdited()
+void InputItemWidget::editWidths()
 {
-    InputOptions options = input()->options();
-    const QVariantList before = options.values();
-    options.autoFixedWidths = m_autoWidths->isChecked();
-    options.fixedWidths = widthsOf(m_widths->text());
-    if (options.values() != before) {
-        setOptions(options, QStringLiteral("Columns"));
-        onParameterValueChanged(true);
-        refreshOptions();
+    FixedWidthManualDialog dialog(input()->options().fixedWidths, input()->fixedWidthSample(), this);
+    if (panelState().prompts->exec(dialog) == QDialog::Accepted && input()) {
+        takeWidths(dialog.widths(), false);
     }
+}
+
+void InputItemWidget::takeWidths(const QList<int> &widths, bool automatic)
+{
+    takeChanged(QStringLiteral("Columns"), [&](InputOptions &options) {
+        options.autoFixedWidths = automatic;
+        options.fixedWidths = widths;
+    });
 }
 
 QWidget *InputItemWidget::schemaBox()
@@ -241,11 +216,16 @@ QWidget *InputItemWidget::schemaBox()
 
 void InputItemWidget::takeSchema(const InputSchema &schema)
 {
+    takeChanged(QStringLiteral("Use schema"), [&](InputOptions &options) { options.schema = schema; });
+}
+
+void InputItemWidget::takeChanged(const QString &label, const std::function<void(InputOptions &)> &change)
+{
     InputOptions options = input()->options();
     const QVariantList before = options.values();
-    options.schema = schema;
+    change(options);
     if (options.values() != before) {
-        setOptions(options, QStringLiteral("Use schema"));
+        setOptions(options, label);
         onParameterValueChanged(true);
         refreshOptions();
     }
@@ -295,8 +275,6 @@ void InputItemWidget::refreshOptions()
     m_header->setCheckState(options.headerMode == InputOptions::DecideAtFirstRead  ? Qt::PartiallyChecked
                             : options.headerMode == InputOptions::FirstRowIsHeader ? Qt::Checked
                                                                                    : Qt::Unchecked);
-    m_autoWidths->setChecked(options.autoFixedWidths);
-    m_widths->setEnabled(!options.autoFixedWidths);
-    m_widths->setText(widthsText(options.fixedWidths));
+    m_widths->setAutomatic(options.autoFixedWidths);
     m_schema->setCurrentIndex(options.schema.inUse ? 1 : 0);
 }

@@ -2,10 +2,10 @@
 
 #include "panes/items/optionsitemwidget.h"
 
+class FixedWidthAutoManualWidget;
 class InputNode;
 class QCheckBox;
 class QComboBox;
-class QLineEdit;
 struct InputOptions;
 struct InputSchema;
 
@@ -37,10 +37,12 @@ private:
     void chooseSheet();
     void importClipboard();
     void editSchema();
-    void onWidthsEdited();
+    void editWidths();
+    void takeWidths(const QList<int> &widths, bool automatic);
+    /// Changes options that stand together, as one step of undo named after `label`.
+    void takeChanged(const QString &label, const std::function<void(InputOptions &)> &change);
 
     QCheckBox *m_header = nullptr;
-    QCheckBox *m_autoWidths = nullptr;
-    QLineEdit *m_widths = nullptr;
+    FixedWidthAutoManualWidget *m_widths = nullptr;
     QComboBox *m_schema = nullptr;
 };
