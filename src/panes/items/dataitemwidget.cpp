@@ -34,6 +34,8 @@ enum Tab { Data, Characters, Warnings, Info, Details, Comment };
 constexpr int leastWidth = 160;
 constexpr int commentPauseMs = 500;
 constexpr int tipMs = 8000;
+/// Options get the room that they need, but leave two fifths to the table.
+constexpr double mostForOptions = 0.6;
 
 QString detailsOf(const Node &node)
 {
@@ -138,6 +140,34 @@ void DataItemWidget::connectTools()
 void DataItemWidget::setOptionsArea(QWidget *options)
 {
     m_options->setWidget(options);
+    options->installEventFilter(this);
+}
+
+bool DataItemWidget::eventFilter(QObject *watched, QEvent *event)
+{
+    // Options come and go with the values of others.
+    if (watched == m_options->widget() && event->type() == QEvent::LayoutRequest) {
+        fitOptions();
+    }
+    return ItemWidget::eventFilter(watched, event);
+}
+
+void DataItemWidget::resizeEvent(QResizeEvent *event)
+{
+    ItemWidget::resizeEvent(event);
+    fitOptions();
+}
+
+void DataItemWidget::fitOptions()
+{
+    // Whoever has moved the divider knows better.
+    if (!m_state->splitter.isEmpty() || m_state->show != PanelState::OptionsAndData || !m_options->widget()) {
+        return;
+    }
+    layout()->activate();
+    const int height = m_splitter->height() - m_splitter->handleWidth();
+    const int options = qMin(m_options->widget()->sizeHint().height(), qRound(mostForOptions * height));
+    m_splitter->setSizes({options, height - options});
 }
 
 void DataItemWidget::setPanelState(PanelState &state)
@@ -157,6 +187,7 @@ void DataItemWidget::setShow(int show)
     m_tools->setShow(m_state->show);
     m_options->setVisible(m_options->widget() && m_state->show != PanelState::OnlyData);
     m_tabs->setVisible(m_state->show != PanelState::OnlyOptions);
+    fitOptions();
 }
 
 void DataItemWidget::onClickedShowOptionsAndData()

@@ -61,8 +61,12 @@ protected:
     DataPage &dataPage() const { return *m_data; }
     PanelState &panelState() const { return *m_state; }
     ItemToolRow &toolRow() const { return *m_tools; }
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
+    /// Gives the options the room that they need, while nobody has moved the divider.
+    void fitOptions();
     void addTabs();
     void connectTools();
     QPlainTextEdit *addMessages(const QString &title, const QString &tip);
