@@ -1,6 +1,7 @@
 #include "panes/editors/filtercolumnstablewidget.h"
 
 #include "data/matchoperator.h"
+#include "transforms/options/optionchecks.h"
 #include "transforms/options/records.h"
 
 FilterColumnsTableWidget::FilterColumnsTableWidget(QWidget *parent)
@@ -21,8 +22,16 @@ FilterColumnsTableWidget::FilterColumnsTableWidget(QWidget *parent)
     value.toolTip = QStringLiteral(
         "The value to match.\nYou can use column variables. e.g. $(1) to reference the first "
         "column value.\nSee 'Column variables' in the help.");
+    value.fault = [](const Record &record) { return matchFault(record.at(1).toInt(), record.at(2).toString()); };
     setFields({column, op, value}, recordOf(FilterTerm()));
     setEmptyText(QStringLiteral("Add filter terms"));
+}
+
+QString FilterColumnsTableWidget::matchFault(int op, const QString &text)
+{
+    const auto match = static_cast<MatchOperator>(op);
+    const bool isExpression = match == MatchOperator::MatchesRegex || match == MatchOperator::DoesntMatchRegex;
+    return isExpression ? OptionChecks::expression(text) : QString();
 }
 
 RecordTableWidget::Record FilterColumnsTableWidget::recordOf(const FilterTerm &term)

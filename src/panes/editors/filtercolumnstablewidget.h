@@ -12,6 +12,8 @@ class FilterColumnsTableWidget : public RecordTableWidget
 public:
     explicit FilterColumnsTableWidget(QWidget *parent = nullptr);
 
+    /// Why a value makes no sense for a match operation; empty when it does.
+    static QString matchFault(int op, const QString &text);
     static Record recordOf(const FilterTerm &term);
     static FilterTerm termOf(const Record &record);
 

@@ -25,6 +25,11 @@ IfTableWidget::IfTableWidget(QWidget *parent)
     value.title = QStringLiteral("Value");
     value.toolTip = QStringLiteral("You can use column variables. e.g. $(1) to reference the first column value.\nSee "
                                    "'Column variables' in the help.");
+    value.fault = [](const Record &record) {
+        return record.at(Kind).toInt() >= Then
+                   ? QString()
+                   : FilterColumnsTableWidget::matchFault(record.at(Operator).toInt(), record.at(Value).toString());
+    };
     RecordField kind;
     kind.kind = RecordField::Label;
     setFields({logic, column, op, value, kind}, conditionLine(If, FilterTerm()));

@@ -1,6 +1,7 @@
 #include "panes/editors/parameterwidget.h"
 
 #include "graph/node.h"
+#include "panes/widgets/faultmark.h"
 #include "transforms/options/parameter.h"
 
 #include <QPainter>
@@ -8,7 +9,6 @@
 
 namespace {
 
-constexpr QRgb unsetColor = 0xfffc3300;
 constexpr int frameInset = 2;
 
 } // namespace
@@ -58,12 +58,24 @@ void ParameterWidget::describe(QWidget &widget) const
     widget.setAccessibleDescription(m_parameter->toolTip());
 }
 
+void ParameterWidget::setFault(const QString &reason)
+{
+    auto *widget = dynamic_cast<QWidget *>(this);
+    if (reason != m_fault && widget) {
+        m_fault = reason;
+        const QString tip = m_parameter->toolTip();
+        widget->setToolTip(reason.isEmpty() || tip.isEmpty() ? reason + tip : reason + QStringLiteral("\n\n") + tip);
+        widget->setAccessibleDescription(widget->toolTip());
+        widget->update();
+    }
+}
+
 void ParameterWidget::paintUnsetFrame(QWidget &widget) const
 {
-    if (!widget.isEnabled() || !isUnset()) {
+    if (!widget.isEnabled() || (!isUnset() && m_fault.isEmpty())) {
         return;
     }
     QPainter painter(&widget);
-    painter.setPen(QColor(unsetColor));
+    painter.setPen(QColor(FaultMark::color));
     painter.drawRect(widget.rect().adjusted(frameInset, frameInset, -frameInset - 1, -frameInset - 1));
 }

@@ -28,6 +28,8 @@ public:
     Node *node() const;
     QString name() const;
     bool isUnset() const;
+    /// Marks the editor as one whose value makes no sense, with the reason in its tool tip; empty takes the mark away.
+    void setFault(const QString &reason);
     /// Shows the option's value without telling of an edit.
     virtual void refresh() = 0;
     /// What the editor shows, in the form that the option has it.
@@ -45,4 +47,5 @@ protected:
 private:
     Parameter *m_parameter;
     const QPointer<Node> m_node;
+    QString m_fault;
 };

@@ -1,5 +1,7 @@
 #include "panes/editors/replacetablewidget.h"
 
+#include "transforms/format/replacechain.h"
+#include "transforms/options/optionchecks.h"
 #include "transforms/options/records.h"
 
 ReplaceTableWidget::ReplaceTableWidget(QWidget *parent)
@@ -18,6 +20,10 @@ ReplaceTableWidget::ReplaceTableWidget(QWidget *parent)
     RecordField find;
     find.title = QStringLiteral("Replace");
     find.toolTip = QStringLiteral("The value to replace.") + variables;
+    find.fault = [](const Record &record) {
+        return record.at(0).toInt() == ReplaceMode::Regex ? OptionChecks::expression(record.at(1).toString())
+                                                          : QString();
+    };
     RecordField replace;
     replace.title = QStringLiteral("With");
     replace.toolTip = QStringLiteral("The value to replace it with.") + variables;

@@ -59,6 +59,8 @@ protected:
     virtual const Dataset *previousDataset() const;
     virtual void onTableShown() {}
     DataPage &dataPage() const { return *m_data; }
+    /// False during a run.
+    bool interacts() const { return m_interacts; }
     PanelState &panelState() const { return *m_state; }
     ItemToolRow &toolRow() const { return *m_tools; }
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -2,26 +2,24 @@
 
 #include "graph/node.h"
 #include "panes/icons.h"
+#include "panes/widgets/elidedlabel.h"
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QVBoxLayout>
 
 ItemToolRow::ItemToolRow(QWidget *parent)
     : QWidget(parent)
     , m_buttons(new QHBoxLayout)
-    , m_name(new QLabel)
-    , m_state(new QLabel)
+    , m_name(new ElidedLabel)
+    , m_state(new ElidedLabel)
 {
     QFont bold = font();
     bold.setBold(true);
     m_name->setFont(bold);
-    for (QLabel *label : {m_name, m_state}) {
-        label->setTextFormat(Qt::PlainText);
+    for (ElidedLabel *label : {m_name, m_state}) {
         // A long name is cut rather than making the pane wider; the whole of it is in the tip.
         label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     }
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -85,6 +83,5 @@ void ItemToolRow::showNode(const Node &node)
     m_name->setToolTip(node.description());
     QStringList state{node.kindName(), node.displaySizeText(), node.stateText(), node.resultText()};
     state.removeAll(QString());
-    m_state->setText(state.join(QStringLiteral(", ")));
-    m_state->setToolTip(m_state->text());
+    m_state->setWholeText(state.join(QStringLiteral(", ")));
 }

@@ -8,7 +8,7 @@
 
 class Node;
 class QHBoxLayout;
-class QLabel;
+class ElidedLabel;
 
 /// The row at the top of a panel: what the item is, a run button, what the panel shows, full screen and help.
 class ItemToolRow : public QWidget
@@ -36,8 +36,8 @@ private:
         PanelState::Show show, const QString &icon, const QString &name, const QString &tip, const QString &keys);
 
     QHBoxLayout *m_buttons;
-    QLabel *m_name;
-    QLabel *m_state;
+    ElidedLabel *m_name;
+    ElidedLabel *m_state;
     QToolButton *m_run;
     QToolButton *m_fullscreen;
     std::array<QToolButton *, 3> m_show{};

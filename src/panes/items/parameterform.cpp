@@ -136,6 +136,9 @@ void ParameterForm::updateStates()
     for (const Row &row : m_rows) {
         const bool active = states.value(row.parameter->name(), true);
         row.editor->setEnabled(active);
+        if (row.mixin) {
+            row.mixin->setFault(transform.optionFault(row.parameter->name()));
+        }
         if (row.label) {
             row.label->setEnabled(active);
         }

@@ -1,6 +1,7 @@
 #include "panes/items/transformitemwidget.h"
 
 #include "data/dataset.h"
+#include "graph/transformexample.h"
 #include "graph/transformnode.h"
 #include "panes/items/comparerow.h"
 #include "panes/items/datapage.h"
@@ -14,11 +15,20 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QTimer>
 #include <QVBoxLayout>
+
+namespace {
+
+/// Whoever types on sees one example, not one for each letter.
+constexpr int examplePauseMs = 120;
+
+} // namespace
 
 TransformItemWidget::TransformItemWidget(TransformNode &item, QWidget *parent)
     : DataItemWidget(item, parent)
     , m_form(new ParameterForm(item))
+    , m_examplePause(new QTimer(this))
 {
     auto *options = new QWidget;
     auto *layout = new QVBoxLayout(options);
@@ -31,6 +41,9 @@ TransformItemWidget::TransformItemWidget(TransformNode &item, QWidget *parent)
     help->setPalette(faint);
     layout->addWidget(help);
     layout->addWidget(m_form, 1);
+    if (TransformExample::canBeShown(item)) {
+        layout->addWidget(makeExample());
+    }
     setOptionsArea(options);
     connect(m_form, &ParameterForm::parameterValueChanged, this, &DataItemWidget::onParameterValueChanged);
     connect(m_form, &ParameterForm::processNow, this, &DataItemWidget::processNow);
@@ -49,6 +62,32 @@ TransformItemWidget::TransformItemWidget(TransformNode &item, QWidget *parent)
         dataPage().view().table().setVerification(true);
         addVerificationColors();
     }
+}
+
+QLabel *TransformItemWidget::makeExample()
+{
+    m_example = new QLabel;
+    m_example->setTextFormat(Qt::PlainText);
+    m_example->setWordWrap(true);
+    m_example->setAccessibleName(QStringLiteral("Example"));
+    m_example->setToolTip(QStringLiteral("What these options do to the first row that they change."));
+    m_example->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_examplePause->setSingleShot(true);
+    m_examplePause->setInterval(examplePauseMs);
+    connect(m_examplePause, &QTimer::timeout, this, &TransformItemWidget::updateExample);
+    connect(m_form, &ParameterForm::parameterValueChanged, m_examplePause, QOverload<>::of(&QTimer::start));
+    return m_example;
+}
+
+void TransformItemWidget::updateExample()
+{
+    // During a run the inputs are on their way to be others; its end refreshes the panel.
+    if (!node() || !interacts()) {
+        return;
+    }
+    const QString line = TransformExample::lineFor(*transformNode());
+    m_example->setText(line.isEmpty() ? QString() : QStringLiteral("Example: ") + line);
+    m_example->setVisible(!line.isEmpty());
 }
 
 void TransformItemWidget::addVerificationColors()
@@ -101,6 +140,9 @@ void TransformItemWidget::setPanelState(PanelState &state)
 void TransformItemWidget::refreshOptions()
 {
     m_form->refresh();
+    if (m_example) {
+        updateExample();
+    }
 }
 
 const Dataset *TransformItemWidget::previousDataset() const

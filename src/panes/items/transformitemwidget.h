@@ -4,6 +4,8 @@
 
 class CompareRow;
 class ParameterForm;
+class QLabel;
+class QTimer;
 class TransformNode;
 
 /// The panel of a transform: its options, and its table with what it changed there.
@@ -24,10 +26,14 @@ protected:
 
 private:
     TransformNode *transformNode() const;
+    QLabel *makeExample();
+    void updateExample();
     void addVerificationColors();
     void showChanges(bool on);
     void highlightColumns();
 
     ParameterForm *m_form;
+    QTimer *m_examplePause;
+    QLabel *m_example = nullptr; ///< null for kinds that have none
     CompareRow *m_compare = nullptr;
 };

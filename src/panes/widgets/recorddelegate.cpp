@@ -1,12 +1,15 @@
 #include "panes/widgets/recorddelegate.h"
 
+#include "panes/widgets/faultmark.h"
 #include "panes/widgets/lineeditwithinsertcontrolchars.h"
 #include "panes/widgets/singlecolumnfilteredwidget.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QTimer>
+#include <QToolTip>
 
 namespace {
 
@@ -111,7 +114,40 @@ bool RecordDelegate::isChosen(const QModelIndex &index) const
     return (kind == RecordField::Choice || kind == RecordField::Column) && (index.flags() & Qt::ItemIsEditable);
 }
 
+QString RecordDelegate::faultAt(const QModelIndex &index) const
+{
+    const RecordField &field = m_fields.at(index.column());
+    if (!field.fault) {
+        return {};
+    }
+    QVariantList record;
+    for (int column = 0; column < m_fields.size(); ++column) {
+        record.append(index.sibling(index.row(), column).data(Qt::UserRole));
+    }
+    return field.fault(record);
+}
+
+bool RecordDelegate::helpEvent(
+    QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    const QString fault = event->type() == QEvent::ToolTip && index.isValid() ? faultAt(index) : QString();
+    if (fault.isEmpty()) {
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    }
+    QToolTip::showText(event->globalPos(), fault, view);
+    return true;
+}
+
 void RecordDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    paintValue(painter, option, index);
+    if (!faultAt(index).isEmpty()) {
+        painter->setPen(QColor(FaultMark::color));
+        painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
+    }
+}
+
+void RecordDelegate::paintValue(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     if (!isChosen(index)) {
         QStyledItemDelegate::paint(painter, option, index);

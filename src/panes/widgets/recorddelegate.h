@@ -26,9 +26,13 @@ public:
     void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+        const QModelIndex &index) override;
 
 private:
     bool isChosen(const QModelIndex &index) const;
+    QString faultAt(const QModelIndex &index) const;
+    void paintValue(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
 
     QVector<RecordField> m_fields;
     ColumnList m_columns;

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <QStringList>
+#include <QVariantList>
+
+#include <functional>
 
 /// What one column of a table of records holds.
 struct RecordField
@@ -18,4 +21,7 @@ struct RecordField
     QString toolTip;
     QStringList choices;
     QString noneText; ///< what stands for no column
+    /// Why a record's value makes no sense here, such as an expression that isn't valid; empty when it does. Null for
+    /// anything goes.
+    std::function<QString(const QVariantList &record)> fault;
 };

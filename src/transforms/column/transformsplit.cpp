@@ -6,6 +6,7 @@
 #include "transforms/frame/tablesize.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/option.h"
+#include "transforms/options/optionchecks.h"
 #include "transforms/options/optionvalues.h"
 
 #include <algorithm>
@@ -85,6 +86,8 @@ OptionTable TransformSplit::options() const
             .tip("Choose whether to split the selected column using a text delimiter, a regex delimiter or lengths."),
         Option::text("Delimiter", "Delimiter")
             .activeWhen(hasDelimiter)
+            .check(&OptionChecks::expression,
+                [](const OptionValues &values) { return values.choice("Delimiter_Type") == ValueSplitter::Regex; })
             .tip("Choose the delimiter to split values on.\nThis will often be a single character of text, such as a "
                  "Comma or Space."),
         Option::text("Lengths", "Lengths", "3,5,4")

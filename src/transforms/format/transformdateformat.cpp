@@ -5,6 +5,7 @@
 #include "transforms/frame/messages.h"
 #include "transforms/keys/keysuggestion.h"
 #include "transforms/options/option.h"
+#include "transforms/options/optionchecks.h"
 #include "transforms/options/optionvalues.h"
 
 #include <memory>
@@ -36,6 +37,7 @@ private:
                      "days of the week (for 'ddd' and 'dddd' formats)\nand the months of the year (for 'MMM' and "
                      "'MMMM' formats)."),
             Option::text("Input", inputLabel(), "d/MM/yyyy")
+                .check(&OptionChecks::dateFormat)
                 .tip(QStringLiteral("The current date and/or time format, e.g. d/M/yyyy.\n%1\nClick the ? button for "
                                     "more details.")
                          .arg(help)),
@@ -44,6 +46,7 @@ private:
                      "days of the week (for 'ddd' and 'dddd' formats)\nand the months of the year (for 'MMM' and "
                      "'MMMM' formats)."),
             Option::text("Output", "Format to", "yy/MM/dd")
+                .check(&OptionChecks::dateFormat)
                 .tip(QStringLiteral(
                     "The new date and/or time format, e.g. yyyy-M-d.\n%1\nClick the ? button for more details.")
                          .arg(help)),

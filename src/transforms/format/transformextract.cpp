@@ -1,6 +1,7 @@
 #include "data/textregex.h"
 #include "transforms/frame/celltransform.h"
 #include "transforms/options/option.h"
+#include "transforms/options/optionchecks.h"
 #include "transforms/options/optionvalues.h"
 
 #include <algorithm>
@@ -38,6 +39,7 @@ private:
                 .activeWhen("Using", {"Text"}),
             Option::text("Matching", "Matching", "^.*$")
                 .tip("Data matching this regular expression will be extracted.")
+                .check(&OptionChecks::expression)
                 .activeWhen("Using", {"Regex"}),
             Option::flag("Case_Sensitive", "case sensitive", true)
                 .tip("Check for case sensitive matching.")

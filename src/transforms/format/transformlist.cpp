@@ -5,6 +5,7 @@
 #include "transforms/frame/transform.h"
 #include "transforms/options/addedcolumn.h"
 #include "transforms/options/option.h"
+#include "transforms/options/optionchecks.h"
 #include "transforms/options/optionvalues.h"
 
 /// Adds a column with the outcome of one operation on the lists in a column's cells.
@@ -29,6 +30,8 @@ private:
                 Option::selection("Delimiter_Type", "Using", {"Text delimiter", "Regex delimiter"})
                     .tip("Choose whether to delimit list elements using a text or regex delimiter."),
                 Option::text("Delimiter", "Delimiter")
+                    .check(&OptionChecks::expression,
+                        [](const OptionValues &values) { return values.choice("Delimiter_Type") == RegexDelimiter; })
                     .tip(
                         "Choose the list delimiter.\nThis will often be a single character of text, such as a Comma or "
                         "Space."),

@@ -258,6 +258,12 @@ QList<QPair<QString, bool>> Transform::parameterStates() const
     return states;
 }
 
+QString Transform::optionFault(const QString &name) const
+{
+    const Option *option = table().find(name);
+    return option && hasAllOptions() ? option->fault(OptionValues(m_parameters)) : QString();
+}
+
 bool Transform::hasAllOptions() const
 {
     for (const Option &option : table()) {

@@ -83,6 +83,8 @@ public:
     virtual bool hasConditionalParameters() const;
     /// Which options apply at present, for those that don't always.
     virtual QList<QPair<QString, bool>> parameterStates() const;
+    /// Why an option's value makes no sense, such as an expression that isn't valid; empty when it does.
+    QString optionFault(const QString &name) const;
     /// Warns of options that apply and are unset.
     void checkOptions();
     void saveUserDefault(const Parameter &parameter) const;

@@ -239,6 +239,19 @@ bool Option::isActive(const OptionValues &values) const
         m_conditions.cbegin(), m_conditions.cend(), [&values](const Condition &holds) { return holds(values); });
 }
 
+Option &Option::check(Check check, Condition applies)
+{
+    m_check = std::move(check);
+    m_checkApplies = std::move(applies);
+    return *this;
+}
+
+QString Option::fault(const OptionValues &values) const
+{
+    const bool applies = m_check && isActive(values) && (!m_checkApplies || m_checkApplies(values));
+    return applies ? m_check(values.text(key())) : QString();
+}
+
 bool Option::offersUserDefault() const
 {
     return !m_parameter.dependsOnColumns() && kind() != Parameter::Label;

@@ -14,6 +14,8 @@ class Option
 {
 public:
     using Condition = std::function<bool(const OptionValues &)>;
+    /// Why a text makes no sense, in a sentence; empty when it does.
+    using Check = std::function<QString(const QString &text)>;
 
     // Options that name columns of an input
     static Option column(const QString &key, const QString &label);
@@ -74,12 +76,17 @@ public:
     /// Applies only while the flag `key` is as given.
     Option &activeWhenFlag(const QString &key, bool on = true);
     Option &activeWhen(Condition condition);
+    /// Lets editors mark a text that makes no sense, where `applies` holds; null for always. What a run does with such
+    /// a text is for the kind itself.
+    Option &check(Check check, Condition applies = nullptr);
 
     const QString &key() const { return m_parameter.name(); }
     Parameter::Kind kind() const { return m_parameter.kind(); }
     int input() const { return m_input; }
     bool isConditional() const { return !m_conditions.empty(); }
     bool isActive(const OptionValues &values) const;
+    /// What check() says of the option's value; empty for one that doesn't apply or isn't checked.
+    QString fault(const OptionValues &values) const;
     bool offersUserDefault() const;
     /// A parameter with this option's default, bound to `node` when it names columns; the caller owns it. `isMain` is
     /// true for the option that is preselected unless told not to.
@@ -95,6 +102,8 @@ private:
     Preselect m_preselect = ByPlace;
     bool m_selectAll = false;
     std::vector<Condition> m_conditions;
+    Check m_check;
+    Condition m_checkApplies;
 };
 
 /// The options of one kind of transform, in their order.
