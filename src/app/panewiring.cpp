@@ -7,6 +7,7 @@
 #include "app/mainactions.h"
 #include "app/mainwindow.h"
 #include "app/uithemes.h"
+#include "charts/chartitemwidget.h"
 #include "graph/graphenums.h"
 #include "graph/graphscene.h"
 #include "graph/node.h"
@@ -78,6 +79,7 @@ void connectStatusBar(const CommandContext &context, CommandGroups &groups)
 void connectItemPane(const CommandContext &context, MainWindow &window)
 {
     ItemPane *pane = &context.itemPane;
+    ChartItemWidget::enlist();
     QObject::connect(pane, &ItemPane::nodeCommentChanged, &window, &MainWindow::onDocumentChanged);
     QObject::connect(pane, &ItemPane::changeNeedsSave, &window, &MainWindow::onDocumentChanged);
     StatusBar *statusBar = &context.statusBar;

@@ -95,8 +95,9 @@ TEST_F(ActionTableTest, MenusAndToolBarHoldThemInOrder)
     const QPair<const char *, const char *> menus[] = {
         {"m_menuFile", "New, Open, Open Recent, Recent, -, New Window, -, Notes, -, Save, Save As, -, Batch Process, "
                        "Command Line, Flow Report, -, Exit"},
-        {"m_menuEdit", "Undo, Redo, -, Cut, Copy, Paste, -, Delete, -, Snap To Grid, Tidy Up, Select All, -, Locale, -, "
-                       "Preferences"},
+        {"m_menuEdit",
+            "Undo, Redo, -, Cut, Copy, Paste, -, Delete, -, Snap To Grid, Tidy Up, Select All, -, Locale, -, "
+            "Preferences"},
         {"m_menuRun", "Auto Run, -, Stop Run"},
         {"m_menuView", "Zoom Fit, Zoom In, Zoom Out, Zoom Selected, Magnify Cursor, Find Items, -, Compare Headers, "
                        "Compare Data, -, Item Summary, Timing Profile, -, Show Comments, Show Row/Col Changes, Show "

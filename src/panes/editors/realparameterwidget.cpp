@@ -1,25 +1,15 @@
 #include "panes/editors/realparameterwidget.h"
 
-#include "panes/widgets/wheelguard.h"
 #include "transforms/options/parameter.h"
 
 #include <QPaintEvent>
 #include <QSignalBlocker>
 
-namespace {
-
-constexpr int decimalPlaces = 6;
-constexpr int significantDigits = 10;
-
-} // namespace
-
 RealParameterWidget::RealParameterWidget(Parameter &parameter, Node &node, QWidget *parent)
-    : QDoubleSpinBox(parent)
+    : RealSpinBox(parent)
     , ParameterWidget(parameter, node)
 {
     describe(*this);
-    guardFromWheel(*this);
-    setDecimals(decimalPlaces);
     setRange(parameter.minReal(), parameter.maxReal());
     setSuffix(parameter.suffix());
     refresh();
@@ -49,11 +39,6 @@ void RealParameterWidget::onChanged()
 
 void RealParameterWidget::paintEvent(QPaintEvent *event)
 {
-    QDoubleSpinBox::paintEvent(event);
+    RealSpinBox::paintEvent(event);
     paintUnsetFrame(*this);
-}
-
-QString RealParameterWidget::textFromValue(double number) const
-{
-    return locale().toString(number, 'g', significantDigits);
 }

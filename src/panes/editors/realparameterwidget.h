@@ -1,18 +1,16 @@
 #pragma once
 
 #include "panes/editors/parameterwidget.h"
-
-#include <QDoubleSpinBox>
+#include "panes/widgets/realspinbox.h"
 
 /// A number.
-class RealParameterWidget : public QDoubleSpinBox, public ParameterWidget
+class RealParameterWidget : public RealSpinBox, public ParameterWidget
 {
     Q_OBJECT
 
 public:
     RealParameterWidget(Parameter &parameter, Node &node, QWidget *parent = nullptr);
 
-    QString textFromValue(double number) const override;
     void refresh() override;
     QVariant value() const override;
 

@@ -143,6 +143,16 @@ void DataItemWidget::setOptionsArea(QWidget *options)
     options->installEventFilter(this);
 }
 
+void DataItemWidget::setPicturePage(QWidget *page, const QString &title)
+{
+    m_tabs->removeTab(Data);
+    m_data->hide();
+    m_data->setParent(this);
+    m_tabs->insertTab(Data, page, title);
+    m_tabs->setTabVisible(Characters, false);
+    m_tabs->setCurrentIndex(Data);
+}
+
 bool DataItemWidget::eventFilter(QObject *watched, QEvent *event)
 {
     // Options come and go with the values of others.
@@ -174,7 +184,7 @@ void DataItemWidget::setPanelState(PanelState &state)
 {
     m_state = &state;
     m_data->setPanelState(state);
-    m_tabs->setCurrentIndex(state.tab);
+    m_tabs->setCurrentIndex(m_tabs->isTabVisible(state.tab) ? state.tab : static_cast<int>(Data));
     if (!state.splitter.isEmpty()) {
         m_splitter->restoreState(state.splitter);
     }

@@ -53,6 +53,8 @@ public slots:
 protected:
     /// Takes ownership; shown above the table.
     void setOptionsArea(QWidget *options);
+    /// For kinds that have a picture instead of a table: takes ownership and the place of the two tabs of data.
+    void setPicturePage(QWidget *page, const QString &title);
     /// Shows the item's options, which somebody else may have changed.
     virtual void refreshOptions() {}
     /// The table that the item's is compared with; empty for none.

@@ -3,6 +3,7 @@
 #include "files/encodings.h"
 #include "panes/icons.h"
 #include "panes/widgets/lineeditwithinsertcontrolchars.h"
+#include "panes/widgets/realspinbox.h"
 #include "panes/widgets/staricon.h"
 #include "panes/widgets/wheelguard.h"
 
@@ -133,12 +134,14 @@ QWidget *OptionsForm::makeEditor(const QByteArray &key, const OptionInfo &info, 
         editor = makeEncoding(key, field);
     } else if (info.editor == OptionEditor::Path) {
         editor = makePath(key, field);
-    } else if (present.type() == QVariant::Bool) {
-        editor = makeFlag(key, info, field);
     } else if (info.editor == OptionEditor::Choice) {
         editor = makeChoice(key, info, field);
+    } else if (present.type() == QVariant::Bool) {
+        editor = makeFlag(key, info, field);
     } else if (present.type() == QVariant::Int) {
         editor = makeNumber(key, info, field);
+    } else if (present.type() == QVariant::Double) {
+        editor = makeReal(key, field);
     } else {
         editor = makeText(key, info, field);
     }
@@ -184,6 +187,17 @@ QWidget *OptionsForm::makeNumber(const QByteArray &key, const OptionInfo &info, 
     guardFromWheel(*box);
     field.show = [box](const QVariant &value) { box->setValue(value.toInt()); };
     connect(box, QOverload<int>::of(&QSpinBox::valueChanged), this, [this, key](int value) { store(key, value); });
+    return box;
+}
+
+QWidget *OptionsForm::makeReal(const QByteArray &key, Field &field)
+{
+    constexpr double largest = 1e15;
+    auto *box = new RealSpinBox;
+    box->setRange(-largest, largest);
+    field.show = [box](const QVariant &value) { box->setValue(value.toDouble()); };
+    connect(box, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
+        [this, key](double value) { store(key, value); });
     return box;
 }
 

@@ -59,6 +59,7 @@ private:
     QWidget *makeFlag(const QByteArray &key, const OptionInfo &info, Field &field);
     QWidget *makeChoice(const QByteArray &key, const OptionInfo &info, Field &field);
     QWidget *makeNumber(const QByteArray &key, const OptionInfo &info, Field &field);
+    QWidget *makeReal(const QByteArray &key, Field &field);
     QWidget *makeEncoding(const QByteArray &key, Field &field);
     QWidget *makeText(const QByteArray &key, const OptionInfo &info, Field &field);
     QWidget *makePath(const QByteArray &key, Field &field);
