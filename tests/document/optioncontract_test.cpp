@@ -123,6 +123,7 @@ std::vector<ChartOptions> starts(const ChartOptions &)
             options.layout = ChartChoice::Faceted;
             options.writeFile = true;
             options.titleOption = options.x.titleOption = options.y.titleOption = ChartChoice::CustomTitle;
+            options.pointSizeOption = 1;
             options.x.customMinimum = options.x.customMaximum = true;
             options.y.customMinimum = options.y.customMaximum = true;
             all.push_back(options);
