@@ -60,7 +60,7 @@ const ActionRow rows[] = {
     {&MainActions::helpAbout, "m_helpAboutAction", "&About", "", "help-about", "Show the 'About' window.", false,
         [](Commands &c, bool) { c.help.about(); }, nullptr, false},
     {&MainActions::editPreferences, "m_editPreferencesAction", "P&references...", "Ctrl+,", "configure",
-        "Show the 'Preferences' window.", false, nullptr, nullptr, false},
+        "Show the 'Preferences' window.", false, [](Commands &c, bool) { c.edit.editPreferences(); }, nullptr, false},
     {&MainActions::helpQuickStart, "m_helpQuickStartAction", "&Quick Start Guide", "", "quick-start",
         "View the 'Quick start' guide.", false, nullptr, nullptr, false},
     {&MainActions::insertDataToFile, "m_insertDataToFileAction", "To file", "", "document-export",

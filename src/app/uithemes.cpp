@@ -79,5 +79,7 @@ void UiThemes::apply()
     }
     QApplication::setPalette(m_isDark ? darkPalette() : QApplication::style()->standardPalette());
     m_application.setStyleSheet(sheet);
+    // The canvas follows the theme as long as nobody has chosen colours for it.
+    m_application.settings().setThemeColorScheme(m_isDark ? ColorScheme::Dark : ColorScheme::Modern);
     emit changed(m_isDark);
 }

@@ -111,6 +111,12 @@ void Colors::reload()
     m_scheme = Settings::current().colorScheme();
 }
 
+void Colors::show(ColorScheme scheme, const CustomColors &custom)
+{
+    m_scheme = scheme;
+    m_custom = std::make_shared<const CustomColors>(custom);
+}
+
 QColor Colors::color(Role role) const
 {
     return color(role, m_scheme);
@@ -121,6 +127,9 @@ QColor Colors::color(int role, ColorScheme scheme) const
     if (role < 0 || role >= RoleCount) {
         return QColor();
     }
+    if (scheme == ColorScheme::Custom && m_custom) {
+        return m_custom->colors[static_cast<size_t>(role)];
+    }
     if (scheme == ColorScheme::Custom) {
         return Settings::current().customColor(role, color(role, ColorScheme::Modern));
     }
@@ -130,12 +139,18 @@ QColor Colors::color(int role, ColorScheme scheme) const
 
 double Colors::connectionThickness() const
 {
+    if (m_scheme == ColorScheme::Custom && m_custom) {
+        return m_custom->connectionThickness;
+    }
     return m_scheme == ColorScheme::Custom ? Settings::current().customConnectionThickness()
                                            : rowOf(m_scheme).connectionThickness;
 }
 
 int Colors::gradientEffect() const
 {
+    if (m_scheme == ColorScheme::Custom && m_custom) {
+        return m_custom->gradientEffect;
+    }
     return m_scheme == ColorScheme::Custom ? Settings::current().customGradientEffect()
                                            : rowOf(m_scheme).gradientEffect;
 }
@@ -152,4 +167,33 @@ QStringList Colors::schemeNames()
         names.append(QString::fromLatin1(row.name));
     }
     return names;
+}
+
+CustomColors CustomColors::ofScheme(ColorScheme scheme)
+{
+    const Colors colors(scheme);
+    CustomColors custom;
+    for (int role = 0; role < Colors::RoleCount; ++role) {
+        custom.colors[static_cast<size_t>(role)] = colors.color(role, scheme);
+    }
+    custom.connectionThickness = colors.connectionThickness();
+    custom.gradientEffect = colors.gradientEffect();
+    return custom;
+}
+
+void CustomColors::store() const
+{
+    const CustomColors before = ofScheme(ColorScheme::Custom);
+    Settings &settings = Settings::current();
+    for (size_t role = 0; role < colors.size(); ++role) {
+        if (colors[role] != before.colors[role]) {
+            settings.setCustomColor(static_cast<int>(role), colors[role]);
+        }
+    }
+    if (!qFuzzyCompare(connectionThickness, before.connectionThickness)) {
+        settings.setCustomConnectionThickness(connectionThickness);
+    }
+    if (gradientEffect != before.gradientEffect) {
+        settings.setCustomGradientEffect(gradientEffect);
+    }
 }

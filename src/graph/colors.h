@@ -5,6 +5,10 @@
 #include <QColor>
 #include <QString>
 #include <QStringList>
+#include <array>
+#include <memory>
+
+struct CustomColors;
 
 /// The colours of the canvas by role and scheme.
 class Colors
@@ -37,6 +41,8 @@ public:
     static Colors &current();
     /// Reads scheme and custom colours from the settings again.
     void reload();
+    /// For a preview: shows `scheme`, with these in the place of the custom colours of the settings.
+    void show(ColorScheme scheme, const CustomColors &custom);
 
     ColorScheme scheme() const { return m_scheme; }
     /// Invalid where the role takes no colour of its own.
@@ -51,4 +57,17 @@ public:
 
 private:
     ColorScheme m_scheme;
+    std::shared_ptr<const CustomColors> m_custom; ///< null for those of the settings
+};
+
+/// What a person's own scheme is made of.
+struct CustomColors
+{
+    std::array<QColor, Colors::RoleCount> colors;
+    double connectionThickness = 2.0;
+    int gradientEffect = 0;
+
+    static CustomColors ofScheme(ColorScheme scheme);
+    /// Writes what differs from the settings.
+    void store() const;
 };

@@ -114,6 +114,7 @@ public:
     // Defaults that depend on the running program
     /// Font of windows and tables as long as the user chose none.
     void setDefaultFont(const QFont &font);
+    QFont defaultFont() const;
     /// Scheme of canvas colours as long as the user chose none.
     void setThemeColorScheme(ColorScheme scheme);
 
@@ -124,7 +125,6 @@ private:
     void announce(const QString &key) const;
     void announceDefault(const QString &key) const;
     bool moveTo(std::unique_ptr<QSettings> target);
-    QFont defaultFont() const;
 
     std::unique_ptr<QSettings> m_store;
     mutable QHash<QString, QVariant> m_cache;

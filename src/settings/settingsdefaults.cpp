@@ -63,7 +63,11 @@ QString SettingsDefaults::sortedBlockedExtensions()
 
 QString SettingsDefaults::dateFormats(const QLocale &locale)
 {
-    const bool american = locale.country() == QLocale::UnitedStates;
+    return dateFormats(locale.country() == QLocale::UnitedStates, locale);
+}
+
+QString SettingsDefaults::dateFormats(bool american, const QLocale &locale)
+{
     const QString formats = QString::fromLatin1(american ? americanFormats : otherFormats);
     const QString own = locale.dateFormat(QLocale::ShortFormat);
     return formats.split(QLatin1Char('\n')).contains(own) ? formats : own + QLatin1Char('\n') + formats;

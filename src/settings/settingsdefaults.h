@@ -11,6 +11,8 @@ QString blockedExtensions();
 QString sortedBlockedExtensions();
 /// Date formats of the locale's country, one a line, the locale's own short format among them.
 QString dateFormats(const QLocale &locale);
+/// The same, American or not whatever the locale's country is.
+QString dateFormats(bool american, const QLocale &locale);
 /// A locale and the variable of the environment that names it; an empty one for the system's own choice.
 struct SessionLocale
 {

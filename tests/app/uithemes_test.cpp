@@ -54,7 +54,9 @@ TEST_F(UiThemesTest, TheCommandTurnsWindowsDarkAndLight)
     EXPECT_TRUE(isDarkPalette());
     EXPECT_FALSE(Application::instance()->styleSheet().isEmpty());
     EXPECT_EQ(Application::instance()->settings().uiTheme(), UiTheme::Dark);
+    EXPECT_EQ(Application::instance()->settings().colorScheme(), ColorScheme::Dark) << "nobody has chosen another";
     toggle->trigger();
+    EXPECT_EQ(Application::instance()->settings().colorScheme(), ColorScheme::Modern);
     EXPECT_FALSE(isDarkPalette());
     EXPECT_TRUE(Application::instance()->styleSheet().isEmpty());
     EXPECT_EQ(Application::instance()->settings().uiTheme(), UiTheme::Light);

@@ -1,5 +1,6 @@
 #include "app/commands/editcommands.h"
 
+#include "app/application.h"
 #include "app/documentcommands.h"
 #include "app/documentsession.h"
 #include "graph/connection.h"
@@ -11,7 +12,12 @@
 #include "panes/dialogs/localedialog.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/items/itempane.h"
+#include "panes/preferences/generalpage.h"
+#include "panes/preferences/preferencesdialog.h"
 #include "panes/status/statusbar.h"
+#include "settings/product.h"
+
+#include <QDir>
 
 void EditCommands::deleteSelected()
 {
@@ -61,6 +67,16 @@ void EditCommands::setSnapToGrid(bool on)
     }
     m_context.session.setModified(true);
     m_context.statusBar.onShowMessage(on ? QStringLiteral("snap on") : QStringLiteral("snap off"));
+}
+
+void EditCommands::editPreferences()
+{
+    Application &application = m_context.application;
+    const PreferencesStore store{[&application] { return application.reopenSettingsAsIni(); },
+        [&application] { return application.reopenSettingsAsSystem(); },
+        QDir::toNativeSeparators(application.applicationDir().filePath(QString::fromLatin1(Product::iniFileName)))};
+    PreferencesDialog dialog(store, m_context.prompts, &m_context.window);
+    m_context.prompts.exec(dialog);
 }
 
 void EditCommands::editLocale()

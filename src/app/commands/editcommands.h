@@ -22,6 +22,7 @@ public:
     void setSnapToGrid(bool on);
     /// Another locale reads numbers and dates otherwise, so everything needs to run again.
     void editLocale();
+    void editPreferences();
 
 private:
     const CommandContext m_context;

@@ -1,6 +1,7 @@
 #include "panes/widgets/colorbutton.h"
 
 #include <QColorDialog>
+#include <QPainter>
 
 namespace {
 
@@ -21,9 +22,14 @@ void ColorButton::setColor(const QColor &color)
 {
     m_color = color;
     QPixmap pixmap(iconSize());
-    pixmap.fill(color);
+    pixmap.fill(color.isValid() ? color : Qt::transparent);
+    if (!color.isValid()) {
+        QPainter painter(&pixmap);
+        painter.setPen(palette().color(QPalette::ButtonText));
+        painter.drawLine(0, pixmap.height() - 1, pixmap.width() - 1, 0);
+    }
     setIcon(pixmap);
-    setAccessibleDescription(color.name());
+    setAccessibleDescription(color.isValid() ? color.name() : QStringLiteral("None"));
 }
 
 void ColorButton::choose()

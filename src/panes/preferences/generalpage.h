@@ -1,0 +1,37 @@
+#pragma once
+
+#include "panes/preferences/settingrows.h"
+
+class Prompts;
+
+/// Moves the settings between the store of the system and a file beside the program.
+struct PreferencesStore
+{
+    std::function<bool()> moveToFile;
+    std::function<bool()> moveToSystem;
+    QString file; ///< its path, for messages
+};
+
+/// "General": start, opening, clipboard, memory, where settings are stored, locale and sounds.
+class GeneralPage : public SettingRows
+{
+    Q_OBJECT
+
+public:
+    GeneralPage(const PreferencesStore &store, Prompts &prompts, QWidget *parent = nullptr);
+
+    /// Moves the settings to where they are wanted; false, after a message, leaves them where they are.
+    bool moveStore();
+
+private:
+    bool wantsFile() const;
+    void tellUnwritable();
+    void addStarting();
+    void addRunning();
+    void addLocale();
+    void onPrefsLocationChanged();
+
+    const PreferencesStore m_store;
+    Prompts &m_prompts;
+    QComboBox *m_place = nullptr;
+};

@@ -1,0 +1,78 @@
+#include "panes/preferences/preferencesdialog.h"
+
+#include "panes/preferences/colorspage.h"
+#include "panes/preferences/datespage.h"
+#include "panes/preferences/extensionspage.h"
+#include "panes/preferences/generalpage.h"
+#include "panes/preferences/interfacepage.h"
+#include "panes/widgets/keptgeometry.h"
+#include "settings/settings.h"
+
+#include <QDialogButtonBox>
+#include <QScrollArea>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr QSize firstSize(680, 560);
+
+/// Pages of rows may be higher than the screen, with large letters.
+QWidget *scrolled(QWidget *page)
+{
+    auto *area = new QScrollArea;
+    area->setWidget(page);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    return area;
+}
+
+} // namespace
+
+PreferencesDialog::PreferencesDialog(const PreferencesStore &store, Prompts &prompts, QWidget *parent)
+    : QDialog(parent)
+    , m_general(new GeneralPage(store, prompts))
+    , m_interface(new InterfacePage)
+    , m_dates(new DatesPage)
+    , m_inputs(new ExtensionsPage(ExtensionsPage::Input))
+    , m_outputs(new ExtensionsPage(ExtensionsPage::Output))
+    , m_colors(new ColorsPage)
+{
+    setWindowTitle(QStringLiteral("Preferences"));
+    auto *tabs = new QTabWidget;
+    tabs->addTab(scrolled(m_general), QStringLiteral("General"));
+    tabs->addTab(scrolled(m_interface), QStringLiteral("User Interface"));
+    tabs->addTab(m_dates, QStringLiteral("Dates"));
+    tabs->addTab(m_inputs, QStringLiteral("Input Extensions"));
+    tabs->addTab(m_outputs, QStringLiteral("Output Extensions"));
+    tabs->addTab(scrolled(m_colors), QStringLiteral("Colors"));
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Help);
+    connect(buttons, &QDialogButtonBox::accepted, this, &PreferencesDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    connect(buttons, &QDialogButtonBox::helpRequested, this, [this] { emit helpRequested(helpPage()); });
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(tabs, 1);
+    layout->addWidget(buttons);
+    keepGeometry(*this, &Settings::prefsWindowGeometry, &Settings::setPrefsWindowGeometry, firstSize);
+}
+
+QString PreferencesDialog::helpPage()
+{
+    return QStringLiteral("Preferences_window");
+}
+
+void PreferencesDialog::accept()
+{
+    // Where they go comes first: a failure leaves the dialog open and everything as it was.
+    if (!m_general->moveStore()) {
+        return;
+    }
+    m_general->store();
+    m_interface->store();
+    m_dates->store();
+    m_inputs->store();
+    m_outputs->store();
+    m_colors->store();
+    Settings::current().sync();
+    QDialog::accept();
+}
