@@ -128,7 +128,20 @@ void DocumentCommands::holdAgain()
     }
 }
 
-bool DocumentCommands::openDocument(const QString &givenPath)
+bool DocumentCommands::openExample(const QString &path)
+{
+    if (isBusy() || !maybeSave() || !openDocument(path, WritingFiles::Known)) {
+        return false;
+    }
+    // From now on it names the files beside it.
+    if (m_session.isModified()) {
+        save();
+    }
+    RecoveryFile::remove();
+    return true;
+}
+
+bool DocumentCommands::openDocument(const QString &givenPath, WritingFiles writing)
 {
     const QString path = m_application.applicationDir().absoluteFilePath(givenPath);
     emit statusMessage(QStringLiteral("Loading %1").arg(QDir::toNativeSeparators(path)));
@@ -161,7 +174,9 @@ bool DocumentCommands::openDocument(const QString &givenPath)
     bool changed = loaded.relocated;
     changed |= OpeningQuestions::replaceMissingInputs(m_session.scene(), path, m_prompts);
     bool autoRun = loaded.autoRunOn;
-    changed |= OpeningQuestions::guardOutputs(m_session.scene(), path, autoRun, m_prompts);
+    if (writing == WritingFiles::MayAsk) {
+        changed |= OpeningQuestions::guardOutputs(m_session.scene(), path, autoRun, m_prompts);
+    }
     setCurrentPath(path);
     m_session.scene().clearSelection();
     const OverrideResult overridden = applyOverrides(m_overrides, m_session.scene());

@@ -106,6 +106,7 @@ void MainActions::updateEnabled(const ActionState &state)
         (this->*row.action)->setEnabled(isPossible && (!state.isRunning || row.duringRun));
     }
     recentMenu->setEnabled(state.hasRecentDocuments && !state.isRunning);
+    examplesMenu->setEnabled(!state.isRunning);
 }
 
 void MainActions::showManualRuns(bool show)

@@ -82,6 +82,7 @@ struct MainActions
     QAction *inputFromFile = nullptr;
     QAction *inputFromClipboard = nullptr;
     QMenu *recentMenu = nullptr;
+    QMenu *examplesMenu = nullptr;
     QMenu *runMenu = nullptr;
     QToolBar *toolBar = nullptr;
 

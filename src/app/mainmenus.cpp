@@ -50,9 +50,11 @@ void MainActions::fillMenus(QMainWindow &window)
     runMenu = addMenu(bar, "m_menuRun", "&Run");
     addAll(*runMenu, {runAuto, nullptr, runStop});
     fillViewMenu(*addMenu(bar, "m_menuView", "&View"));
-    addAll(*addMenu(bar, "m_menuHelp", "&Help"),
-        {help, helpIntroVideo, helpQuickStart, helpExpertTips, helpKeyboardShortcuts, helpFAQ, helpForum, helpSupport,
-            nullptr, helpCheckForUpdates, helpSubscribeToNewsletter, helpAbout});
+    QMenu &helpMenu = *addMenu(bar, "m_menuHelp", "&Help");
+    addAll(helpMenu, {help, helpIntroVideo, helpQuickStart, helpExpertTips, helpKeyboardShortcuts});
+    examplesMenu = addMenu(helpMenu, "m_helpExamplesMenu", "E&xamples");
+    addAll(helpMenu,
+        {helpFAQ, helpForum, helpSupport, nullptr, helpCheckForUpdates, helpSubscribeToNewsletter, helpAbout});
 }
 
 void MainActions::fillViewMenu(QMenu &view)

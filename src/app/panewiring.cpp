@@ -2,6 +2,7 @@
 
 #include "app/commands/commandcontext.h"
 #include "app/commands/commandgroups.h"
+#include "app/commands/examplesmenu.h"
 #include "app/documentsession.h"
 #include "app/iconprogress.h"
 #include "app/mainactions.h"
@@ -38,6 +39,8 @@ void connectCanvas(const CommandContext &context, const MainActions &actions, Co
     menu.duplicateBranch = actions.editDuplicateBranch;
     menu.remove = actions.editDelete;
     pane.setActions(menu);
+    new ExamplesMenu(*actions.examplesMenu, context, groups.all.documents);
+    pane.setExamples(*actions.examplesMenu);
     QObject::connect(&statusBar.itemStatus(), &NodeStatusWidget::iconClicked, &pane,
         [&groups](NodeStatusIcon icon) { groups.view.selectIconsOfType(icon); });
     QObject::connect(&pane, &GraphPane::statusMessage, &statusBar, &StatusBar::onShowMessage);

@@ -104,8 +104,9 @@ TEST_F(ActionTableTest, MenusAndToolBarHoldThemInOrder)
                        "Warnings, Show Tool Tips, -, Tool bar, Left Pane, Log Pane, Right Pane, -, Toggle UI Theme, -, "
                        "Two Screen Mode"},
         {"menuShowToolTips", "Off, Brief, Detailed"},
-        {"m_menuHelp", "Quillmere Help, Short Introduction Video, Quick Start Guide, Expert Tips, Keyboard shortcuts, "
-                       "FAQ Page, Forum, Technical Support, -, Check For Updates, Subscribe to Newsletter, About"},
+        {"m_menuHelp",
+            "Quillmere Help, Short Introduction Video, Quick Start Guide, Expert Tips, Keyboard shortcuts, "
+            "Examples, FAQ Page, Forum, Technical Support, -, Check For Updates, Subscribe to Newsletter, About"},
     };
     for (const auto &menu : menus) {
         auto *found = m_window->findChild<QMenu *>(QString::fromLatin1(menu.first));

@@ -6,6 +6,8 @@ run.py PROGRAM CASE_FOLDER [--record]
 A case folder holds flow.transform, its input files, expected/ with each file that the run must write and nothing else,
 expected/run.log (the log at verbosity 4, with times and the folder's path taken out), and, where they differ from the
 usual, `arguments` (one more argument a line; {dir} is the folder) and `exit` (the exit code, 0 by default).
+A case with a file `example` runs the document of examples/ that it names instead, with all that lies there and an empty
+folder results; its folder then holds no flow.transform.
 The document's paths begin with /flows/<case>/, its doc_path with them, so that opening it elsewhere finds the files
 beside it. A document then.transform is run after it in the same folder, with then.log: it reads back what the first one
 wrote. Workbooks that are written are expected to be there, and compared by what is read back; of pictures only their kind and size are. --record writes expected/ anew: review the difference before committing it."""
@@ -34,10 +36,25 @@ def picture_kind(data):
     return b"(JPEG)\n" if data.startswith(b"\xff\xd8\xff") else b"(PDF)\n" if data.startswith(b"%PDF") else b"(no picture)\n"
 
 
-def run_case(program, case, work):
+EXAMPLES = pathlib.Path(__file__).resolve().parent.parent.parent / "examples"
+
+
+def set_up(case, work):
+    """Puts the case's files into the folder in which it runs; gives the document's name there."""
     for item in case.iterdir():
-        if item.name not in ("expected", "arguments", "exit"):
+        if item.name not in ("expected", "arguments", "exit", "example"):
             (shutil.copytree if item.is_dir() else shutil.copy)(item, work / item.name)
+    if not (case / "example").exists():
+        return "flow.transform"
+    for item in EXAMPLES.iterdir():
+        if item.is_file():
+            shutil.copy(item, work / item.name)
+    (work / "results").mkdir()
+    return (case / "example").read_text(encoding="utf-8").strip()
+
+
+def run_case(program, case, work):
+    document = set_up(case, work)
     before = {p.relative_to(work) for p in work.rglob("*") if p.is_file()}
     arguments = []
     if (case / "arguments").exists():
@@ -52,7 +69,8 @@ def run_case(program, case, work):
             env=environment, cwd=work, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
             timeout=120)
 
-    result = run("flow.transform", "run.log")
+    originals = {name: (work / name).read_bytes() for name in before}
+    result = run(document, "run.log")
     if (work / "then.transform").exists() and result.returncode == 0:
         result = run("then.transform", "then.log")
     written = {}
@@ -62,7 +80,7 @@ def run_case(program, case, work):
             written[str(name)] = path.read_bytes()
     for name in sorted(str(b) for b in before):
         changed = (work / name).read_bytes()
-        if changed != (case / name).read_bytes():
+        if changed != originals[pathlib.Path(name)]:
             written[name] = changed
     written = {name: data.replace(str(work).encode(), b"{dir}") for name, data in written.items()}
     for name in written:

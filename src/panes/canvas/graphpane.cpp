@@ -67,6 +67,7 @@ void GraphPane::setGraph(GraphScene *scene)
     connect(scene, &GraphScene::nodesAdded, this, &GraphPane::onNodesAdded);
     connect(scene, &GraphScene::nodesDeleted, this, &GraphPane::onNodesDeleted);
     connect(scene, &QGraphicsScene::selectionChanged, this, [this] { CanvasAccessible::notifySelection(*this); });
+    m_emptyCanvas.update();
 }
 
 void GraphPane::setRunning(bool on)
@@ -86,6 +87,7 @@ void GraphPane::onNodesAdded()
     // Whoever has added something goes on with it: by typing, connecting or walking.
     setFocus();
     onAutoZoom();
+    m_emptyCanvas.update();
     viewport()->update();
     CanvasAccessible::notifyItems(*this);
 }
@@ -93,6 +95,7 @@ void GraphPane::onNodesAdded()
 void GraphPane::onNodesDeleted()
 {
     onAutoZoom();
+    m_emptyCanvas.update();
     viewport()->update();
     CanvasAccessible::notifyItems(*this);
 }
@@ -108,6 +111,7 @@ void GraphPane::onZoomToFit()
 {
     m_autoZoom = true;
     fit();
+    m_emptyCanvas.update();
 }
 
 void GraphPane::onZoomFree()
@@ -184,6 +188,7 @@ void GraphPane::resizeEvent(QResizeEvent *event)
 {
     QGraphicsView::resizeEvent(event);
     onAutoZoom();
+    m_emptyCanvas.update();
 }
 
 void GraphPane::wheelEvent(QWheelEvent *event)
@@ -260,19 +265,9 @@ void GraphPane::onProcessDroppedPaths(const QList<QUrl> &urls, const QPointF &sc
 
 void GraphPane::drawForeground(QPainter *painter, const QRectF &)
 {
-    if (!m_scene->nodes().isEmpty()) {
-        return;
+    if (m_scene->nodes().isEmpty()) {
+        m_emptyCanvas.paint(*painter);
     }
-    painter->save();
-    painter->resetTransform();
-    QFont font = this->font();
-    font.setPointSizeF(font.pointSizeF() * 1.5);
-    painter->setFont(font);
-    painter->setPen(m_scene->colors().color(Colors::Arrow));
-    painter->drawText(viewport()->rect(), Qt::AlignCenter,
-        QStringLiteral("ADD YOUR DATA\ndrag files here; or\nclick [%1] or [%2] buttons")
-            .arg(QStringLiteral("From File"), QStringLiteral("From Clipboard")));
-    painter->restore();
 }
 
 // Keys, menus and tips

@@ -2,6 +2,7 @@
 
 #include "panes/canvas/canvasactions.h"
 #include "panes/canvas/canvaskeys.h"
+#include "panes/canvas/emptycanvas.h"
 #include "panes/canvas/keyboardconnection.h"
 
 #include <QGraphicsView>
@@ -10,6 +11,7 @@
 #include <QUrl>
 
 class GraphScene;
+class QMenu;
 class TypeableMenu;
 
 /// The view of the canvas: zooms, scrolls and takes dropped files. While it fits the graph it goes on fitting it, until
@@ -31,6 +33,8 @@ public:
     GraphScene *graph() const { return m_scene; }
     /// What its context menu offers.
     void setActions(const CanvasActions &actions) { m_actions = actions; }
+    /// Offered where the canvas is empty.
+    void setExamples(QMenu &menu) { m_emptyCanvas.setExamples(menu); }
     KeyboardConnection &keyboardConnection() { return m_connection; }
     /// Opens the menu of transforms at what is selected, with `typed` entered.
     void openTransformMenu(const QString &typed);
@@ -103,5 +107,6 @@ private:
     CanvasActions m_actions;
     CanvasKeys m_keys{*this};
     KeyboardConnection m_connection;
+    EmptyCanvas m_emptyCanvas{*this};
     QTimer m_runRepaint;
 };
