@@ -148,7 +148,8 @@ const ActionRow rows[] = {
     {&MainActions::helpKeyboardShortcuts, "m_helpKeyboardShortcutsAction", "&Keyboard shortcuts", "", "keyboard",
         "View 'Keyboard shortcuts' in the help.", false, nullptr, nullptr, false},
     {&MainActions::viewFind, "m_viewFindAction", "Fin&d Items...", "Ctrl+F", "edit-find",
-        "Find items in the center pane that match search terms.", false, nullptr, nullptr, false},
+        "Find items in the center pane that match search terms.", false, [](Commands &c, bool) { c.view.findItems(); },
+        nullptr, false},
     {&MainActions::viewZoomMagnify, "m_viewZoomMagnifyAction", "&Magnify Cursor", "", "magnify-cursor",
         "Toggle cursor magnification for the center pane.", true, [](Commands &c, bool on) { c.view.setMagnified(on); },
         nullptr, false},
@@ -160,7 +161,7 @@ const ActionRow rows[] = {
     {&MainActions::viewCompareHeaders, "m_viewCompareHeadersAction", "Compare &Headers...", "", "compare-headers",
         "Compare the headers of 2 or more selected items.", false, nullptr, nullptr, false},
     {&MainActions::viewNodeSummary, "m_viewNodeSummaryAction", "Item &Summary...", "Ctrl+;", "item-summary",
-        "View a summary of all items.", false, nullptr, nullptr, false},
+        "View a summary of all items.", false, [](Commands &c, bool) { c.view.viewNodeSummary(); }, nullptr, false},
     {&MainActions::editLocale, "m_editLocaleAction", "&Locale...", "", "locale",
         "Change the locale of the current .transform file.\nE.g. from 'English/United States' to "
         "'German/Germany'.\nLocale affects how dates, numbers etc are interpreted.",

@@ -3,6 +3,7 @@
 #include "graph/connection.h"
 #include "graph/connectionlayout.h"
 #include "graph/ionode.h"
+#include "graph/itemsearch.h"
 #include "graph/nodeorder.h"
 #include "graph/nodeplacement.h"
 #include "graph/notenode.h"
@@ -135,6 +136,18 @@ Node *GraphItems::outputNodeById(int id) const
 {
     Node *node = nodeById(id);
     return node && node->type() == ItemType::Output ? node : nullptr;
+}
+
+QList<Node *> GraphItems::nodesMatching(const ItemSearch &search) const
+{
+    QList<Node *> found;
+    for (Node *node : nodes()) {
+        if (search.matches(*node)) {
+            found.append(node);
+        }
+    }
+    NodeOrder::sortById(found);
+    return found;
 }
 
 QList<Node *> GraphItems::nodeAtPositionOf(const QGraphicsItem *item) const

@@ -12,6 +12,7 @@ class IONode;
 class Node;
 class NoteNode;
 class TransformNode;
+struct ItemSearch;
 
 /// The items of a scene and their places, and the document that they are of.
 class GraphItems : public QGraphicsScene
@@ -41,6 +42,8 @@ public:
     QList<Node *> rootNodes() const;
     Node *nodeById(int id) const;
     Node *outputNodeById(int id) const;
+    /// In the order in which they were made.
+    QList<Node *> nodesMatching(const ItemSearch &search) const;
     /// Nodes that collide with an item.
     QList<Node *> nodeAtPositionOf(const QGraphicsItem *item) const;
     /// `path`'s name, shortened and numbered until no node has it.

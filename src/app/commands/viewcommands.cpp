@@ -10,6 +10,9 @@
 #include "graph/node.h"
 #include "panes/canvas/graphpane.h"
 #include "panes/canvas/timingprofile.h"
+#include "panes/dialogs/prompts.h"
+#include "panes/explore/finditemsdialog.h"
+#include "panes/explore/nodesummarydialog.h"
 #include "panes/items/itempane.h"
 #include "panes/status/logpane.h"
 #include "panes/widgets/tips.h"
@@ -121,6 +124,23 @@ void ViewCommands::connectByKeyboard()
 void ViewCommands::showFullscreen()
 {
     m_context.itemPane.showFullscreen();
+}
+
+void ViewCommands::findItems()
+{
+    if (!m_find) {
+        GraphPane *pane = &m_context.graphPane;
+        DocumentSession *session = &m_context.session;
+        m_find = new FindItemsDialog([session]() -> GraphScene & { return session->scene(); },
+            [pane](Node &node) { pane->ensureVisible(&node); }, [pane] { pane->onZoomSelected(); }, &m_context.window);
+    }
+    m_find->open();
+}
+
+void ViewCommands::viewNodeSummary()
+{
+    NodeSummaryDialog dialog(m_context.session.scene(), m_context.prompts);
+    m_context.prompts.exec(dialog);
 }
 
 void ViewCommands::setActionPaneShown(bool on)

@@ -2,8 +2,10 @@
 
 #include "app/commands/commandcontext.h"
 
+#include <QPointer>
 #include <memory>
 
+class FindItemsDialog;
 class TwoScreenMode;
 class UiThemes;
 struct MainActions;
@@ -37,6 +39,8 @@ public:
     void connectByKeyboard();
     /// The panel of the one selected item.
     void showFullscreen();
+    void findItems();
+    void viewNodeSummary();
     void setToolBarShown(bool on);
     void setActionPaneShown(bool on);
     void setItemPaneShown(bool on);
@@ -53,4 +57,5 @@ private:
     MainActions &m_actions;
     const std::unique_ptr<UiThemes> m_themes;
     const std::unique_ptr<TwoScreenMode> m_twoScreens;
+    QPointer<FindItemsDialog> m_find;
 };

@@ -78,7 +78,7 @@ void DatasetExport::edit(const Dataset &dataset)
 
 void DatasetExport::save(const Dataset &dataset, const QString &name)
 {
-    Settings &settings = Settings::current();
+    const Settings &settings = Settings::current();
     const QString extension = settings.defaultExportExtension();
     QString base = QFileInfo(name).completeBaseName();
     base.replace(QRegularExpression(QStringLiteral("[^\\w .()-]+")), QStringLiteral("_"));
@@ -86,14 +86,19 @@ void DatasetExport::save(const Dataset &dataset, const QString &name)
     request.title = QStringLiteral("Export dataset");
     request.start = QDir(settings.lastOutputDataDir()).filePath(base + QLatin1Char('.') + extension);
     request.filter = QStringLiteral("Comma separated (*.csv *.txt);;Tab separated (*.tsv *.tab);;All files (*)");
+    saveAs(dataset, request);
+}
+
+void DatasetExport::saveAs(const Dataset &dataset, const FileRequest &request)
+{
     QString path = m_prompts.saveFile(request);
     if (path.isEmpty()) {
         return;
     }
     if (QFileInfo(path).suffix().isEmpty()) {
-        path += QLatin1Char('.') + extension;
+        path += QLatin1Char('.') + QFileInfo(request.start).suffix();
     }
     if (write(dataset, path)) {
-        settings.setLastOutputDataDir(QFileInfo(path).absolutePath());
+        Settings::current().setLastOutputDataDir(QFileInfo(path).absolutePath());
     }
 }

@@ -4,6 +4,7 @@
 
 class Dataset;
 class Prompts;
+struct FileRequest;
 
 /// Takes a whole table out of the program: to the clipboard, into an editor, into a file. Says what went wrong.
 class DatasetExport
@@ -20,6 +21,8 @@ public:
     void edit(const Dataset &dataset);
     /// Asks for a path; `name` is the file name that is proposed.
     void save(const Dataset &dataset, const QString &name);
+    /// The same, beginning as `request` says.
+    void saveAs(const Dataset &dataset, const FileRequest &request);
 
 private:
     bool write(const Dataset &dataset, const QString &path);
