@@ -77,6 +77,8 @@ void Application::setUpWindowDefaults()
 {
     setAttribute(Qt::AA_UseHighDpiPixmaps);
     setWindowIcon(Pictures::programIcon());
+    // Where windows have no icon of their own, the desktop finds it by the entry in its menu.
+    setDesktopFileName(QStringLiteral("quillmere"));
     setFont(platform::messageFont());
     m_defaultFont = font();
     if (m_defaultFont.pointSize() > 0 && m_defaultFont.pointSize() < smallFont) {
