@@ -1,17 +1,15 @@
 #include "panes/items/charswidget.h"
 
 #include "data/dataset.h"
-#include "data/evenrows.h"
-#include "data/values.h"
 #include "panes/icons.h"
 #include "panes/table/charactersmodel.h"
 #include "panes/widgets/bardelegate.h"
 #include "panes/widgets/delayedlineedit.h"
+#include "panes/widgets/samplingcombobox.h"
 #include "settings/settings.h"
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -21,7 +19,6 @@
 
 namespace {
 
-constexpr int samples[] = {100, 1000, 10000, 100000};
 constexpr int cellPadding = 6;
 
 } // namespace
@@ -31,7 +28,7 @@ CharsWidget::CharsWidget(QWidget *parent)
     , m_model(new CharactersModel(this))
     , m_view(new QTableView)
     , m_bars(new BarDelegate(CharactersModel::ShareRole, this))
-    , m_sample(new QComboBox)
+    , m_sample(new SamplingComboBox)
     , m_filter(new DelayedLineEdit)
 {
     m_view->setModel(m_model);
@@ -54,15 +51,9 @@ void CharsWidget::addTools(QHBoxLayout &tools)
 {
     auto *label = new QLabel(QStringLiteral("Sample:"));
     label->setBuddy(m_sample);
-    for (const int rows : samples) {
-        m_sample->addItem(QStringLiteral("%1 rows").arg(formatInteger(rows, true)), rows);
-    }
-    m_sample->addItem(QStringLiteral("All rows"), 0);
     m_sample->setToolTip(
         QStringLiteral("How many rows of the data to sample. Rows are sampled evenly.\nSampling all rows "
                        "can be slow for large datasets."));
-    m_sample->setAccessibleName(QStringLiteral("Sample"));
-    m_sample->setCurrentIndex(Settings::current().sampleComboIndex());
     auto *bars = new QCheckBox(QStringLiteral("show bars"));
     bars->setChecked(Settings::current().showBarsInCharsTable());
     m_bars->setShown(bars->isChecked());
@@ -74,10 +65,7 @@ void CharsWidget::addTools(QHBoxLayout &tools)
     tools.addWidget(bars);
     tools.addWidget(m_filter, 1);
     addScrollButtons(tools);
-    connect(m_sample, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int index) {
-        Settings::current().setSampleComboIndex(index);
-        profile();
-    });
+    connect(m_sample, &SamplingComboBox::sampleChanged, this, &CharsWidget::profile);
     connect(bars, &QCheckBox::toggled, this, [this](bool on) {
         Settings::current().setShowBarsInCharsTable(on);
         m_bars->setShown(on);
@@ -142,9 +130,8 @@ void CharsWidget::profile()
         return;
     }
     m_stale = false;
-    const int sample = m_sample->currentData().toInt();
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    m_model->setDataset(*m_dataset, evenRows(m_dataset->rowCount(), sample == 0 ? m_dataset->rowCount() : sample));
+    m_model->setDataset(*m_dataset, m_sample->rowsOf(m_dataset->rowCount()));
     QApplication::restoreOverrideCursor();
     filterColumns();
 }

@@ -6,9 +6,9 @@ class BarDelegate;
 class CharactersModel;
 class Dataset;
 class DelayedLineEdit;
-class QComboBox;
 class QHBoxLayout;
 class QTableView;
+class SamplingComboBox;
 
 /// The page of a panel that tells what characters the columns of its table are made of.
 class CharsWidget : public QWidget
@@ -34,7 +34,7 @@ private:
     CharactersModel *m_model;
     QTableView *m_view;
     BarDelegate *m_bars;
-    QComboBox *m_sample;
+    SamplingComboBox *m_sample;
     DelayedLineEdit *m_filter;
     const Dataset *m_dataset = nullptr;
     bool m_stale = false;

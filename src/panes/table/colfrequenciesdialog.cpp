@@ -5,6 +5,8 @@
 #include "panes/dialogs/prompts.h"
 #include "panes/table/drilldowndialog.h"
 #include "panes/widgets/bardelegate.h"
+#include "panes/widgets/keptgeometry.h"
+#include "panes/widgets/samplingcombobox.h"
 #include "panes/widgets/tips.h"
 #include "settings/settings.h"
 
@@ -66,6 +68,8 @@ ColFrequenciesDialog::ColFrequenciesDialog(const Dataset &dataset, ColumnIndex c
     , m_column(new QComboBox)
     , m_order(new QComboBox)
     , m_count(new QSpinBox)
+    , m_sample(new SamplingComboBox)
+    , m_sampled(new QLabel)
     , m_bars(new QCheckBox(QStringLiteral("show &bars")))
     , m_percentages(new QCheckBox(QStringLiteral("show &percentages")))
     , m_dates(new QCheckBox(QStringLiteral("include &dates")))
@@ -77,6 +81,7 @@ ColFrequenciesDialog::ColFrequenciesDialog(const Dataset &dataset, ColumnIndex c
     setWindowTitle(QStringLiteral("Column Values"));
     auto *layout = new QVBoxLayout(this);
     addColumnRow(*layout);
+    addSampleRow(*layout);
     auto *sides = new QSplitter;
     sides->addWidget(frequencySide());
     sides->addWidget(metricSide());
@@ -85,17 +90,25 @@ ColFrequenciesDialog::ColFrequenciesDialog(const Dataset &dataset, ColumnIndex c
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     layout->addWidget(buttons);
-    resize(firstSize);
-    restoreGeometry(Settings::current().colFrequenciesWindowGeometry());
+    keepGeometry(*this, &Settings::colFrequenciesWindowGeometry, &Settings::setColFrequenciesWindowGeometry, firstSize);
     m_column->setCurrentIndex(column.toInt());
     onColChanged(column.toInt());
     connect(m_column, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &ColFrequenciesDialog::onColChanged);
     m_frequencies->setFocus();
 }
 
-ColFrequenciesDialog::~ColFrequenciesDialog()
+void ColFrequenciesDialog::addSampleRow(QVBoxLayout &layout)
 {
-    Settings::current().setColFrequenciesWindowGeometry(saveGeometry());
+    auto *label = new QLabel(QStringLiteral("Sa&mple:"));
+    label->setBuddy(m_sample);
+    m_sample->setToolTip(QStringLiteral("Sampling improves speed for large datasets."));
+    m_sampled->setAccessibleName(QStringLiteral("Sampled"));
+    auto *row = new QHBoxLayout;
+    row->addWidget(label);
+    row->addWidget(m_sample);
+    row->addWidget(m_sampled, 1);
+    layout.addLayout(row);
+    connect(m_sample, &SamplingComboBox::sampleChanged, this, &ColFrequenciesDialog::readColumn);
 }
 
 void ColFrequenciesDialog::addColumnRow(QVBoxLayout &layout)
@@ -211,8 +224,19 @@ void ColFrequenciesDialog::readColumn()
 {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     m_profile = ColumnProfile();
-    m_dataset.columnProfile(m_profile, ColumnIndex(m_column->currentIndex()),
-        m_dates->isChecked() ? dateFormats() : QStringList(), m_statistics->isChecked());
+    const ColumnIndex column(m_column->currentIndex());
+    const QStringList formats = m_dates->isChecked() ? dateFormats() : QStringList();
+    const int rowCount = m_dataset.rowCount();
+    // What is counted in a part of the rows must not be taken for the whole.
+    m_sampled->clear();
+    if (m_sample->takesAllOf(rowCount)) {
+        m_dataset.columnProfile(m_profile, column, formats, m_statistics->isChecked());
+    } else {
+        const QVector<int> rows = m_sample->rowsOf(rowCount);
+        m_dataset.columnProfile(m_profile, column, rows, formats, m_statistics->isChecked());
+        m_sampled->setText(QStringLiteral("Counted in %1 of %2 rows")
+                               .arg(formatInteger(rows.size(), true), formatInteger(rowCount, true)));
+    }
     showFrequencies();
     showMetrics();
     QApplication::restoreOverrideCursor();

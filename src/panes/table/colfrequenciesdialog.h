@@ -8,10 +8,12 @@
 class Prompts;
 class QCheckBox;
 class QComboBox;
+class QLabel;
 class QPushButton;
 class QSpinBox;
 class QTableWidget;
 class QVBoxLayout;
+class SamplingComboBox;
 
 /// The most or least frequent values of a column, and figures about it; a double click shows the rows behind either.
 class ColFrequenciesDialog : public QDialog
@@ -21,7 +23,6 @@ class ColFrequenciesDialog : public QDialog
 public:
     /// `prompts` outlives the dialog.
     ColFrequenciesDialog(const Dataset &dataset, ColumnIndex column, Prompts &prompts);
-    ~ColFrequenciesDialog() override;
 
 public slots:
     void onColChanged(int column);
@@ -42,6 +43,7 @@ private:
     void addColumnRow(QVBoxLayout &layout);
     QWidget *frequencySide();
     QWidget *metricSide();
+    void addSampleRow(QVBoxLayout &layout);
     QPushButton *addStep(const QString &text, const QString &tip, void (ColFrequenciesDialog::*step)());
     void readColumn();
     void showFrequencies();
@@ -55,6 +57,8 @@ private:
     QList<QPushButton *> m_steps;
     QComboBox *m_order;
     QSpinBox *m_count;
+    SamplingComboBox *m_sample;
+    QLabel *m_sampled;
     QCheckBox *m_bars;
     QCheckBox *m_percentages;
     QCheckBox *m_dates;

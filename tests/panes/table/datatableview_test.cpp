@@ -6,7 +6,9 @@
 #include "panes/table/datatablemodel.h"
 #include "panes/table/drilldowndialog.h"
 #include "panes/table/valuedialog.h"
+#include "panes/widgets/samplingcombobox.h"
 #include "settings/settings.h"
+#include "support/grid.h"
 #include "support/printers.h"
 #include "support/scopedlocale.h"
 #include "support/scopedsettings.h"
@@ -322,3 +324,33 @@ TEST_F(DataTableViewTest, FollowsTheFontOfTheSettings)
 }
 
 } // namespace
+
+TEST(ColFrequencies, SaysWhenOnlyASampleIsCounted)
+{
+    const ScopedSettings settings;
+    QStringList lines{QStringLiteral("a")};
+    for (int row = 0; row < 250; ++row) {
+        lines.append(row % 2 == 0 ? QStringLiteral("x") : QStringLiteral("y"));
+    }
+    Onlooker prompts;
+    ColFrequenciesDialog dialog(grid(lines), ColumnIndex(0), prompts);
+    const auto sampled = [&] {
+        for (const QLabel *label : dialog.findChildren<QLabel *>()) {
+            if (label->accessibleName() == QLatin1String("Sampled")) {
+                return label->text();
+            }
+        }
+        return QString();
+    };
+    auto *sample = dialog.findChild<SamplingComboBox *>();
+    const QList<QTableWidget *> tables = dialog.findChildren<QTableWidget *>();
+    const QTableWidget *values = tables.at(
+        tables.first()->accessibleName() == QLatin1String("Value frequencies") ? 0 : 1);
+    sample->setCurrentIndex(sample->findText(QStringLiteral("All rows")));
+    EXPECT_EQ(sampled(), "");
+    EXPECT_EQ(values->item(0, 1)->text(), "125 (50.0%)");
+    sample->setCurrentIndex(sample->findText(QStringLiteral("100 rows")));
+    EXPECT_EQ(sampled(), "Counted in 100 of 250 rows");
+    EXPECT_TRUE(values->item(0, 1)->text().endsWith(QLatin1String("%)")));
+    EXPECT_EQ(Settings::current().sampleComboIndex(), 0);
+}
