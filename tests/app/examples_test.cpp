@@ -15,6 +15,7 @@
 #include "settings/settings.h"
 #include "support/waitfor.h"
 
+#include <QAccessible>
 #include <QDir>
 #include <QFileInfo>
 #include <QMenu>
@@ -140,8 +141,13 @@ TEST_F(ExamplesTest, TheEmptyCanvasOffersThemToTheKeyboard)
     QTest::keyClick(&button(), Qt::Key_Space);
     EXPECT_TRUE(waitFor([&] { return isShown; }));
     EXPECT_TRUE(pane->viewport()->geometry().contains(button().geometry()));
+    QAccessibleInterface *canvas = QAccessible::queryAccessibleInterface(pane);
+    ASSERT_EQ(canvas->childCount(), 1);
+    EXPECT_EQ(canvas->child(0)->text(QAccessible::Name), button().text());
     m_window->scene().addNote(QPointF(0, 0), NoteArrow::NoArrow);
     EXPECT_FALSE(button().isVisible());
+    ASSERT_EQ(canvas->childCount(), 1);
+    EXPECT_EQ(canvas->child(0)->object(), m_window->scene().nodes().first());
     m_window->scene().nodes().first()->setSelected(true);
     m_window->scene().deleteSelected();
     EXPECT_TRUE(button().isVisible());

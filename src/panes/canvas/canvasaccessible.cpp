@@ -10,7 +10,7 @@
 
 namespace {
 
-/// The canvas itself: a list of its items, from left to right.
+/// The canvas itself: a list of its items, from left to right; an empty one has the button that it shows.
 class CanvasInterface : public QAccessibleWidget
 {
 public:
@@ -19,19 +19,16 @@ public:
     {
     }
 
-    int childCount() const override { return nodes().size(); }
+    int childCount() const override { return children().size(); }
     QAccessibleInterface *child(int index) const override
     {
-        return QAccessible::queryAccessibleInterface(nodes().value(index));
+        return QAccessible::queryAccessibleInterface(children().value(index));
     }
-    int indexOfChild(const QAccessibleInterface *child) const override
-    {
-        return nodes().indexOf(static_cast<Node *>(child->object()));
-    }
+    int indexOfChild(const QAccessibleInterface *child) const override { return children().indexOf(child->object()); }
     QAccessibleInterface *childAt(int x, int y) const override
     {
-        for (Node *node : nodes()) {
-            QAccessibleInterface *item = QAccessible::queryAccessibleInterface(node);
+        for (QObject *object : children()) {
+            QAccessibleInterface *item = QAccessible::queryAccessibleInterface(object);
             if (item->rect().contains(x, y)) {
                 return item;
             }
@@ -46,11 +43,18 @@ public:
 
 private:
     GraphPane *pane() const { return static_cast<GraphPane *>(object()); }
-    QList<Node *> nodes() const
+    QList<QObject *> children() const
     {
-        QList<Node *> all = pane()->graph() ? pane()->graph()->nodes() : QList<Node *>();
-        NodeOrder::sortLeftToRight(all);
-        return all;
+        if (QObject *button = pane()->emptyCanvas().shownButton()) {
+            return {button};
+        }
+        QList<Node *> nodes = pane()->graph() ? pane()->graph()->nodes() : QList<Node *>();
+        NodeOrder::sortLeftToRight(nodes);
+        QList<QObject *> objects;
+        for (Node *node : nodes) {
+            objects.append(node);
+        }
+        return objects;
     }
 };
 

@@ -61,6 +61,11 @@ void EmptyCanvas::update()
     m_examples->setVisible(isEmpty);
 }
 
+QObject *EmptyCanvas::shownButton() const
+{
+    return m_examples && !m_examples->isHidden() ? m_examples : nullptr;
+}
+
 void EmptyCanvas::paint(QPainter &painter) const
 {
     painter.save();

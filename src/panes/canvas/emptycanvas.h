@@ -2,6 +2,7 @@
 
 class GraphPane;
 class QMenu;
+class QObject;
 class QPainter;
 class QPushButton;
 class QRect;
@@ -19,6 +20,8 @@ public:
     void setExamples(QMenu &menu);
     /// Shows or hides the button and puts it under the words. To be called when items or the room change.
     void update();
+    /// The button, while it is there to be pressed; otherwise null.
+    QObject *shownButton() const;
     /// Draws the words into the middle of the viewport.
     void paint(QPainter &painter) const;
 

@@ -35,6 +35,7 @@ public:
     void setActions(const CanvasActions &actions) { m_actions = actions; }
     /// Offered where the canvas is empty.
     void setExamples(QMenu &menu) { m_emptyCanvas.setExamples(menu); }
+    const EmptyCanvas &emptyCanvas() const { return m_emptyCanvas; }
     KeyboardConnection &keyboardConnection() { return m_connection; }
     /// Opens the menu of transforms at what is selected, with `typed` entered.
     void openTransformMenu(const QString &typed);
