@@ -130,7 +130,7 @@ void DocumentCommands::holdAgain()
 
 bool DocumentCommands::openExample(const QString &path)
 {
-    if (isBusy() || !maybeSave() || !openDocument(path, WritingFiles::Known)) {
+    if (isBusy() || !maybeSave() || !openDocument(path, Origin::OurExamples)) {
         return false;
     }
     // From now on it names the files beside it.
@@ -141,7 +141,7 @@ bool DocumentCommands::openExample(const QString &path)
     return true;
 }
 
-bool DocumentCommands::openDocument(const QString &givenPath, WritingFiles writing)
+bool DocumentCommands::openDocument(const QString &givenPath, Origin origin)
 {
     const QString path = m_application.applicationDir().absoluteFilePath(givenPath);
     emit statusMessage(QStringLiteral("Loading %1").arg(QDir::toNativeSeparators(path)));
@@ -162,7 +162,7 @@ bool DocumentCommands::openDocument(const QString &givenPath, WritingFiles writi
         return false;
     }
     if (!loaded.locale.isEmpty()) {
-        setDocumentLocale(QLocale(loaded.locale), true);
+        setDocumentLocale(QLocale(loaded.locale), origin == Origin::Anywhere);
     }
     if (!loaded.notAdded.isEmpty()) {
         m_prompts.warning(loaded.notAdded);
@@ -174,7 +174,7 @@ bool DocumentCommands::openDocument(const QString &givenPath, WritingFiles writi
     bool changed = loaded.relocated;
     changed |= OpeningQuestions::replaceMissingInputs(m_session.scene(), path, m_prompts);
     bool autoRun = loaded.autoRunOn;
-    if (writing == WritingFiles::MayAsk) {
+    if (origin == Origin::Anywhere) {
         changed |= OpeningQuestions::guardOutputs(m_session.scene(), path, autoRun, m_prompts);
     }
     setCurrentPath(path);

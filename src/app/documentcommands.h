@@ -23,9 +23,9 @@ public:
     /// True when the document may be closed: it is saved, or the user lets it go.
     bool maybeSave();
     /// Opens a document over the present one, with all questions. False when that came to nothing.
-    bool openDocument(const QString &path) { return openDocument(path, WritingFiles::MayAsk); }
+    bool openDocument(const QString &path) { return openDocument(path, Origin::Anywhere); }
     /// Opens a copy of one of the examples over the present document, after asking to save that. Its files are taken to
-    /// be those beside it, and its folder to be one for it to write to.
+    /// be those beside it, and its folder to be one for it to write to; nothing is said of its locale.
     bool openExample(const QString &path);
     bool save();
     bool saveAs();
@@ -55,10 +55,10 @@ signals:
     void overridesUnusable(const QString &error);
 
 private:
-    /// Whether the user is asked, if the settings want that, before a document that opens writes its files.
-    enum class WritingFiles { MayAsk, Known };
+    /// Where a document comes from: of one of ours the user needn't be asked or warned.
+    enum class Origin { Anywhere, OurExamples };
 
-    bool openDocument(const QString &path, WritingFiles writing);
+    bool openDocument(const QString &path, Origin origin);
     bool takeFile(const QString &path);
     /// Goes back to holding the file of the document that stays open.
     void holdAgain();

@@ -42,8 +42,9 @@ protected:
         qputenv("HOME", m_folder.path().toLocal8Bit());
         Settings &settings = Application::instance()->settings();
         Settings::setCurrent(&settings);
-        settings.setWarnOnLocaleChange(false);
-        // Examples ask nothing, though others would.
+        // Examples ask and tell nothing, though others would.
+        settings.setWarnOnLocaleChange(true);
+        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
         settings.setOpenAutoRun(AutoRunChoice::AskToDisableAutoRun);
         settings.setOpenPreviousAtStart(StartChoice::Nothing);
         RecoveryFile::remove();
@@ -55,7 +56,8 @@ protected:
     {
         m_window.reset();
         RecoveryFile::remove();
-        Application::instance()->settings().setOpenAutoRun(AutoRunChoice::LeaveAutoRun);
+        Application::instance()->settings().setOpenAutoRun(m_openAutoRun);
+        Application::instance()->settings().setWarnOnLocaleChange(m_warnsOfLocale);
         qputenv("HOME", m_home);
         QLocale::setDefault(m_locale);
     }
@@ -74,6 +76,8 @@ protected:
     QTemporaryDir m_folder;
     QByteArray m_home;
     const QLocale m_locale;
+    const AutoRunChoice m_openAutoRun = Application::instance()->settings().openAutoRun();
+    const bool m_warnsOfLocale = Application::instance()->settings().warnOnLocaleChange();
     RunLog m_log;
     ScriptedPrompts m_prompts;
     std::unique_ptr<MainWindow> m_window;
@@ -101,6 +105,8 @@ TEST_F(ExamplesTest, EachIsOpenedRunAndLeftUnchangedWithoutAQuestion)
     }
     EXPECT_TRUE(m_window->findChild<LogPane *>()->toPlainText().contains(QDir::toNativeSeparators(Examples::folder())));
     EXPECT_TRUE(readFile(copied(QStringLiteral("results/members-Unknown.csv"))).contains("Pia Reed"));
+    EXPECT_TRUE(readFile(copied(QStringLiteral("results/monthly-sums.csv"))).contains("2024-01,1660,830.5"))
+        << "in the example's own locale";
 }
 
 TEST_F(ExamplesTest, WhatTheUserChangedStaysAndWhatIsGoneComesBack)
