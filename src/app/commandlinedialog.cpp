@@ -2,6 +2,7 @@
 
 #include "app/logwidget.h"
 #include "graph/graphscene.h"
+#include "panes/dialogs/helphook.h"
 #include "panes/dialogs/prompts.h"
 #include "settings/settings.h"
 
@@ -54,6 +55,7 @@ CommandLineDialog::CommandLineDialog(
     , m_isModified(isModified)
 {
     setWindowTitle(QStringLiteral("Command Line"));
+    HelpHook::setHelpPage(*this, QStringLiteral("Command_line"));
     new QVBoxLayout(this);
     buildForm();
     buildText();
@@ -208,14 +210,7 @@ void CommandLineDialog::onBrowseFolder()
 
 void CommandLineDialog::onHelpRequested()
 {
-    m_prompts.information(QStringLiteral(
-        "The command runs the saved document without a window.\n\n"
-        "-file \"alias=path\" and -folder \"alias=path\" put another file or folder in the place of that of the "
-        "item with this alias. Leave one out to use the document's own.\n\n"
-        "-verbosity sets how much is reported, from 0 to 4. -log writes the report to a file as well, behind what "
-        "is there, or anew with -overwrite.\n\n"
-        "The exit code is 0 when all went well, 1 when an item failed, and 255 when the command or the document "
-        "can't be used."));
+    HelpHook::showHelp(this, QStringLiteral("Command_line"));
 }
 
 void CommandLineDialog::onCopy()

@@ -14,12 +14,28 @@
 #include "graph/node.h"
 #include "panes/actions/actionpane.h"
 #include "panes/canvas/graphpane.h"
+#include "panes/icons.h"
 #include "panes/items/itempane.h"
 #include "panes/status/nodestatuswidget.h"
 #include "panes/status/statusbar.h"
 #include "transforms/frame/transform.h"
 
+#include <QAction>
 #include <QShortcut>
+
+namespace {
+
+/// Opens the page about the selected item; what it says is for the menu of the canvas.
+QAction *itemHelp(GraphPane &pane, CommandGroups &groups)
+{
+    auto *action = new QAction(Icons::icon(QStringLiteral("help-contents")), QStringLiteral("Help"), &pane);
+    action->setToolTip(QStringLiteral("Click for more details."));
+    QObject::connect(
+        action, &QAction::triggered, &pane, [&pane, &groups] { groups.help.desk().showContextPage(&pane); });
+    return action;
+}
+
+} // namespace
 
 void connectCanvas(const CommandContext &context, const MainActions &actions, CommandGroups &groups)
 {
@@ -27,6 +43,7 @@ void connectCanvas(const CommandContext &context, const MainActions &actions, Co
     StatusBar &statusBar = context.statusBar;
     CanvasActions menu;
     menu.showFullscreen = actions.viewFullscreen;
+    menu.help = itemHelp(pane, groups);
     menu.copyData = actions.editCopyData;
     menu.inputFromFile = actions.inputFromFile;
     menu.inputFromClipboard = actions.inputFromClipboard;

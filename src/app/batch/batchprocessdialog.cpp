@@ -7,6 +7,7 @@
 #include "app/logwidget.h"
 #include "graph/graphscene.h"
 #include "outputs/filenamevariables.h"
+#include "panes/dialogs/helphook.h"
 #include "panes/dialogs/prompts.h"
 #include "settings/settings.h"
 
@@ -65,6 +66,7 @@ BatchProcessDialog::BatchProcessDialog(const GraphScene &scene, const BatchSetti
     , m_prompts(prompts)
 {
     setWindowTitle(QStringLiteral("Batch Process[*]"));
+    HelpHook::setHelpPage(*this, QStringLiteral("Batch_processing"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     const BatchColumns columns = batchColumns(commandLineItems(scene));
     build(columns);
@@ -347,12 +349,5 @@ void BatchProcessDialog::onSetSplitterDefaultLayout()
 
 void BatchProcessDialog::onHelpRequested()
 {
-    m_prompts.information(QStringLiteral(
-        "Each row of the grid runs the document with other files. A wildcard such as '*.csv' in the name of an input "
-        "file makes one run for each file that matches; with several inputs, one for each combination. '[*]' behind "
-        "the path of an Excel file stands for each of its sheets.\n\n"
-        "Give outputs a variable such as the alias of an input in braces, or each run writes over the one before. "
-        "Outputs with the write mode 'Append' gather all runs in one file.\n\n"
-        "'Stop' ends the batch after the run under way. What fails is told in red, and the batch goes on.\n\n"
-        "The rows are saved in the document, and '-cli -batch' on the command line runs them without a window."));
+    HelpHook::showHelp(this, QStringLiteral("Batch_processing"));
 }

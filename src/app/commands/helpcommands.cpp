@@ -7,6 +7,7 @@
 #include "settings/product.h"
 #include "settings/settings.h"
 
+#include <QApplication>
 #include <QDesktopServices>
 
 void HelpCommands::about()
@@ -15,6 +16,16 @@ void HelpCommands::about()
         "<b>%1</b><p>Cleans, reshapes, merges, checks and converts tables.<p>%2<p>Free software under the GNU "
         "General Public License, version 3 or later.")
                                 .arg(ProgramInfo::nameAndVersion(), ProgramInfo::build()));
+}
+
+void HelpCommands::showHelp()
+{
+    m_desk.showContextPage(QApplication::focusWidget());
+}
+
+void HelpCommands::showPage(const QString &page)
+{
+    m_desk.showPage(page);
 }
 
 void HelpCommands::openPage(WebPages::Page page, const char *command)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/commands/commandcontext.h"
+#include "app/help/helpdesk.h"
 #include "settings/webpages.h"
 
 /// Commands of the Help menu and of the buttons for help in the status bar.
@@ -9,10 +10,17 @@ class HelpCommands
 public:
     explicit HelpCommands(const CommandContext &context)
         : m_context(context)
+        , m_desk(context)
     {
     }
 
     void about();
+    /// The page about what has the focus.
+    void showHelp();
+    /// A page of the help by its name.
+    void showPage(const QString &page);
+    /// The window with the help.
+    HelpDesk &desk() { return m_desk; }
     /// Shows a page in the browser; `command` is the text of what was chosen, for when that fails.
     void openPage(WebPages::Page page, const char *command);
     void onFeedbackClicked();
@@ -20,4 +28,5 @@ public:
 
 private:
     const CommandContext m_context;
+    HelpDesk m_desk;
 };

@@ -1,5 +1,7 @@
 #include "panes/actions/panebutton.h"
 
+#include "panes/dialogs/helphook.h"
+
 #include <QKeyEvent>
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
@@ -14,6 +16,7 @@ PaneButton::PaneButton(const QString &text, const QString &helpPage, QWidget *pa
     : QToolButton(parent)
     , m_helpPage(helpPage)
 {
+    HelpHook::setHelpPage(*this, helpPage);
     setText(text);
     setAccessibleName(text);
     setIconSize(QSize(iconSide, iconSide));

@@ -4,6 +4,8 @@
 #include "panes/icons.h"
 #include "transforms/frame/transform.h"
 
+#include <QKeySequence>
+
 TransformButton::TransformButton(Transform &prototype, QWidget *parent)
     : PaneButton(prototype.displayName(), prototype.typeName(), parent)
     , m_prototype(prototype)
@@ -22,7 +24,8 @@ void TransformButton::updateIcon()
 void TransformButton::setHiddenOtherwise(bool hidden, const QString &checkText)
 {
     QStringList lines{m_prototype.description().toHtmlEscaped(), m_prototype.imageHtml(),
-        m_prototype.inputsHelpText().toHtmlEscaped()};
+        m_prototype.inputsHelpText().toHtmlEscaped(),
+        QStringLiteral("Press %1 for help.").arg(QKeySequence(Qt::Key_F1).toString(QKeySequence::NativeText))};
     if (hidden) {
         lines.append(QStringLiteral("\nCheck '%1' (above) to see all transforms.").arg(checkText));
     }

@@ -2,6 +2,7 @@
 
 #include "data/values.h"
 #include "inputs/folderlisting.h"
+#include "panes/dialogs/helphook.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/icons.h"
 #include "settings/filetypes.h"
@@ -52,6 +53,7 @@ InputFromFolderDialog::InputFromFolderDialog(const FolderInput &source, Prompts 
     , m_prompts(prompts)
 {
     setWindowTitle(QStringLiteral("Folder To Input"));
+    HelpHook::setHelpPage(*this, QStringLiteral("Input_data#from-a-folder"));
     makeFields(source);
     makeButtons();
     arrange();

@@ -1,5 +1,6 @@
 #include "panes/dialogs/insufficientmemorydialog.h"
 
+#include "panes/dialogs/helphook.h"
 #include "settings/product.h"
 
 #include <QDialogButtonBox>
@@ -28,6 +29,7 @@ InsufficientMemoryDialog::InsufficientMemoryDialog(double used, double limit, bo
           modified ? QStringLiteral("changes not saved") : QStringLiteral("no changes to save")))
 {
     setWindowTitle(QString::fromLatin1(Product::name));
+    HelpHook::setHelpPage(*this, QStringLiteral("Preferences_window#general"));
     m_limit->setDecimals(1);
     m_limit->setSingleStep(step);
     m_limit->setRange(limit + step, qMax(largestGiB, limit + step));

@@ -1,5 +1,6 @@
 #include "panes/dialogs/localedialog.h"
 
+#include "panes/dialogs/helphook.h"
 #include "settings/settings.h"
 
 #include <QComboBox>
@@ -38,6 +39,7 @@ LocaleDialog::LocaleDialog(const QLocale &locale, QWidget *parent)
     , m_sample(new QLabel)
 {
     setWindowTitle(QStringLiteral("Locale[*]"));
+    HelpHook::setHelpPage(*this, QStringLiteral("Formats_and_dates#locale"));
     m_language->setToolTip(QStringLiteral("The language of month and day names."));
     m_country->setToolTip(QStringLiteral("The country whose numbers, dates and times are meant."));
     m_sample->setTextFormat(Qt::PlainText);

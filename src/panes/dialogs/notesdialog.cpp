@@ -1,5 +1,7 @@
 #include "panes/dialogs/notesdialog.h"
 
+#include "panes/dialogs/helphook.h"
+
 #include <QDialogButtonBox>
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
@@ -15,6 +17,7 @@ NotesDialog::NotesDialog(const QString &notes, QWidget *parent)
     , m_edit(new QPlainTextEdit(notes))
 {
     setWindowTitle(QStringLiteral("Notes"));
+    HelpHook::setHelpPage(*this, QStringLiteral("Comments#notes-on-a-document"));
     m_edit->setAccessibleName(windowTitle());
     m_edit->setPlaceholderText(QStringLiteral("What this document is for, where its data comes from, who to ask"));
     m_edit->setTabChangesFocus(true);

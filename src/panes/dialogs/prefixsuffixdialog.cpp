@@ -1,5 +1,6 @@
 #include "panes/dialogs/prefixsuffixdialog.h"
 
+#include "panes/dialogs/helphook.h"
 #include "settings/settings.h"
 
 #include <QDialogButtonBox>
@@ -12,6 +13,7 @@ PrefixSuffixDialog::PrefixSuffixDialog(QWidget *parent)
     , m_suffix(new QLineEdit)
 {
     setWindowTitle(QStringLiteral("Prefix/suffix column names[*]"));
+    HelpHook::setHelpPage(*this, QStringLiteral("Rename_Cols"));
     m_prefix->setToolTip(QStringLiteral("Text to put before each column name."));
     m_suffix->setToolTip(QStringLiteral("Text to put behind each column name."));
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);

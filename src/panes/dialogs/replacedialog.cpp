@@ -1,5 +1,6 @@
 #include "panes/dialogs/replacedialog.h"
 
+#include "panes/dialogs/helphook.h"
 #include "settings/settings.h"
 
 #include <QCheckBox>
@@ -26,6 +27,7 @@ ReplaceDialog::ReplaceDialog(QWidget *parent)
     , m_error(new QLabel)
 {
     setWindowTitle(QStringLiteral("Replace column names[*]"));
+    HelpHook::setHelpPage(*this, QStringLiteral("Rename_Cols"));
     m_type->addItems({QStringLiteral("Text"), QStringLiteral("Exact text"), QStringLiteral("Regex")});
     m_type->setToolTip(QStringLiteral("The match type."));
     m_caseSensitive->setChecked(true);

@@ -1,5 +1,6 @@
 #include "panes/dialogs/schemadialog.h"
 
+#include "panes/dialogs/helphook.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/widgets/recordtablewidget.h"
 #include "panes/widgets/recordtools.h"
@@ -24,6 +25,7 @@ SchemaDialog::SchemaDialog(const InputSchema &schema, const QStringList &inputNa
     , m_table(new RecordTableWidget)
 {
     setWindowTitle(QStringLiteral("Schema[*]"));
+    HelpHook::setHelpPage(*this, QStringLiteral("Input_data#schema"));
     RecordField name;
     name.title = QStringLiteral("Expected columns");
     name.toolTip = QStringLiteral(

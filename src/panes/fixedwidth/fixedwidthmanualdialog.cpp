@@ -1,6 +1,7 @@
 #include "panes/fixedwidth/fixedwidthmanualdialog.h"
 
 #include "inputs/columnwidths.h"
+#include "panes/dialogs/helphook.h"
 #include "panes/fixedwidth/fixedwidthpreviewwidget.h"
 #include "panes/widgets/keptgeometry.h"
 #include "settings/settings.h"
@@ -48,6 +49,7 @@ FixedWidthManualDialog::FixedWidthManualDialog(const QList<int> &widths, const Q
     , m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel))
 {
     setWindowTitle(QStringLiteral("Fixed Column Widths[*]"));
+    HelpHook::setHelpPage(*this, QStringLiteral("Input_data#fixed-width-files"));
     auto *lower = new QWidget;
     auto *lowerLayout = new QVBoxLayout(lower);
     lowerLayout->setContentsMargins(0, 0, 0, 0);

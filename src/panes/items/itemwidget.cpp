@@ -1,6 +1,7 @@
 #include "panes/items/itemwidget.h"
 
 #include "graph/node.h"
+#include "panes/dialogs/helphook.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -11,6 +12,7 @@ ItemWidget::ItemWidget(Node &node, QWidget *parent)
     : QWidget(parent)
     , m_node(&node)
 {
+    HelpHook::setHelpPage(*this, node.helpPage());
 }
 
 ItemWidget::~ItemWidget() = default;

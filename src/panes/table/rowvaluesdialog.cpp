@@ -1,6 +1,7 @@
 #include "panes/table/rowvaluesdialog.h"
 
 #include "data/values.h"
+#include "panes/dialogs/helphook.h"
 #include "panes/table/datatablemodel.h"
 #include "panes/table/datatableview.h"
 
@@ -38,6 +39,7 @@ RowValuesDialog::RowValuesDialog(const Dataset &dataset, RowIndex row, bool show
     , m_next(new QPushButton(QStringLiteral("&Next")))
 {
     setWindowTitle(QStringLiteral("Row Values"));
+    HelpHook::setHelpPage(*this, QStringLiteral("Data_table#row-values"));
     m_view->setAccessibleName(windowTitle());
     m_view->table().setShowWhitespace(showWhitespace);
     m_view->setToolTip(QString());

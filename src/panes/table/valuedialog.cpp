@@ -2,6 +2,7 @@
 
 #include "data/values.h"
 #include "data/whitespacemarks.h"
+#include "panes/dialogs/helphook.h"
 #include "settings/settings.h"
 
 #include <QCheckBox>
@@ -37,6 +38,7 @@ ValueDialog::ValueDialog(const QString &place, const QString &value, QWidget *pa
     , m_whitespace(new QCheckBox(QStringLiteral("show &whitespace")))
 {
     setWindowTitle(QStringLiteral("Value"));
+    HelpHook::setHelpPage(*this, QStringLiteral("Data_table#cells"));
     auto *placeLabel = new QLabel(place);
     placeLabel->setTextFormat(Qt::PlainText);
     m_edit->setReadOnly(true);
