@@ -3,6 +3,7 @@
 #include "data/values.h"
 #include "graph/graphscene.h"
 #include "graph/node.h"
+#include "panes/dialogs/helphook.h"
 #include "panes/widgets/keptgeometry.h"
 #include "settings/settings.h"
 
@@ -35,6 +36,7 @@ FindItemsDialog::FindItemsDialog(
     , m_result(new QLabel)
 {
     setWindowTitle(QStringLiteral("Find Items"));
+    HelpHook::setHelpPage(*this, QStringLiteral("Find_items"));
     m_text->setClearButtonEnabled(true);
     m_text->setPlaceholderText(QStringLiteral("Search terms"));
     m_text->setToolTip(QStringLiteral("One or more search terms, parted by blanks. Put a term in double quotes to have "

@@ -7,6 +7,7 @@
 #include "graph/nodelook.h"
 #include "graph/notenode.h"
 #include "graph/transformnode.h"
+#include "panes/dialogs/helphook.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/items/datasetexport.h"
 #include "panes/widgets/keptgeometry.h"
@@ -115,6 +116,7 @@ NodeSummaryDialog::NodeSummaryDialog(GraphScene &scene, Prompts &prompts)
     , m_table(new QTableWidget)
 {
     setWindowTitle(QStringLiteral("Item Summary"));
+    HelpHook::setHelpPage(*this, QStringLiteral("Item_summary"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     addColumns();
     addRows();

@@ -1,5 +1,6 @@
 #include "panes/preferences/preferencesdialog.h"
 
+#include "panes/dialogs/helphook.h"
 #include "panes/preferences/colorspage.h"
 #include "panes/preferences/datespage.h"
 #include "panes/preferences/extensionspage.h"
@@ -49,16 +50,13 @@ PreferencesDialog::PreferencesDialog(const PreferencesStore &store, Prompts &pro
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Help);
     connect(buttons, &QDialogButtonBox::accepted, this, &PreferencesDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(buttons, &QDialogButtonBox::helpRequested, this, [this] { emit helpRequested(helpPage()); });
+    const QString page = QStringLiteral("Preferences_window");
+    HelpHook::setHelpPage(*this, page);
+    connect(buttons, &QDialogButtonBox::helpRequested, this, [this, page] { HelpHook::showHelp(this, page); });
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(tabs, 1);
     layout->addWidget(buttons);
     keepGeometry(*this, &Settings::prefsWindowGeometry, &Settings::setPrefsWindowGeometry, firstSize);
-}
-
-QString PreferencesDialog::helpPage()
-{
-    return QStringLiteral("Preferences_window");
 }
 
 void PreferencesDialog::accept()

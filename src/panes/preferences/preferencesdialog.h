@@ -19,12 +19,7 @@ class PreferencesDialog : public QDialog
 public:
     PreferencesDialog(const PreferencesStore &store, Prompts &prompts, QWidget *parent = nullptr);
 
-    /// The page of the help about this window.
-    static QString helpPage();
     void accept() override;
-
-signals:
-    void helpRequested(const QString &page);
 
 private:
     GeneralPage *m_general;
