@@ -95,8 +95,8 @@ void styleBlock(QTextBlock block, const QPalette &palette)
     if (format.headingLevel() > 0) {
         format.setTopMargin(block.position() == 0 ? 0 : headingGap);
         format.setBottomMargin(paragraphGap);
-        cursor.select(QTextCursor::BlockUnderCursor);
         QTextCharFormat named;
+        named.setAnchor(true);
         named.setAnchorNames({HelpPages::anchor(block.text())});
         cursor.setPosition(block.position());
         cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
