@@ -10,6 +10,7 @@
 #include <QtCharts/QDateTimeAxis>
 #include <QtCharts/QLogValueAxis>
 #include <QtCharts/QValueAxis>
+#include <QtMath>
 #include <algorithm>
 #include <cmath>
 
@@ -18,6 +19,13 @@ using namespace QtCharts;
 namespace {
 
 constexpr int labelLength = 30;
+constexpr int slantedLength = 15; // what lies slanted takes room both ways
+
+int lengthAt(int angle)
+{
+    constexpr int quarter = 90;
+    return angle % quarter == 0 ? labelLength : slantedLength;
+}
 
 QAbstractAxis *makeNumbers(const ChartAxis &axis)
 {
@@ -48,7 +56,7 @@ QAbstractAxis *makeDates(const ChartAxis &axis)
 }
 
 /// Sets every `step`-th text, each at its whole number.
-void setTexts(QCategoryAxis &made, const QStringList &texts, int step)
+void setTexts(QCategoryAxis &made, const QStringList &texts, int step, int mostCharacters)
 {
     const QStringList old = made.categoriesLabels();
     for (const QString &label : old) {
@@ -57,7 +65,7 @@ void setTexts(QCategoryAxis &made, const QStringList &texts, int step)
     made.setStartValue(made.min());
     QSet<QString> used;
     for (int i = 0; i < texts.size(); i += step) {
-        QString label = ChartText::plain(ellipsized(texts.at(i), labelLength));
+        QString label = ChartText::plain(ellipsized(texts.at(i), mostCharacters));
         // The axis takes each label once; texts that were cut may be alike.
         while (used.contains(label)) {
             label += QChar(0x200B);
@@ -72,15 +80,15 @@ QAbstractAxis *makeTexts(const ChartAxis &axis)
     auto *made = new QCategoryAxis;
     made->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
     made->setRange(axis.minimum, axis.maximum);
-    setTexts(*made, axis.texts, 1);
+    setTexts(*made, axis.texts, 1, labelLength);
     return made;
 }
 
-double widestText(const ChartAxis &axis, const QFontMetricsF &metrics)
+double widestText(const ChartAxis &axis, int mostCharacters, const QFontMetricsF &metrics)
 {
     double width = 0.0;
     for (const QString &text : axis.texts) {
-        width = std::max(width, metrics.horizontalAdvance(ellipsized(text, labelLength)));
+        width = std::max(width, metrics.horizontalAdvance(ellipsized(text, mostCharacters)));
     }
     return width;
 }
@@ -112,23 +120,31 @@ double widestLabel(const ChartAxis &axis, const QFontMetricsF &metrics)
     return std::max(metrics.horizontalAdvance(text(axis.minimum)), metrics.horizontalAdvance(text(axis.maximum)));
 }
 
+/// The pixels along an axis that a label of that width takes, turned by so many degrees against the axis. QtCharts cuts
+/// labels that have less.
+double roomAlong(int angle, double width, const QFontMetricsF &metrics)
+{
+    constexpr double lineGap = 1.1;
+    constexpr double padding = 10.0;
+    const double radians = qDegreesToRadians(static_cast<double>(angle));
+    return std::fabs(std::cos(radians)) * width + std::fabs(std::sin(radians)) * metrics.height() * lineGap + padding;
+}
+
 void fitTexts(QCategoryAxis &made, const ChartAxis &axis, int angle, double length, bool acrossLabels)
 {
-    constexpr double lineGap = 1.3;
-    constexpr int turned = -90; // QtCharts cuts slanted texts to the room of level ones
+    constexpr int turned = -90;
     const QFontMetricsF metrics(made.labelsFont());
     const double each = length / (axis.maximum - axis.minimum);
-    const double line = metrics.height() * lineGap;
-    double needed = line;
-    if (acrossLabels && angle == 0 && widestText(axis, metrics) + metrics.averageCharWidth() * 2 > each) {
+    const double width = widestText(axis, lengthAt(angle), metrics) + metrics.averageCharWidth();
+    if (acrossLabels && angle == 0 && width > each) {
         angle = turned;
     }
-    if (acrossLabels) {
-        const bool isLevel = angle % 180 == 0;
-        needed = isLevel ? widestText(axis, metrics) + metrics.averageCharWidth() * 2 : 2 * line;
-    }
     made.setLabelsAngle(angle);
-    setTexts(made, axis.texts, std::max(1, static_cast<int>(std::ceil(needed / each))));
+    const double needed = roomAlong(acrossLabels ? angle : angle + turned, width, metrics);
+    // QtCharts shares the length among one more than there are.
+    const int most = std::max(1, static_cast<int>(length / needed) - 1);
+    const bool allFit = needed <= each && axis.texts.size() <= most + 1;
+    setTexts(made, axis.texts, allFit ? 1 : (axis.texts.size() + most - 1) / most, lengthAt(angle));
 }
 
 } // namespace
@@ -157,11 +173,10 @@ void ChartAxes::fit(
     if (auto *texts = qobject_cast<QCategoryAxis *>(made)) {
         return fitTexts(*texts, axis, options.labelAngle, length, acrossLabels);
     }
-    constexpr double room = 14.0; // pixels between two labels
-    constexpr double lineRoom = 1.8;
+    constexpr int turned = -90;
     const QFontMetricsF metrics(made->labelsFont());
-    const bool isLevel = acrossLabels && options.labelAngle % 180 == 0;
-    const double each = isLevel ? widestLabel(axis, metrics) + room : metrics.height() * lineRoom;
+    const int angle = acrossLabels ? options.labelAngle : options.labelAngle + turned;
+    const double each = roomAlong(angle, widestLabel(axis, metrics), metrics);
     const int most = std::max(2, static_cast<int>(length / each));
     if (auto *powers = qobject_cast<QLogValueAxis *>(made)) {
         // Marks stand at powers only, so fewer of them are those of a higher base.

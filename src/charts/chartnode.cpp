@@ -132,6 +132,7 @@ bool ChartNode::mayRun()
     if (upstreamNodes(false).size() == 1) {
         return true;
     }
+    m_model = ChartModel();
     m_warnings = QStringList(QStringLiteral("No transforms or inputs connected"));
     m_infos.clear();
     setState(NodeState::Processed, false);
@@ -175,7 +176,20 @@ QString ChartNode::placeText() const
     if (m_model.isDrawn()) {
         return QString();
     }
-    return m_model.refusal.isEmpty() ? QStringLiteral("No data") : m_model.refusal;
+    return m_model.refusal.isEmpty() ? missingChoice() : m_model.refusal;
+}
+
+/// What to choose first where no run has come as far as to ask for it.
+QString ChartNode::missingChoice() const
+{
+    if (m_options.type == ChartChoice::NoType) {
+        return QStringLiteral("Select a chart type");
+    }
+    if (storedXColumn().isEmpty()) {
+        return QStringLiteral("Select a column for the X axis");
+    }
+    return storedYColumns().isEmpty() ? QStringLiteral("Select one or more columns for the Y axis")
+                                      : QStringLiteral("No data");
 }
 
 void ChartNode::goToRest()

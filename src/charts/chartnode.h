@@ -66,6 +66,7 @@ public:
     QColor textColor() const override;
 
 private:
+    QString missingChoice() const;
     QString columnsText(const QList<ColumnId> &ids) const;
     bool mayRun() override;
     void prepareRun() override;

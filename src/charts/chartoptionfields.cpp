@@ -34,6 +34,11 @@ bool isBar(const ChartOptions &options)
     return options.type == VerticalBar || options.type == HorizontalBar;
 }
 
+bool mayHaveDates(const ChartOptions &options)
+{
+    return hasAxes(options) && !isBar(options) && (options.xAs == XAutomatic || options.xAs == XDate);
+}
+
 bool isLine(const ChartOptions &options)
 {
     return options.type == Line || options.type == SmoothLine;
@@ -256,6 +261,7 @@ OptionFields<ChartOptions> seriesFields()
 {
     using O = ChartOptions;
     constexpr int largestResolution = 9600;
+    constexpr int leastOpacity = 10; // less can hardly be seen
     const QString tab = QStringLiteral("Series");
     return {
         Field::of<&O::lineThickness>("chart_line_thickness")
@@ -263,7 +269,7 @@ OptionFields<ChartOptions> seriesFields()
             .onlyWhen(isLine),
         Field::of<&O::opacity>("chart_opacity")
             .shown("Opacity:", QStringLiteral("How opaque the series are, in percent. Less shows what is behind."), tab)
-            .limited(0, 100),
+            .limited(leastOpacity, 100),
         Field::of<&O::showLineDataPoints>("chart_show_Line_data_points")
             .shown("show data points", QStringLiteral("Mark each value on the line."), tab)
             .onlyWhen(isLine),
@@ -290,7 +296,7 @@ OptionFields<ChartOptions> allFields()
     const OptionFields<ChartOptions> xDates{
         Field::of<&O::xLabelDateFormat>("chart_x_axis_label_date_format")
             .shown("Date format:", QStringLiteral("The format of dates at the axis, e.g. dd/MM/yy."), xTab)
-            .onlyWhen(hasAxes)};
+            .onlyWhen([](const O &options) { return mayHaveDates(options) && options.x.showLabels; })};
     const OptionFields<ChartOptions> ySame{
         Field::of<&O::ySameRangeAllFacets>("chart_y_axis_same_range_all_facets")
             .shown("same range for all facets",

@@ -4,6 +4,7 @@
 #include "charts/chartoptions.h"
 
 #include <QtCharts/QChartView>
+#include <QtCharts/QLegendMarker>
 
 /// One facet of a chart, drawn.
 class ChartView final : public QtCharts::QChartView
@@ -29,9 +30,15 @@ protected:
 private:
     void addAxes();
     void placeLegend();
+    bool isOfDataPoints(QtCharts::QLegendMarker &marker) const;
     void fitAxes(const QSizeF &size);
+    void fitLegend(double height);
+    static QSizeF layoutSize(const QSizeF &size);
+    void layOut(const QSizeF &size);
+    void fillView();
 
     ChartFacet m_facet;
     ChartOptions m_options;
     QString m_message;
+    QStringList m_legendTexts;
 };

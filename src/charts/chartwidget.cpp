@@ -50,8 +50,21 @@ void ChartWidget::showMessage(const QString &text)
     m_views.first()->showMessage(text);
 }
 
+/// What stands behind the charts, so that a last row of fewer charts has no hole.
+QBrush ChartWidget::ground() const
+{
+    return m_views.isEmpty() || !m_views.first()->message().isEmpty() ? palette().window()
+                                                                      : m_views.first()->chart()->backgroundBrush();
+}
+
+void ChartWidget::paintEvent(QPaintEvent *)
+{
+    QPainter(this).fillRect(rect(), ground());
+}
+
 void ChartWidget::drawInto(QPainter &painter, const QSizeF &size) const
 {
+    painter.fillRect(QRectF(QPointF(0, 0), size), ground());
     // Letters of the usual size suit about as many pixels; more of them draw the same picture finer.
     constexpr double usualPixels = 1000.0 * 800.0;
     const double scale = std::max(1.0, std::sqrt(size.width() * size.height() / usualPixels));

@@ -25,7 +25,11 @@ public:
     /// Draws the chart over `size` device pixels; lines and letters grow with large pictures. The widget may be hidden.
     void drawInto(QPainter &painter, const QSizeF &size) const;
 
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
 private:
+    QBrush ground() const;
     void makeViews(int count, int across);
 
     QList<ChartView *> m_views;

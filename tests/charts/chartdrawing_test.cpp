@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QGraphicsTextItem>
 #include <QImageReader>
 #include <QPainter>
 #include <QTemporaryDir>
@@ -139,6 +140,77 @@ TEST(ChartDrawing, TheLegendGoesByTheNumberOfSeries)
         const QLegend *legend = widget.view(0)->chart()->legend();
         EXPECT_EQ(legend->isVisible(), c.isVisible);
         EXPECT_EQ(legend->alignment(), c.alignment);
+    }
+}
+
+TEST(ChartDrawing, LongLegendsCountWhatTheyLeaveOut)
+{
+    constexpr int count = 100;
+    QStringList lines{QStringLiteral("x"), QStringLiteral("1"), QStringLiteral("2")};
+    for (int i = 0; i < count; ++i) {
+        lines[0] += QStringLiteral("|s%1").arg(i);
+        lines[1] += QStringLiteral("|1");
+        lines[2] += QStringLiteral("|2");
+    }
+    const ChartSample sample(lines, Line);
+    ChartWidget widget;
+    ASSERT_TRUE(widget.rebuild(sample.model(), sample.options));
+    QPixmap pixmap(800, 600);
+    for (const int height : {600, 300, 600}) {
+        QPainter painter(&pixmap);
+        widget.drawInto(painter, QSizeF(800, height));
+        QStringList shown;
+        for (const QLegendMarker *marker : widget.view(0)->chart()->legend()->markers()) {
+            if (marker->isVisible()) {
+                shown.append(marker->label());
+            }
+        }
+        ASSERT_GT(shown.size(), 5);
+        EXPECT_LT(shown.size(), height / 15) << "more have no room";
+        EXPECT_EQ(shown.first(), QStringLiteral("s0"));
+        EXPECT_EQ(shown.last(), QStringLiteral("+ %1 more").arg(count - shown.size() + 1));
+    }
+}
+
+TEST(ChartDrawing, LabelsAreThinnedOutRatherThanCutToDots)
+{
+    const struct
+    {
+        const char *what;
+        int bars;
+        QSize size;
+        int type;
+        int angle;
+    } cases[] = {
+        {"many standing bars", 400, {800, 600}, VerticalBar, 0},
+        {"as many as there may be", 1000, {800, 600}, VerticalBar, 0},
+        {"many lying bars", 1000, {800, 600}, HorizontalBar, 0},
+        {"a tiny facet", 20, {160, 120}, VerticalBar, 0},
+        {"a tiny facet of lying bars", 24, {190, 180}, HorizontalBar, 0},
+        {"slanted labels", 24, {800, 600}, VerticalBar, 45},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.what);
+        QStringList lines{QStringLiteral("x|a")};
+        for (int i = 0; i < c.bars; ++i) {
+            lines.append(QStringLiteral("name %1|%2").arg(i).arg(i % 7));
+        }
+        ChartSample sample(lines, c.type);
+        sample.options.x.labelAngle = c.angle;
+        ChartWidget widget;
+        ASSERT_TRUE(widget.rebuild(sample.model(), sample.options));
+        QPixmap pixmap(c.size);
+        QPainter painter(&pixmap);
+        widget.drawInto(painter, c.size);
+        int named = 0;
+        for (const QGraphicsItem *item : widget.view(0)->scene()->items()) {
+            const auto *text = dynamic_cast<const QGraphicsTextItem *>(item);
+            if (text && text->isVisible()) {
+                EXPECT_NE(text->toPlainText(), QStringLiteral("..."));
+                named += text->toPlainText().startsWith(QStringLiteral("name ")) ? 1 : 0;
+            }
+        }
+        EXPECT_GE(named, 3);
     }
 }
 

@@ -10,6 +10,7 @@ TEST(ChartNode, ARunWithoutInputIsDoneAndSaysSo)
     ChartNode chart;
     chart.process(true, true);
     EXPECT_EQ(chart.state(), NodeState::Processed);
+    EXPECT_EQ(chart.placeText(), QStringLiteral("Select a chart type"));
     EXPECT_EQ(chart.warnings(), QStringList(QStringLiteral("No transforms or inputs connected")));
     EXPECT_TRUE(chart.writtenFiles().isEmpty());
 }
