@@ -45,6 +45,7 @@ struct TestDocument
     QByteArray inputs;
     QByteArray transforms;
     QByteArray outputs;
+    QByteArray charts;
     QByteArray connections;
     QByteArray meta;
     QByteArray batch; ///< the elements of batches
@@ -54,7 +55,8 @@ struct TestDocument
     {
         return "<!DOCTYPE Quillmere>\n<root><meta><version value=\"" + QByteArray::number(version) + "\"/>" + meta
                + "</meta><inputs>" + inputs + "</inputs><transforms>" + transforms + "</transforms><outputs>" + outputs
-               + "</outputs><charts/><notes/><connections>" + connections + "</connections>" + batch + "</root>\n";
+               + "</outputs><charts>" + charts + "</charts><notes/><connections>" + connections + "</connections>"
+               + batch + "</root>\n";
     }
 };
 

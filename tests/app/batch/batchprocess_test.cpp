@@ -7,7 +7,9 @@
 #include "graph/runcontrol.h"
 #include "support/printers.h"
 
+#include <QColor>
 #include <QDir>
+#include <QImage>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -248,6 +250,36 @@ TEST_F(BatchProcessTest, AppendedFilesAreClearedOnceABatch)
     QFile::remove(path(QStringLiteral("all.txt")));
     EXPECT_FALSE(run().contains(QStringLiteral("cleared")));
     EXPECT_EQ(written("all.txt"), "id\na\nb\nc\n") << "what the first run wrote must not go before the second";
+}
+
+TEST_F(BatchProcessTest, EachRunDrawsItsOwnChart)
+{
+    const struct
+    {
+        const char *name;
+        QColor colour; ///< where only the taller bar reaches
+    } cases[] = {{"low", Qt::white}, {"high", QColor(0x20, 0x9f, 0xdf)}};
+    writeFile(path(QStringLiteral("low.csv")), "id,n\na,1\nb,1\n");
+    writeFile(path(QStringLiteral("high.csv")), "id,n\na,9\nb,9\n");
+    TestDocument document = plain();
+    document.charts = "<chart id=\"3\" alias=\"plot\" chart_type=\"5\" chart_x_column=\"1*0\" chart_y_columns=\"2*0\" "
+                      "write_file=\"1\" path=\"none.png\" chart_image_width=\"400\" chart_image_height=\"300\" "
+                      "chart_y_axis_max_range_option=\"1\" chart_y_axis_max_range_custom_value=\"10\"/>";
+    document.connections += connectionXml(1, 3);
+    open(document);
+    for (int row = 0; row < 2; ++row) {
+        const QString name = QString::fromLatin1(cases[row].name);
+        setRow(row, name + QStringLiteral(".csv"), name + QStringLiteral(".txt"));
+        m_settings.values.insert({row, QStringLiteral("plot")}, path(name + QStringLiteral(".png")));
+    }
+    EXPECT_TRUE(run().contains(QStringLiteral("0 Transform(s), 1 Output(s), 1 Chart(s)")));
+    EXPECT_EQ(m_errors, 0);
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        const QImage picture(path(QString::fromLatin1(c.name) + QStringLiteral(".png")));
+        ASSERT_EQ(picture.size(), QSize(400, 300));
+        EXPECT_EQ(picture.pixelColor(120, 120), c.colour);
+    }
 }
 
 TEST_F(BatchProcessTest, WhatIsReadIsNotCleared)
