@@ -80,7 +80,7 @@ void HelpBrowser::onSourceChanged(const QUrl &address)
     if (page != m_styled) {
         m_styled = page;
         HelpStyle::apply(*document(), palette());
-        HelpStyle::fitPictures(*document(), pictureWidth());
+        fitPictures();
         mark();
     }
     if (address.hasFragment()) {
@@ -88,9 +88,10 @@ void HelpBrowser::onSourceChanged(const QUrl &address)
     }
 }
 
-int HelpBrowser::pictureWidth() const
+void HelpBrowser::fitPictures()
 {
-    return viewport()->width() - 2 * margin;
+    HelpStyle::fitPictures(*document(), viewport()->width() - 2 * margin, devicePixelRatioF(),
+        [this](const QString &name) { return QImage(QLatin1Char(':') + m_page.resolved(QUrl(name)).path()); });
 }
 
 void HelpBrowser::setMarked(const QStringList &words)
@@ -139,7 +140,7 @@ void HelpBrowser::changeEvent(QEvent *event)
 void HelpBrowser::resizeEvent(QResizeEvent *event)
 {
     QTextBrowser::resizeEvent(event);
-    HelpStyle::fitPictures(*document(), pictureWidth());
+    fitPictures();
 }
 
 void HelpBrowser::wheelEvent(QWheelEvent *event)

@@ -36,7 +36,7 @@ private:
     void followLink(const QUrl &link);
     void onSourceChanged(const QUrl &address);
     void mark();
-    int pictureWidth() const;
+    void fitPictures();
 
     QStringList m_marked;
     QUrl m_page;

@@ -64,7 +64,8 @@ void styleFrames(QTextFrame &frame, const QPalette &palette)
 
 bool isCode(const QTextCharFormat &format)
 {
-    return format.fontFixedPitch();
+    static const QString family = QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+    return format.fontFixedPitch() || format.fontFamily() == family;
 }
 
 void styleFragments(const QTextBlock &block, const QPalette &palette)
@@ -127,7 +128,7 @@ void HelpStyle::apply(QTextDocument &document, const QPalette &palette)
     edit.endEditBlock();
 }
 
-void HelpStyle::fitPictures(QTextDocument &document, int width)
+void HelpStyle::fitPictures(QTextDocument &document, int width, double pixelRatio, const Pictures &pictureOf)
 {
     struct Picture
     {
@@ -145,12 +146,14 @@ void HelpStyle::fitPictures(QTextDocument &document, int width)
         }
     }
     for (Picture &picture : pictures) {
-        const QVariant resource = document.resource(QTextDocument::ImageResource, QUrl(picture.format.name()));
-        const QImage image = resource.value<QImage>();
+        const QImage image = pictureOf(picture.format.name());
         const int wanted = qMin(image.width(), qMax(1, width));
-        if (image.isNull() || qFuzzyCompare(picture.format.width() + 1, wanted + 1.0)) {
+        if (image.isNull() || qRound(picture.format.width()) == wanted) {
             continue;
         }
+        // Drawing would leave out lines of a picture that is to be smaller.
+        document.addResource(QTextDocument::ImageResource, QUrl(picture.format.name()),
+            image.scaledToWidth(qMin(image.width(), qRound(wanted * pixelRatio)), Qt::SmoothTransformation));
         picture.format.setWidth(wanted);
         picture.format.setHeight(double(image.height()) * wanted / image.width());
         QTextCursor cursor(&document);

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QImage>
+#include <functional>
+
 class QPalette;
 class QTextDocument;
 
@@ -9,7 +12,9 @@ namespace HelpStyle {
 /// Gives tables lines and room, code a background, and headings the names by which links reach them. The colours are
 /// those of the palette, so that pages can be read in light and dark.
 void apply(QTextDocument &document, const QPalette &palette);
-/// Makes pictures that are wider than `width` pixels fit.
-void fitPictures(QTextDocument &document, int width);
+/// Gives a picture in its full size by the name that the page has for it.
+using Pictures = std::function<QImage(const QString &name)>;
+/// Makes pictures that are wider than `width` fit; `pixelRatio` is that of the screen.
+void fitPictures(QTextDocument &document, int width, double pixelRatio, const Pictures &pictureOf);
 
 } // namespace HelpStyle

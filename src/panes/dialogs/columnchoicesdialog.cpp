@@ -1,5 +1,6 @@
 #include "panes/dialogs/columnchoicesdialog.h"
 
+#include "panes/dialogs/helphook.h"
 #include "panes/widgets/recordtablewidget.h"
 
 #include <QComboBox>
@@ -23,6 +24,7 @@ ColumnChoicesDialog::ColumnChoicesDialog(
     , m_which(new QComboBox)
 {
     setWindowTitle(texts.title);
+    HelpHook::setHelpPage(*this, QStringLiteral("Output_data"));
     RecordField name;
     name.title = QStringLiteral("Column");
     name.kind = RecordField::Label;

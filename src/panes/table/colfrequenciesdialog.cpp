@@ -2,6 +2,7 @@
 
 #include "data/profilelines.h"
 #include "data/values.h"
+#include "panes/dialogs/helphook.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/table/drilldowndialog.h"
 #include "panes/widgets/bardelegate.h"
@@ -79,6 +80,7 @@ ColFrequenciesDialog::ColFrequenciesDialog(const Dataset &dataset, ColumnIndex c
     , m_metrics(newTable({QStringLiteral("Metric"), QStringLiteral("Value")}, QStringLiteral("Metrics")))
 {
     setWindowTitle(QStringLiteral("Column Values"));
+    HelpHook::setHelpPage(*this, QStringLiteral("Column_values"));
     auto *layout = new QVBoxLayout(this);
     addColumnRow(*layout);
     addSampleRow(*layout);

@@ -2,6 +2,7 @@
 
 #include "data/dataset.h"
 #include "data/values.h"
+#include "panes/dialogs/helphook.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/table/datatablemodel.h"
 #include "panes/table/datatableview.h"
@@ -25,6 +26,7 @@ DrilldownDialog::DrilldownDialog(const Dataset &dataset, Prompts &prompts)
     , m_view(new DataTableView)
 {
     setWindowTitle(QStringLiteral("Drilldown"));
+    HelpHook::setHelpPage(*this, QStringLiteral("Drilldown"));
     m_view->setPrompts(prompts);
     m_view->table().setDataset(dataset);
     const QString rows = dataset.rowCount() == 1
