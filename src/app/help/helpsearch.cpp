@@ -32,7 +32,9 @@ QStringList HelpSearch::words(const QString &typed)
 void HelpSearch::read()
 {
     for (const QString &name : HelpPages::names()) {
-        m_pages.append({name, HelpPages::title(name), withoutMarkup(HelpPages::text(name))});
+        const QString title = HelpPages::title(name);
+        const QString text = withoutMarkup(HelpPages::text(name));
+        m_pages.append({name, title, text.startsWith(title) ? text.mid(title.size() + 1) : text});
     }
 }
 
@@ -61,7 +63,7 @@ QVector<HelpHit> HelpSearch::find(const QStringList &words)
         int first = -1;
         for (const QString &word : words) {
             count += page.text.count(word, Qt::CaseInsensitive);
-            first = first < 0 ? page.text.indexOf(word, page.title.size(), Qt::CaseInsensitive) : first;
+            first = first < 0 ? page.text.indexOf(word, 0, Qt::CaseInsensitive) : first;
         }
         found.append({std::all_of(words.begin(), words.end(), inTitle), count,
             {page.name, page.title, excerpt(page.text, first)}});

@@ -106,8 +106,9 @@ void styleBlock(QTextBlock block, const QPalette &palette)
         const bool isLine = format.hasProperty(QTextFormat::BlockCodeFence) || isCode(block.charFormat());
         format.setTopMargin(0);
         format.setBottomMargin(isLine ? 0 : block.textList() ? paragraphGap / 2 : paragraphGap);
-        format.setLineHeight(lineHeightPercent, QTextBlockFormat::ProportionalHeight);
-        if (isLine) {
+        if (!isLine) {
+            format.setLineHeight(lineHeightPercent, QTextBlockFormat::ProportionalHeight);
+        } else if (!block.text().isEmpty() || isCode(block.next().charFormat())) {
             format.setBackground(mixed(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.1));
         }
     }
