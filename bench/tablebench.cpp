@@ -1,4 +1,5 @@
 #include "data/dataset.h"
+#include "panes/explore/datasetcomparison.h"
 #include "panes/table/changefinder.h"
 #include "panes/table/datafilter.h"
 #include "panes/table/datatablemodel.h"
@@ -76,6 +77,9 @@ public:
         runChanges();
         print("rows that contain a text, ms",
             measure([this] { DataFilter::rowsContaining(m_dataset, QStringLiteral("99999X")); }), 1000);
+        if (m_rows <= 1000000) {
+            runComparison();
+        }
     }
 
 private:
@@ -88,6 +92,40 @@ private:
         }
         m_view.table().setDataset(m_dataset, previous);
         print("next change, ms", measure([this] { ChangeFinder::next(m_view.table(), {}); }), 200);
+    }
+
+    /// With the same rows the other way round, paired by a key that is too long for a cell.
+    void runComparison()
+    {
+        QStringList keys;
+        QVector<int> reversed;
+        for (int row = 0; row < m_rows; ++row) {
+            keys.append(QStringLiteral("customer number %1").arg(row * 7919 % m_rows));
+            reversed.append(m_rows - 1 - row);
+        }
+        m_dataset.setColumnValues(ColumnIndex(0), keys);
+        const Dataset other = m_dataset.withRows(reversed);
+        DatasetComparison comparison(m_dataset, other);
+        DatasetComparison::Options options;
+        print("compared by number, ms", measure([&] { comparison.compare(options); }), 3000);
+        options.pairing = RowPairing::KeyColumns;
+        options.leftKey = ColumnIndex(0);
+        options.rightKey = ColumnIndex(0);
+        print("compared by key, ms", measure([&] { comparison.compare(options); }), 3000);
+        options.caseSensitive = false;
+        options.sortByKey = true;
+        print("by key without case, sorted, ms", measure([&] { comparison.compare(options); }), 3000);
+        m_view.table().setDataset(m_dataset);
+        m_view.table().setArrangedRows(
+            comparison.leftRows(),
+            [&comparison](int pair, ColumnIndex column) { return comparison.isDifferent(pair, column); }, Qt::red);
+        double longest = 0;
+        for (int page = 0; page < pages; ++page) {
+            longest = std::max(longest,
+                measure([this] { m_view.verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepAdd); }));
+        }
+        print("longest page of pairs, ms", longest, 16);
+        m_view.table().clear();
     }
 
     /// Until the view is painted.

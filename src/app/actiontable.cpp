@@ -3,6 +3,7 @@
 #include "app/commands/actionstate.h"
 #include "app/commands/clipboardcommands.h"
 #include "app/commands/commands.h"
+#include "app/commands/comparecommands.h"
 #include "app/commands/editcommands.h"
 #include "app/commands/filecommands.h"
 #include "app/commands/helpcommands.h"
@@ -160,9 +161,13 @@ const ActionRow rows[] = {
         "Zoom in to selected items on the center pane.", false, [](Commands &c, bool) { c.view.zoomSelected(); },
         [](const ActionState &s) { return s.hasSelectedItems; }, false},
     {&MainActions::viewCompareData, "m_viewCompareDataAction", "Compare &Data...", "", "compare-data",
-        "Compare the data of 2 selected items, side-by-side, row by row.", false, nullptr, nullptr, false},
+        "Compare the data of 2 selected items, side-by-side, row by row.", false,
+        [](Commands &c, bool) { c.compare.compareData(); }, [](const ActionState &s) { return s.selectedTables == 2; },
+        false},
     {&MainActions::viewCompareHeaders, "m_viewCompareHeadersAction", "Compare &Headers...", "", "compare-headers",
-        "Compare the headers of 2 or more selected items.", false, nullptr, nullptr, false},
+        "Compare the headers of 2 or more selected items.", false,
+        [](Commands &c, bool) { c.compare.compareHeaders(); },
+        [](const ActionState &s) { return s.selectedTables >= 2; }, false},
     {&MainActions::viewNodeSummary, "m_viewNodeSummaryAction", "Item &Summary...", "Ctrl+;", "item-summary",
         "View a summary of all items.", false, [](Commands &c, bool) { c.view.viewNodeSummary(); }, nullptr, false},
     {&MainActions::editLocale, "m_editLocaleAction", "&Locale...", "", "locale",

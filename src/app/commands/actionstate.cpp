@@ -7,6 +7,7 @@
 #include "graph/graphscene.h"
 #include "graph/node.h"
 #include "panes/canvas/graphpane.h"
+#include "panes/explore/exploreditems.h"
 
 #include <QGuiApplication>
 
@@ -19,6 +20,7 @@ ActionState actionState(const DocumentSession &session, const UndoStack &undo, c
     state.hasSelectedItems = !scene.nodes(true).isEmpty();
     state.hasSelection = state.hasSelectedItems || !scene.connections(true).isEmpty();
     const QList<Node *> selected = scene.nodes(true);
+    state.selectedTables = ExploredItems::withTable(selected).size();
     state.hasOneItem = selected.size() == 1;
     state.hasData = state.hasOneItem && selected.first()->dataset().columnCount() > 0;
     state.canOutput = selected.size() == 1 && selected.first()->maxOutputs() > 0;

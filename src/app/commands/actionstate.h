@@ -11,6 +11,7 @@ struct ActionState
     bool isAutoRunOn = true;
     bool hasItems = false;
     bool hasSelectedItems = false;
+    int selectedTables = 0;    ///< selected items that can have a table
     bool hasOneItem = false;   ///< just one is selected
     bool hasData = false;      ///< and it has a table
     bool canOutput = false;    ///< what is selected can go to an output

@@ -2,6 +2,7 @@
 
 #include "app/commands/clipboardcommands.h"
 #include "app/commands/commands.h"
+#include "app/commands/comparecommands.h"
 #include "app/commands/editcommands.h"
 #include "app/commands/filecommands.h"
 #include "app/commands/helpcommands.h"
@@ -25,9 +26,10 @@ struct CommandGroups
         , outputs(context)
         , runs(context, actions)
         , view(context, actions)
+        , compare(context)
         , help(context)
         , itemKeys(context)
-        , all{documents, files, undo, clipboard, edit, inputs, outputs, runs, view, help}
+        , all{documents, files, undo, clipboard, edit, inputs, outputs, runs, view, compare, help}
     {
     }
 
@@ -39,6 +41,7 @@ struct CommandGroups
     OutputCommands outputs;
     RunCommands runs;
     ViewCommands view;
+    CompareCommands compare;
     HelpCommands help;
     ItemKeys itemKeys;
     Commands all;

@@ -1,6 +1,7 @@
 #pragma once
 
 class ClipboardCommands;
+class CompareCommands;
 class DocumentCommands;
 class EditCommands;
 class FileCommands;
@@ -23,5 +24,6 @@ struct Commands
     OutputCommands &outputs;
     RunCommands &runs;
     ViewCommands &view;
+    CompareCommands &compare;
     HelpCommands &help;
 };

@@ -3,6 +3,7 @@
 #include "data/dataset.h"
 #include "graph/transformexample.h"
 #include "graph/transformnode.h"
+#include "panes/explore/explorekeysbutton.h"
 #include "panes/items/comparerow.h"
 #include "panes/items/datapage.h"
 #include "panes/items/parameterform.h"
@@ -41,6 +42,9 @@ TransformItemWidget::TransformItemWidget(TransformNode &item, QWidget *parent)
     help->setPalette(faint);
     layout->addWidget(help);
     layout->addWidget(m_form, 1);
+    if (item.transform()->hasKeyColumns()) {
+        addKeysButton(*layout);
+    }
     if (TransformExample::canBeShown(item)) {
         layout->addWidget(makeExample());
     }
@@ -62,6 +66,19 @@ TransformItemWidget::TransformItemWidget(TransformNode &item, QWidget *parent)
         dataPage().view().table().setVerification(true);
         addVerificationColors();
     }
+}
+
+void TransformItemWidget::addKeysButton(QLayout &layout)
+{
+    m_keys = new ExploreKeysButton(*transformNode()->transform());
+    m_keys->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    layout.addWidget(m_keys);
+    connect(m_keys, &QPushButton::clicked, this, [this] {
+        if (node()) {
+            m_keys->explore(*panelState().prompts);
+        }
+    });
+    connect(m_form, &ParameterForm::parameterValueChanged, m_keys, &ExploreKeysButton::refresh);
 }
 
 QLabel *TransformItemWidget::makeExample()
@@ -140,6 +157,9 @@ void TransformItemWidget::setPanelState(PanelState &state)
 void TransformItemWidget::refreshOptions()
 {
     m_form->refresh();
+    if (m_keys) {
+        m_keys->refresh();
+    }
     if (m_example) {
         updateExample();
     }

@@ -3,8 +3,10 @@
 #include "panes/items/dataitemwidget.h"
 
 class CompareRow;
+class ExploreKeysButton;
 class ParameterForm;
 class QLabel;
+class QLayout;
 class QTimer;
 class TransformNode;
 
@@ -29,11 +31,13 @@ private:
     QLabel *makeExample();
     void updateExample();
     void addVerificationColors();
+    void addKeysButton(QLayout &layout);
     void showChanges(bool on);
     void highlightColumns();
 
     ParameterForm *m_form;
     QTimer *m_examplePause;
-    QLabel *m_example = nullptr; ///< null for kinds that have none
+    QLabel *m_example = nullptr;         ///< null for kinds that have none
+    ExploreKeysButton *m_keys = nullptr; ///< null for kinds without keys
     CompareRow *m_compare = nullptr;
 };

@@ -75,6 +75,7 @@ void DataTableModel::setDataset(const Dataset &dataset, const Dataset &previous)
     m_drilldownSource.clear();
     m_shownRows.clear();
     m_filtered = false;
+    m_isMarked = nullptr;
     findColumns();
     endResetModel();
 }
@@ -173,6 +174,14 @@ void DataTableModel::setShownRows(const QVector<int> &rows)
     endResetModel();
 }
 
+void DataTableModel::setArrangedRows(const QVector<int> &rows,
+    const std::function<bool(int modelRow, ColumnIndex column)> &isMarked, const QColor &color)
+{
+    m_isMarked = isMarked;
+    m_markColor = color;
+    setShownRows(rows);
+}
+
 void DataTableModel::showAllRows()
 {
     if (m_filtered) {
@@ -240,6 +249,10 @@ QVariant DataTableModel::data(const QModelIndex &index, int role) const
     }
     const RowIndex row = rowOf(index.row());
     const ColumnIndex column(index.column());
+    const QVariant look = markedLook(index, role);
+    if (look.isValid() || !row.isValid()) {
+        return look;
+    }
     switch (role) {
     case Qt::DisplayRole:
         return shownText(m_dataset.cell(row, column), longestDisplay);
@@ -255,6 +268,18 @@ QVariant DataTableModel::data(const QModelIndex &index, int role) const
     default:
         return QVariant();
     }
+}
+
+QVariant DataTableModel::markedLook(const QModelIndex &index, int role) const
+{
+    if ((role != Qt::BackgroundRole && role != Qt::ForegroundRole) || !m_isMarked
+        || !m_isMarked(index.row(), ColumnIndex(index.column()))) {
+        return QVariant();
+    }
+    // The colour is a person's choice, which the theme's text colour needn't stand out from.
+    constexpr int middle = 128;
+    const bool isDark = qGray(m_markColor.rgb()) < middle;
+    return QBrush(role == Qt::BackgroundRole ? m_markColor : QColor(isDark ? Qt::white : Qt::black));
 }
 
 QString DataTableModel::shownText(const Cell &cell, int limit) const
@@ -289,7 +314,7 @@ void DataTableModel::setDrilldownSource(const Dataset &source)
 QVector<int> DataTableModel::drilldownRows(const QModelIndex &index) const
 {
     QVector<int> rows;
-    if (index.isValid() && m_dataset.hasDrilldown()) {
+    if (index.isValid() && m_dataset.hasDrilldown() && rowOf(index.row()).isValid()) {
         for (const RowIndex row : m_dataset.drilldownRows(rowOf(index.row()), ColumnIndex(index.column()))) {
             if (row.toInt() < m_drilldownSource.rowCount()) {
                 rows.append(row.toInt());
@@ -364,6 +389,9 @@ QVariant DataTableModel::columnHeader(ColumnIndex column, int role) const
 
 QVariant DataTableModel::rowHeader(RowIndex row, int role) const
 {
+    if (!row.isValid()) {
+        return role == Qt::DisplayRole ? QVariant(QString()) : QVariant();
+    }
     switch (role) {
     case Qt::DisplayRole:
         return row.toInt() + 1;

@@ -7,6 +7,7 @@
 #include <QHash>
 #include <QSet>
 #include <array>
+#include <functional>
 
 /// A table as views show it. Works out what a cell looks like when it is asked, so a table of millions of rows is there
 /// at once. It holds copies of its own, which share their columns with the originals: what is shown never dangles, but
@@ -14,6 +15,7 @@
 /// changes, and what to show afterwards.
 ///
 /// A filter makes rows of the model fewer than those of the table: rowOf() and modelRowOf() go from one to the other.
+/// A comparison also puts them in another order, with empty rows between them.
 /// Columns are always those of the table.
 class DataTableModel : public QAbstractTableModel
 {
@@ -50,9 +52,13 @@ public:
 
     /// Shows only `rows` of the table, which are in ascending order.
     void setShownRows(const QVector<int> &rows);
+    /// Shows `rows` of the table, in any order, where a row of -1 is empty. The background of the cells that `isMarked`
+    /// says yes to, by rows of the model, has that colour. modelRowOf() isn't for this.
+    void setArrangedRows(const QVector<int> &rows,
+        const std::function<bool(int modelRow, ColumnIndex column)> &isMarked, const QColor &color);
     void showAllRows();
     bool isFiltered() const { return m_filtered; }
-    /// The table's row behind a row of the model.
+    /// The table's row behind a row of the model; invalid for one that is empty.
     RowIndex rowOf(int modelRow) const;
     /// -1 for a row that the filter hides.
     int modelRowOf(RowIndex row) const;
@@ -87,6 +93,8 @@ private:
     const Cell *previousCell(RowIndex row, ColumnIndex column) const;
     QVector<int> drilldownRows(const QModelIndex &index) const;
     QString shownText(const Cell &cell, int limit) const;
+    /// The look of a cell that is marked; nothing for others.
+    QVariant markedLook(const QModelIndex &index, int role) const;
     QVariant background(RowIndex row, ColumnIndex column) const;
     QVariant issueBrush(RowIndex row, ColumnIndex column) const;
     QString toolTip(RowIndex row, ColumnIndex column) const;
@@ -109,4 +117,6 @@ private:
     QBrush m_changedBrush;
     QBrush m_highlightBrush;
     std::array<QBrush, DatasetIssues::noLevel> m_issueBrushes; ///< by level
+    std::function<bool(int modelRow, ColumnIndex column)> m_isMarked;
+    QColor m_markColor;
 };

@@ -386,8 +386,9 @@ void DataTableView::onShowColData()
 QString DataTableView::currentValue() const
 {
     const QModelIndex index = currentIndex();
-    return index.isValid() ? m_model->dataset().value(m_model->rowOf(index.row()), ColumnIndex(index.column()))
-                           : QString();
+    return index.isValid() && m_model->rowOf(index.row()).isValid()
+               ? m_model->dataset().value(m_model->rowOf(index.row()), ColumnIndex(index.column()))
+               : QString();
 }
 
 void DataTableView::contextMenuEvent(QContextMenuEvent *event)

@@ -23,9 +23,10 @@ SelectionFigures::SelectionFigures(const DataTableModel &table, const QVector<Ce
     for (const CellRange &range : ranges) {
         add(table, range);
     }
-    if (m_selected == 1) {
+    const RowIndex first = table.rowOf(ranges.first().top);
+    if (m_selected == 1 && first.isValid()) {
         const CellRange &range = ranges.first();
-        m_value = ellipsized(table.dataset().value(table.rowOf(range.top), ColumnIndex(range.left)), longestValue);
+        m_value = ellipsized(table.dataset().value(first, ColumnIndex(range.left)), longestValue);
     }
 }
 
@@ -34,6 +35,10 @@ void SelectionFigures::add(const DataTableModel &table, const CellRange &range)
     const NumberReader reader(false, false);
     for (int row = range.top; row <= range.bottom; ++row) {
         const RowIndex place = table.rowOf(row);
+        if (!place.isValid()) {
+            m_empty += range.right - range.left + 1;
+            continue;
+        }
         for (int column = range.left; column <= range.right; ++column) {
             const Cell &cell = table.dataset().cell(place, ColumnIndex(column));
             if (cell.isEmpty()) {

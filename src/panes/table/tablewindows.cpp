@@ -10,7 +10,7 @@
 
 void TableWindows::showRow(Prompts &prompts, const DataTableModel &table, int row)
 {
-    if (row < 0 || row >= table.rowCount()) {
+    if (row < 0 || row >= table.rowCount() || !table.rowOf(row).isValid()) {
         return;
     }
     RowValuesDialog dialog(table.dataset(), table.rowOf(row), table.showsWhitespace(), prompts.window());
@@ -28,7 +28,7 @@ void TableWindows::showColumn(Prompts &prompts, const DataTableModel &table, int
 
 void TableWindows::showValue(Prompts &prompts, const DataTableModel &table, const QModelIndex &index)
 {
-    if (!index.isValid()) {
+    if (!index.isValid() || !table.rowOf(index.row()).isValid()) {
         return;
     }
     const RowIndex row = table.rowOf(index.row());

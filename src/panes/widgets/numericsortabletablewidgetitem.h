@@ -1,11 +1,18 @@
 #pragma once
 
+#include "data/values.h"
+
 #include <QTableWidgetItem>
 
 /// A cell that is sorted by a number, whatever it shows. Without a number it comes before all that have one.
 class NumericSortableTableWidgetItem : public QTableWidgetItem
 {
 public:
+    /// A whole number with the locale's grouping.
+    explicit NumericSortableTableWidgetItem(qint64 number)
+        : NumericSortableTableWidgetItem(formatInteger(number, true), number)
+    {
+    }
     NumericSortableTableWidgetItem(const QString &text, const QVariant &number)
         : QTableWidgetItem(text)
     {
