@@ -62,6 +62,7 @@ protected:
     {
         stopRequested = false;
         m_window.reset();
+        QLocale::setDefault(m_locale); // a new document takes that of the settings
         RecoveryFile::remove();
     }
 
@@ -94,6 +95,7 @@ protected:
     QTemporaryDir m_folder;
     RunLog m_log;
     ScriptedPrompts m_prompts;
+    const QLocale m_locale;
     std::unique_ptr<MainWindow> m_window;
 };
 

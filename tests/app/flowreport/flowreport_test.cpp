@@ -2,6 +2,7 @@
 #include "app/flowreport/flowreport.h"
 #include "app/programinfo.h"
 #include "support/printers.h"
+#include "support/scopedlocale.h"
 
 #include <gtest/gtest.h>
 
@@ -49,6 +50,7 @@ FlowDescription flow()
 
 TEST(FlowReport, Markdown)
 {
+    const ScopedLocale locale(QStringLiteral("en_US"));
     EXPECT_EQ(FlowReport::markdown(flow()),
         QString::fromUtf8("# Flow: x.transform\n\n"
                           "## 1. Input: a\\_b.csv\n\nInput from a\\_b.csv.\n\nRows: 12,345. Columns: 3.\n\n"
@@ -66,6 +68,7 @@ TEST(FlowReport, Markdown)
 
 TEST(FlowReport, Html)
 {
+    const ScopedLocale locale(QStringLiteral("en_US"));
     FlowDescription described = flow();
     described.picture = QByteArray("png");
     const QString html = FlowReport::html(described);
