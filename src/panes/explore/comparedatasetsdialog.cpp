@@ -26,6 +26,7 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QSplitter>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -175,8 +176,9 @@ QToolButton *CompareDatasetsDialog::addStep(QHBoxLayout &row, const QString &ico
     button->setIcon(Icons::icon(icon));
     button->setAccessibleName(name);
     button->setToolTip(QStringLiteral("%1 (%2)").arg(tip, keys));
-    button->setShortcut(QKeySequence(keys));
     connect(button, &QToolButton::clicked, this, step);
+    // A button's own shortcut waits until it has been seen pressed, too long for a key that is held.
+    connect(new QShortcut(QKeySequence(keys), this), &QShortcut::activated, this, step);
     row.addWidget(button);
     return button;
 }
