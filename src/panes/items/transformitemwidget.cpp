@@ -3,6 +3,8 @@
 #include "data/dataset.h"
 #include "graph/transformexample.h"
 #include "graph/transformnode.h"
+#include "panes/dialogs/prompts.h"
+#include "panes/explore/exploreduplicatesdialog.h"
 #include "panes/explore/explorekeysbutton.h"
 #include "panes/items/comparerow.h"
 #include "panes/items/datapage.h"
@@ -16,6 +18,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -47,6 +50,9 @@ TransformItemWidget::TransformItemWidget(TransformNode &item, QWidget *parent)
     }
     if (TransformExample::canBeShown(item)) {
         layout->addWidget(makeExample());
+    }
+    if (item.transform()->hasDuplicateColumns()) {
+        layout->addWidget(makeDuplicatesButton());
     }
     setOptionsArea(options);
     connect(m_form, &ParameterForm::parameterValueChanged, this, &DataItemWidget::onParameterValueChanged);
@@ -208,4 +214,24 @@ void TransformItemWidget::highlightColumns()
         }
     }
     dataPage().view().table().setHighlightColumns(columns);
+}
+
+QWidget *TransformItemWidget::makeDuplicatesButton()
+{
+    auto *button = new QPushButton(QStringLiteral("Explore &Duplicates..."));
+    button->setToolTip(QStringLiteral("Look at the rows that these options find, without changing anything."));
+    button->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    connect(button, &QPushButton::clicked, this, &TransformItemWidget::exploreDuplicates);
+    return button;
+}
+
+void TransformItemWidget::exploreDuplicates()
+{
+    const QList<Node *> inputs = node() ? node()->upstreamNodes(true) : QList<Node *>();
+    if (inputs.isEmpty() || !panelState().prompts) {
+        return;
+    }
+    ExploreDuplicatesDialog dialog(
+        *inputs.first(), ExploreDuplicatesDialog::optionsOf(*transformNode()->transform()), *panelState().prompts);
+    panelState().prompts->exec(dialog);
 }

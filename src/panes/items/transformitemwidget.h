@@ -34,6 +34,8 @@ private:
     void addKeysButton(QLayout &layout);
     void showChanges(bool on);
     void highlightColumns();
+    QWidget *makeDuplicatesButton();
+    void exploreDuplicates();
 
     ParameterForm *m_form;
     QTimer *m_examplePause;

@@ -76,6 +76,7 @@ void DataTableModel::setDataset(const Dataset &dataset, const Dataset &previous)
     m_shownRows.clear();
     m_filtered = false;
     m_isMarked = nullptr;
+    m_highlightRows.clear();
     findColumns();
     endResetModel();
 }
@@ -153,6 +154,12 @@ void DataTableModel::setHighlightColumns(const QSet<int> &columns)
         m_highlightColumns = columns;
         updateLook();
     }
+}
+
+void DataTableModel::setHighlightRows(const std::vector<bool> &rows)
+{
+    m_highlightRows = rows;
+    updateLook();
 }
 
 void DataTableModel::updateLook()
@@ -347,7 +354,8 @@ QVariant DataTableModel::background(RowIndex row, ColumnIndex column) const
     if (ofIssue.isValid()) {
         return ofIssue;
     }
-    if (m_highlightColumns.contains(column.toInt())) {
+    const auto place = static_cast<size_t>(row.toInt());
+    if (m_highlightColumns.contains(column.toInt()) || (place < m_highlightRows.size() && m_highlightRows[place])) {
         return m_highlightBrush;
     }
     return m_showChanges && isChanged(row, column) ? QVariant(m_changedBrush) : QVariant();

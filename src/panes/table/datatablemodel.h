@@ -8,6 +8,7 @@
 #include <QSet>
 #include <array>
 #include <functional>
+#include <vector>
 
 /// A table as views show it. Works out what a cell looks like when it is asked, so a table of millions of rows is there
 /// at once. It holds copies of its own, which share their columns with the originals: what is shown never dangles, but
@@ -49,8 +50,10 @@ public:
     bool isVerification() const { return m_verification; }
     /// Tints these columns, by index.
     void setHighlightColumns(const QSet<int> &columns);
+    /// Tints the rows of the table, counted from 0, that hold true here; setDataset() tints none.
+    void setHighlightRows(const std::vector<bool> &rows);
 
-    /// Shows only `rows` of the table, which are in ascending order.
+    /// Shows only `rows` of the table. Those who use modelRowOf() give them in ascending order.
     void setShownRows(const QVector<int> &rows);
     /// Shows `rows` of the table, in any order, where a row of -1 is empty. The background of the cells that `isMarked`
     /// says yes to, by rows of the model, has that colour. modelRowOf() isn't for this.
@@ -114,6 +117,7 @@ private:
     QSet<int> m_changedColumns;  ///< new or renamed ones, which are changed as a whole
     QHash<int, int> m_columnMap; ///< index in the previous table by index in this one
     QSet<int> m_highlightColumns;
+    std::vector<bool> m_highlightRows;
     QBrush m_changedBrush;
     QBrush m_highlightBrush;
     std::array<QBrush, DatasetIssues::noLevel> m_issueBrushes; ///< by level

@@ -1,8 +1,9 @@
 #pragma once
 
 #include <QObject>
+#include <atomic>
 
-/// Tells how a search for duplicates gets on, and lets it be stopped.
+/// Tells how a search for duplicates gets on, and lets it be stopped, also from another thread.
 class DedupeProgress : public QObject
 {
     Q_OBJECT
@@ -22,5 +23,5 @@ signals:
     void processed(qreal progress, int nonDupesFound, int dupesFound);
 
 private:
-    bool m_isStopped = false;
+    std::atomic<bool> m_isStopped{false};
 };
