@@ -1,9 +1,9 @@
 #include "panes/table/colfrequenciesdialog.h"
 
-#include "data/profilelines.h"
 #include "data/values.h"
 #include "panes/dialogs/helphook.h"
 #include "panes/dialogs/prompts.h"
+#include "panes/explore/drilldownduplicatesdialog.h"
 #include "panes/table/drilldowndialog.h"
 #include "panes/widgets/bardelegate.h"
 #include "panes/widgets/keptgeometry.h"
@@ -22,6 +22,7 @@
 #include <QSpinBox>
 #include <QSplitter>
 #include <QTableWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
@@ -231,7 +232,8 @@ void ColFrequenciesDialog::readColumn()
     const int rowCount = m_dataset.rowCount();
     // What is counted in a part of the rows must not be taken for the whole.
     m_sampled->clear();
-    if (m_sample->takesAllOf(rowCount)) {
+    m_isSample = !m_sample->takesAllOf(rowCount);
+    if (!m_isSample) {
         m_dataset.columnProfile(m_profile, column, formats, m_statistics->isChecked());
     } else {
         const QVector<int> rows = m_sample->rowsOf(rowCount);
@@ -279,14 +281,46 @@ void ColFrequenciesDialog::showFrequencies()
 
 void ColFrequenciesDialog::showMetrics()
 {
-    const CellColumn &column = m_dataset.column(ColumnIndex(m_column->currentIndex()));
     const ProfileWriter writer(QString(), true);
     const QVector<ProfileLine> lines = exploredLines(m_statistics->isChecked());
     m_metrics->setRowCount(0);
     m_metrics->setRowCount(lines.size());
     for (int row = 0; row < lines.size(); ++row) {
         addLine(*m_metrics, row, {profileLabel(lines.at(row)), writer.text(lines.at(row), m_profile)},
-            profileTip(lines.at(row), m_profile, column, false), static_cast<int>(lines.at(row)));
+            metricTip(lines.at(row)), static_cast<int>(lines.at(row)));
+    }
+}
+
+QString ColFrequenciesDialog::metricTip(ProfileLine line) const
+{
+    const CellColumn &column = m_dataset.column(ColumnIndex(m_column->currentIndex()));
+    const QString tip = profileTip(line, m_profile, column, m_isSample);
+    return line == ProfileLine::Duplicated && m_profile.m_values.duplicated() > 0
+               ? tip + QStringLiteral("\nDouble click to drilldown.")
+               : tip;
+}
+
+void ColFrequenciesDialog::showEvent(QShowEvent *event)
+{
+    QDialog::showEvent(event);
+    QTimer::singleShot(0, this, &ColFrequenciesDialog::onShowTip);
+}
+
+void ColFrequenciesDialog::onShowTip()
+{
+    constexpr int tipMs = 8000;
+    Tips::showOnce(QStringLiteral("tip_col_metrics"), QStringLiteral("See examples"),
+        QStringLiteral("Hover over a value or a metric to see examples.\nDouble click it to see the rows."), tipMs,
+        m_dates);
+}
+
+void ColFrequenciesDialog::showDuplicates()
+{
+    const ValueFrequencies &values = m_profile.m_values;
+    const QVector<int> rows = values.rowsOf([&values](int value) { return values.count(value) > 1; });
+    if (!rows.isEmpty()) {
+        DrilldownDuplicatesDialog dialog(m_dataset.withRows(rows), ColumnIndex(m_column->currentIndex()), m_prompts);
+        m_prompts.exec(dialog);
     }
 }
 
@@ -355,7 +389,9 @@ void ColFrequenciesDialog::onMetricTableCellDoubleClicked(int row, int)
 {
     const auto line = static_cast<ProfileLine>(m_metrics->item(row, 0)->data(valueRole).toInt());
     ProfileMetric metric = ProfileMetric::Empty;
-    if (hasRows(line, metric)) {
+    if (line == ProfileLine::Duplicated) {
+        showDuplicates();
+    } else if (hasRows(line, metric)) {
         showRows(m_profile.rowsOf(metric));
     }
 }

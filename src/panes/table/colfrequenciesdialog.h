@@ -2,6 +2,7 @@
 
 #include "data/columnprofile.h"
 #include "data/dataset.h"
+#include "data/profilelines.h"
 
 #include <QDialog>
 
@@ -25,6 +26,8 @@ public:
     ColFrequenciesDialog(const Dataset &dataset, ColumnIndex column, Prompts &prompts);
 
 public slots:
+    /// Tells once that there are examples.
+    void onShowTip();
     void onColChanged(int column);
     void onFirstClicked();
     void onPrevClicked();
@@ -39,6 +42,9 @@ public slots:
     void onMetricTableCellDoubleClicked(int row, int column);
     void onFrequencyTableCellDoubleClicked(int row, int column);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     void addColumnRow(QVBoxLayout &layout);
     QWidget *frequencySide();
@@ -48,11 +54,14 @@ private:
     void readColumn();
     void showFrequencies();
     void showMetrics();
+    QString metricTip(ProfileLine line) const;
     void showRows(const QVector<int> &rows);
+    void showDuplicates();
 
     Dataset m_dataset;
     Prompts &m_prompts;
     ColumnProfile m_profile;
+    bool m_isSample = false; ///< the profile covers a part of the rows
     QComboBox *m_column;
     QList<QPushButton *> m_steps;
     QComboBox *m_order;

@@ -1,6 +1,7 @@
 #include "panes/table/datatableview.h"
 
 #include "panes/dialogs/prompts.h"
+#include "panes/explore/drilldownduplicatesdialog.h"
 #include "panes/table/changefinder.h"
 #include "panes/table/colfrequenciesdialog.h"
 #include "panes/table/datatablemodel.h"
@@ -26,6 +27,7 @@
 #include <QSignalSpy>
 #include <QTableWidget>
 #include <QTest>
+#include <QTreeWidget>
 #include <gtest/gtest.h>
 
 namespace {
@@ -353,4 +355,47 @@ TEST(ColFrequencies, SaysWhenOnlyASampleIsCounted)
     EXPECT_EQ(sampled(), "Counted in 100 of 250 rows");
     EXPECT_TRUE(values->item(0, 1)->text().endsWith(QLatin1String("%)")));
     EXPECT_EQ(Settings::current().sampleComboIndex(), 0);
+}
+
+TEST(ColFrequencies, ShowsTheRowsOfValuesThatComeMoreThanOnce)
+{
+    const ScopedSettings settings;
+    Onlooker prompts;
+    ColFrequenciesDialog dialog(grid({"letter|n", "b|1", "a|2", "c|3", "b|4", "a|5", "b|6"}), ColumnIndex(0), prompts);
+    auto *sample = dialog.findChild<SamplingComboBox *>();
+    sample->setCurrentIndex(sample->findText(QStringLiteral("All rows")));
+    const QList<QTableWidget *> tables = dialog.findChildren<QTableWidget *>();
+    QTableWidget *metrics = tables.at(tables.first()->accessibleName() == QLatin1String("Metrics") ? 0 : 1);
+    QTableWidgetItem *line = metrics->findItems(QStringLiteral("Duplicated values"), Qt::MatchExactly).value(0);
+    ASSERT_TRUE(line);
+    EXPECT_TRUE(line->toolTip().endsWith(QLatin1String("Double click to drilldown.")));
+    QStringList values;
+    QStringList shown;
+    QString hint;
+    prompts.look = [&](QDialog &window) {
+        auto *tree = window.findChild<QTreeWidget *>();
+        const auto &view = static_cast<DrilldownDuplicatesDialog &>(window).view();
+        const QPushButton *copy = nullptr;
+        for (const QPushButton *button : window.findChildren<QPushButton *>()) {
+            copy = button->text() == QLatin1String("Cop&y") ? button : copy;
+        }
+        ASSERT_TRUE(copy);
+        EXPECT_FALSE(copy->isEnabled());
+        hint = window.findChild<QLabel *>()->text();
+        for (int i = 0; i < tree->topLevelItemCount(); ++i) {
+            values.append(tree->topLevelItem(i)->text(0) + QLatin1Char(' ') + tree->topLevelItem(i)->text(1));
+        }
+        window.show();
+        QTest::keyClick(tree, Qt::Key_Down);
+        tree->topLevelItem(1)->setSelected(true);
+        EXPECT_TRUE(copy->isEnabled());
+        shown = rows(view.table().dataset());
+    };
+    metrics->scrollToItem(line);
+    dialog.show();
+    emit metrics->cellDoubleClicked(line->row(), 0);
+    EXPECT_EQ(hint, "Select a duplicate value");
+    EXPECT_EQ(values, (QStringList{"3 b", "2 a"}));
+    EXPECT_EQ(shown, (QStringList{"a|2", "a|5"}));
+    EXPECT_EQ(prompts.seen, QStringList{"Duplicates Drilldown"});
 }
