@@ -1,8 +1,8 @@
 #include "panes/explore/drilldownduplicatesdialog.h"
 
 #include "data/values.h"
-#include "panes/dialogs/helphook.h"
 #include "panes/dialogs/prompts.h"
+#include "panes/explore/explorehelp.h"
 #include "panes/table/datatablemodel.h"
 #include "panes/table/datatableview.h"
 #include "panes/table/tableclipboard.h"
@@ -39,7 +39,6 @@ DrilldownDuplicatesDialog::DrilldownDuplicatesDialog(const Dataset &dataset, Col
 {
     setWindowTitle(QStringLiteral("Duplicates Drilldown"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    HelpHook::setHelpPage(*this, QStringLiteral("Drilldown"));
     addValues();
     m_view->setPrompts(prompts);
     m_view->setNoDataText(QStringLiteral("Select a duplicate value"));
@@ -53,6 +52,7 @@ DrilldownDuplicatesDialog::DrilldownDuplicatesDialog(const Dataset &dataset, Col
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     m_copy = buttons->addButton(QStringLiteral("Cop&y"), QDialogButtonBox::ActionRole);
     m_copy->setToolTip(QStringLiteral("Copy the drilldown dataset to the clipboard."));
+    ExploreHelp::add(*this, *buttons, QStringLiteral("Drilldown"));
     connect(m_copy, &QPushButton::clicked, this, &DrilldownDuplicatesDialog::onClickedClipboard);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(m_tree, &QTreeWidget::itemSelectionChanged, this, &DrilldownDuplicatesDialog::onItemSelectionChanged);

@@ -2,9 +2,10 @@
 
 #include "data/values.h"
 #include "graph/node.h"
-#include "panes/dialogs/helphook.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/explore/checkedcolumnslist.h"
+#include "panes/explore/exploreditems.h"
+#include "panes/explore/explorehelp.h"
 #include "panes/icons.h"
 #include "panes/table/datatablemodel.h"
 #include "panes/table/datatableview.h"
@@ -37,7 +38,7 @@ constexpr QSize firstSize(1000, 600);
 constexpr int tipMs = 8000;
 constexpr int percent = 100;
 constexpr int gap = 6;
-constexpr int longestName = 100;
+constexpr int longestName = 150;
 enum Matching { Exact, Fuzzy };
 
 QString counted(int count, const char *one, const char *many)
@@ -85,10 +86,7 @@ ExploreDuplicatesDialog::ExploreDuplicatesDialog(const Node &item, const Duplica
 {
     setWindowTitle(QStringLiteral("Explore Duplicates"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    HelpHook::setHelpPage(*this, QStringLiteral("Explore_duplicates"));
-    auto *label = new QLabel(
-        QStringLiteral("Duplicates in '%1', Id=%2, %3")
-            .arg(ellipsized(item.name(), longestName), QString::number(item.id()), item.kindName()));
+    auto *label = new QLabel(QStringLiteral("Duplicates in ") + ellipsized(ExploredItems::label(item), longestName));
     label->setTextFormat(Qt::PlainText);
     auto *sides = new QSplitter;
     sides->setChildrenCollapsible(false);
@@ -96,10 +94,9 @@ ExploreDuplicatesDialog::ExploreDuplicatesDialog(const Node &item, const Duplica
     sides->addWidget(makeResults(prompts));
     sides->setStretchFactor(1, 1);
     sides->setSizes({firstSize.width() / 4, firstSize.width() * 3 / 4});
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close | QDialogButtonBox::Help);
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    ExploreHelp::add(*this, *buttons, QStringLiteral("Explore_duplicates"));
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(buttons, &QDialogButtonBox::helpRequested, this,
-        [this] { HelpHook::showHelp(this, QStringLiteral("Explore_duplicates")); });
     for (QAbstractButton *button : buttons->buttons()) {
         qobject_cast<QPushButton *>(button)->setAutoDefault(false);
     }
@@ -184,6 +181,7 @@ void ExploreDuplicatesDialog::addRunRow(QVBoxLayout &layout)
     m_progress->setRange(0, percent);
     m_progress->setValue(0);
     m_progress->setAccessibleName(QStringLiteral("Progress"));
+    m_progress->setMinimumWidth(fontMetrics().averageCharWidth() * 6);
     auto *row = new QHBoxLayout;
     row->addWidget(m_runButton);
     row->addWidget(m_stopButton);

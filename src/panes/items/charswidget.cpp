@@ -140,7 +140,7 @@ void CharsWidget::filterColumns()
 {
     const QString text = m_filter->text();
     for (int column = 0; column < m_model->columnCount(); ++column) {
-        const QString name = m_model->headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString();
+        const QString name = m_dataset ? m_dataset->columnName(ColumnIndex(column)) : QString();
         m_view->setColumnHidden(column, !name.contains(text, Qt::CaseInsensitive));
     }
 }

@@ -1,6 +1,7 @@
 #include "panes/table/charactersmodel.h"
 
 #include "data/values.h"
+#include "panes/widgets/tips.h"
 
 namespace {
 
@@ -76,7 +77,7 @@ QVariant CharactersModel::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
         return formatInteger(m_profile.count(index.row(), index.column()).characters, true);
     case Qt::ToolTipRole:
-        return toolTip(index);
+        return Tips::plain(toolTip(index));
     case Qt::TextAlignmentRole:
         return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
     case ShareRole:
@@ -95,5 +96,5 @@ QVariant CharactersModel::headerData(int section, Qt::Orientation orientation, i
         return CharacterProfile::name(section);
     }
     const QString name = m_dataset.columnName(ColumnIndex(section));
-    return role == Qt::DisplayRole ? ellipsized(name, mostTitleCharacters) : name;
+    return role == Qt::DisplayRole ? ellipsized(name, mostTitleCharacters) : Tips::plain(name);
 }

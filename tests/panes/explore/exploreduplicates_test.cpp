@@ -133,6 +133,7 @@ protected:
 TEST_F(ExploreDuplicates, ShowsLikeRowsTogetherUnderTheirOwnNumbers)
 {
     EXPECT_EQ(view().table().columnCount(), 2);
+    EXPECT_TRUE(shows("Duplicates in 'people.csv', Id=1, Input"));
     run();
     EXPECT_TRUE(shows("Found 1 duplicate and 3 non-duplicates in 0."));
     EXPECT_FALSE(shows("stopped by user"));
