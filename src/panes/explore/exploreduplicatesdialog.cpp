@@ -93,7 +93,7 @@ ExploreDuplicatesDialog::ExploreDuplicatesDialog(const Node &item, const Duplica
     sides->addWidget(makeOptions(options));
     sides->addWidget(makeResults(prompts));
     sides->setStretchFactor(1, 1);
-    sides->setSizes({firstSize.width() / 4, firstSize.width() * 3 / 4});
+    sides->setSizes({firstSize.width() / 3, firstSize.width() * 2 / 3});
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     ExploreHelp::add(*this, *buttons, QStringLiteral("Explore_duplicates"));
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
