@@ -256,7 +256,7 @@ QToolButton *ExploreDuplicatesDialog::makeArrow(
 void ExploreDuplicatesDialog::showEvent(QShowEvent *event)
 {
     QDialog::showEvent(event);
-    QTimer::singleShot(0, this, &ExploreDuplicatesDialog::onRunTip);
+    QTimer::singleShot(Tips::openingPauseMs, this, &ExploreDuplicatesDialog::onRunTip);
 }
 
 void ExploreDuplicatesDialog::onRunTip()

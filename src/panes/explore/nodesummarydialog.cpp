@@ -137,7 +137,7 @@ NodeSummaryDialog::NodeSummaryDialog(GraphScene &scene, Prompts &prompts)
     connect(m_table, &QTableWidget::itemDoubleClicked, this, &NodeSummaryDialog::onItemDoubleClicked);
     connect(m_table, &QTableWidget::itemActivated, this, &NodeSummaryDialog::onItemDoubleClicked);
     keepGeometry(*this, &Settings::itemSummaryWindowGeometry, &Settings::setItemSummaryWindowGeometry, firstSize);
-    QTimer::singleShot(0, this, &NodeSummaryDialog::onShowTip);
+    QTimer::singleShot(Tips::openingPauseMs, this, &NodeSummaryDialog::onShowTip);
 }
 
 NodeSummaryDialog::~NodeSummaryDialog()

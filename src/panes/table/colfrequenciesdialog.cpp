@@ -303,7 +303,7 @@ QString ColFrequenciesDialog::metricTip(ProfileLine line) const
 void ColFrequenciesDialog::showEvent(QShowEvent *event)
 {
     QDialog::showEvent(event);
-    QTimer::singleShot(0, this, &ColFrequenciesDialog::onShowTip);
+    QTimer::singleShot(Tips::openingPauseMs, this, &ColFrequenciesDialog::onShowTip);
 }
 
 void ColFrequenciesDialog::onShowTip()

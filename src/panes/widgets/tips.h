@@ -8,6 +8,9 @@ class QWidget;
 /// Hints that show once in the program's life.
 namespace Tips {
 
+/// How long a window that opens waits with its hint: it becomes active a moment after it is shown, which hides hints.
+constexpr int openingPauseMs = 500;
+
 /// Shows a hint under `anchor`, or at its right edge, for that long, unless it has been shown before or the anchor
 /// can't be seen. True if it shows now.
 bool showOnce(const QString &key, const QString &title, const QString &text, int milliseconds, QWidget *anchor,
