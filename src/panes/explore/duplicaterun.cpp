@@ -3,6 +3,7 @@
 #include "transforms/row/dedupeprogress.h"
 
 #include <QThread>
+#include <exception>
 
 DuplicateRun::DuplicateRun(QObject *parent)
     : QObject(parent)
@@ -22,6 +23,28 @@ DuplicateRun::~DuplicateRun()
 void DuplicateRun::start(const Dataset &dataset, const DuplicateOptions &options)
 {
     Q_ASSERT(!m_thread);
+    delete m_progress;
+    m_progress = new DedupeProgress(this);
+    connect(m_progress, QOverload<qreal, int, int>::of(&DedupeProgress::processed), this, &DuplicateRun::processed);
+    m_result = std::make_shared<Result>();
+    m_wasStopped = false;
+    m_timer.start();
+    m_thread = QThread::create([dataset, options, progress = m_progress, result = m_result] {
+        try {
+            search(*result, progress, dataset, options);
+        } catch (const std::exception &) {
+            // Nothing catches what leaves a thread: the program would end.
+            *result = Result();
+            result->outOfMemory = true;
+        }
+    });
+    connect(m_thread, &QThread::finished, this, &DuplicateRun::onThreadFinished);
+    m_thread->start();
+}
+
+void DuplicateRun::search(
+    Result &result, DedupeProgress *progress, const Dataset &dataset, const DuplicateOptions &options)
+{
     QVector<ColumnIndex> columns;
     for (const ColumnId id : options.columns) {
         const ColumnIndex column = dataset.columnIndexOfId(id);
@@ -29,24 +52,14 @@ void DuplicateRun::start(const Dataset &dataset, const DuplicateOptions &options
             columns.append(column);
         }
     }
-    delete m_progress;
-    m_progress = new DedupeProgress(this);
-    connect(m_progress, QOverload<qreal, int, int>::of(&DedupeProgress::processed), this, &DuplicateRun::processed);
-    m_result = std::make_shared<Result>();
-    m_wasStopped = false;
-    m_timer.start();
-    m_thread = QThread::create([dataset, columns, options, progress = m_progress, result = m_result] {
-        DuplicateSearch search(dataset, columns, options.folding);
-        if (options.isFuzzy) {
-            search.runSimilarly(progress, options.closeness, DuplicateSearch::ClosestGroup);
-        } else {
-            search.runExactly(progress);
-        }
-        result->groups = DuplicateGroups(search.places());
-        result->table = result->groups.describe(dataset);
-    });
-    connect(m_thread, &QThread::finished, this, &DuplicateRun::onThreadFinished);
-    m_thread->start();
+    DuplicateSearch search(dataset, columns, options.folding);
+    if (options.isFuzzy) {
+        search.runSimilarly(progress, options.closeness, DuplicateSearch::ClosestGroup);
+    } else {
+        search.runExactly(progress);
+    }
+    result.groups = DuplicateGroups(search.places());
+    result.table = result.groups.describe(dataset);
 }
 
 void DuplicateRun::stop()

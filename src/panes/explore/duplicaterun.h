@@ -35,6 +35,8 @@ public:
     void stop();
     bool isRunning() const { return m_thread != nullptr; }
 
+    /// True when memory didn't hold what the search needs; then nothing was found.
+    bool ranOutOfMemory() const { return m_result->outOfMemory; }
     bool wasStopped() const { return m_wasStopped; }
     double seconds() const { return m_seconds; }
     const DuplicateGroups &groups() const { return m_result->groups; }
@@ -50,7 +52,11 @@ private:
     {
         DuplicateGroups groups;
         Dataset table;
+        bool outOfMemory = false;
     };
+
+    static void search(
+        Result &result, DedupeProgress *progress, const Dataset &dataset, const DuplicateOptions &options);
 
     void onThreadFinished();
 

@@ -317,7 +317,14 @@ void ExploreDuplicatesDialog::onProcessed(qreal progress, int nonDupesFound, int
 
 void ExploreDuplicatesDialog::onPopulateTable()
 {
-    m_hasResult = true;
+    m_hasResult = !m_run.ranOutOfMemory();
+    if (!m_hasResult) {
+        m_view->table().setDataset(m_dataset);
+        m_summary->clear();
+        m_info->setText(QStringLiteral("There is not enough memory to look for duplicates."));
+        updateButtons();
+        return;
+    }
     m_view->table().setDataset(m_run.table());
     m_view->table().setHighlightRows(m_run.groups().duplicates());
     onHideNonDupeRowsChanged();
