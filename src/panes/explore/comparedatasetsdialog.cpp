@@ -64,11 +64,7 @@ CompareDatasetsDialog::CompareDatasetsDialog(ExploredItems &items, int leftId, i
     layout->addLayout(makeChoices());
     layout->addWidget(makeSides(), 1);
     layout->addLayout(makeTools());
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
-    buttons->button(QDialogButtonBox::Close)->setAutoDefault(false);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    ExploreHelp::add(*this, *buttons, QStringLiteral("Compare_data"));
-    layout->addWidget(buttons);
+    layout->addLayout(makeBottom());
     readSettings();
     connectItems();
     keepGeometry(*this, &Settings::compareDataWindowGeometry, &Settings::setCompareDataWindowGeometry, firstSize);
@@ -89,14 +85,11 @@ QHBoxLayout *CompareDatasetsDialog::makeChoices()
     m_sortByKey->setToolTip(QStringLiteral("Check to sort rows in ascending order of key column. \nOtherwise sort by "
                                            "first occurrence of key in left pane and then first occurrence of key in "
                                            "right pane."));
-    m_color->setToolTip(QStringLiteral("The color to shown differences in."));
-    m_swap->setToolTip(QStringLiteral("Swap the left and right datasets."));
-    m_swap->setAutoDefault(false);
     auto *row = new QHBoxLayout;
     const auto addLabelled = [row](const QString &text, QWidget *widget) {
         auto *label = new QLabel(text);
         label->setBuddy(widget);
-        widget->setProperty("accessibleName", QString(text).remove(QLatin1Char('&')));
+        widget->setAccessibleName(QString(text).remove(QLatin1Char('&')));
         row->addWidget(label);
         row->addWidget(widget);
     };
@@ -106,8 +99,6 @@ QHBoxLayout *CompareDatasetsDialog::makeChoices()
     row->addSpacing(fontMetrics().averageCharWidth() * 2);
     addLabelled(QStringLiteral("&Show:"), m_show);
     row->addStretch(1);
-    addLabelled(QStringLiteral("&Color:"), m_color);
-    row->addWidget(m_swap);
     return row;
 }
 
@@ -159,11 +150,33 @@ QHBoxLayout *CompareDatasetsDialog::makeTools()
     addCount(QStringLiteral("Header differences:"), m_headerDifferences);
     m_headerDifferences->setToolTip(QStringLiteral("'Compare Headers' in the View menu shows them in detail."));
     row->addStretch(1);
+    auto *colorLabel = new QLabel(QStringLiteral("&Color:"));
+    colorLabel->setBuddy(m_color);
+    m_color->setAccessibleName(QStringLiteral("Color:"));
+    m_color->setToolTip(QStringLiteral("The color to shown differences in."));
+    m_swap->setToolTip(QStringLiteral("Swap the left and right datasets."));
+    m_swap->setAutoDefault(false);
+    row->addWidget(colorLabel);
+    row->addWidget(m_color);
+    row->addSpacing(fontMetrics().averageCharWidth());
+    row->addWidget(m_swap);
+    return row;
+}
+
+QHBoxLayout *CompareDatasetsDialog::makeBottom()
+{
     m_syncVert->setToolTip(QStringLiteral("Check to scroll both datasets up and down together."));
     m_syncHoriz->setToolTip(QStringLiteral("Check to scroll both datasets left and right together."));
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    // Enter is for the tables here.
+    buttons->button(QDialogButtonBox::Close)->setAutoDefault(false);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    ExploreHelp::add(*this, *buttons, QStringLiteral("Compare_data"));
+    auto *row = new QHBoxLayout;
     row->addWidget(m_syncVert);
     row->addSpacing(fontMetrics().averageCharWidth());
     row->addWidget(m_syncHoriz);
+    row->addWidget(buttons, 1);
     return row;
 }
 

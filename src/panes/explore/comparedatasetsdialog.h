@@ -56,6 +56,7 @@ public slots:
 private:
     QHBoxLayout *makeChoices();
     QHBoxLayout *makeTools();
+    QHBoxLayout *makeBottom();
     QWidget *makeSides();
     QToolButton *addStep(QHBoxLayout &row, const QString &icon, const QString &name, const QString &tip,
         const QString &keys, void (CompareDatasetsDialog::*step)());

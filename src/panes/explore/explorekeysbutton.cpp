@@ -52,7 +52,8 @@ void ExploreKeysButton::refresh()
     const QString tip = QStringLiteral("Explore which keys match and which are duplicated.");
     setEnabled(canExplore);
     setToolTip(canExplore ? tip : tip + QStringLiteral("\nChoose both key columns to enable."));
-    if (canExplore) {
+    // A tip at a button that is scrolled out of sight would point at something else.
+    if (canExplore && !visibleRegion().isEmpty()) {
         Tips::showOnce(QStringLiteral("tip_explore_keys"), QStringLiteral("Explore keys"),
             QStringLiteral("Click here to see which keys match and which are duplicated."), tipMs, this);
     }

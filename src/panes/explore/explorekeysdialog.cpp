@@ -21,7 +21,7 @@ namespace {
 
 constexpr QSize firstSize(850, 550);
 constexpr int longestText = 1000;
-constexpr int countChars = 16; ///< wide enough for the headers
+constexpr int countChars = 20; ///< wide enough for the headers
 /// A table of items takes memory and time for each.
 constexpr int mostShown = 100000;
 
