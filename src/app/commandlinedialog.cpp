@@ -4,6 +4,7 @@
 #include "graph/graphscene.h"
 #include "panes/dialogs/helphook.h"
 #include "panes/dialogs/prompts.h"
+#include "panes/widgets/keptgeometry.h"
 #include "settings/settings.h"
 
 #include <QCheckBox>
@@ -63,14 +64,8 @@ CommandLineDialog::CommandLineDialog(
     connect(buttons, &QDialogButtonBox::helpRequested, this, &CommandLineDialog::onHelpRequested);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     layout()->addWidget(buttons);
-    restoreGeometry(Settings::current().commandLineWindowGeometry());
+    keepGeometry(*this, &Settings::commandLineWindowGeometry, &Settings::setCommandLineWindowGeometry);
     onLoopAliasChanged();
-}
-
-void CommandLineDialog::done(int result)
-{
-    Settings::current().setCommandLineWindowGeometry(saveGeometry());
-    QDialog::done(result);
 }
 
 void CommandLineDialog::buildForm()

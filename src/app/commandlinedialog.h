@@ -24,8 +24,6 @@ class CommandLineDialog : public QDialog
 public:
     CommandLineDialog(const GraphScene &scene, const QString &documentPath, bool isModified, Prompts &prompts);
 
-    void done(int result) override;
-
 private slots:
     void onChanged();
     void onLoopAliasChanged();

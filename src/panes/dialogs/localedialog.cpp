@@ -1,6 +1,7 @@
 #include "panes/dialogs/localedialog.h"
 
 #include "panes/dialogs/helphook.h"
+#include "panes/widgets/keptgeometry.h"
 #include "settings/settings.h"
 
 #include <QComboBox>
@@ -59,12 +60,7 @@ LocaleDialog::LocaleDialog(const QLocale &locale, QWidget *parent)
     connect(m_language, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &LocaleDialog::onLanguageChanged);
     connect(m_country, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &LocaleDialog::onChanged);
     onChanged();
-    restoreGeometry(Settings::current().localeWindowGeometry());
-}
-
-LocaleDialog::~LocaleDialog()
-{
-    Settings::current().setLocaleWindowGeometry(saveGeometry());
+    keepGeometry(*this, &Settings::localeWindowGeometry, &Settings::setLocaleWindowGeometry);
 }
 
 void LocaleDialog::fillLanguages()

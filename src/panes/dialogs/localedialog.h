@@ -13,7 +13,6 @@ class LocaleDialog : public QDialog
 
 public:
     explicit LocaleDialog(const QLocale &locale, QWidget *parent = nullptr);
-    ~LocaleDialog() override;
 
     QLocale chosenLocale() const;
 

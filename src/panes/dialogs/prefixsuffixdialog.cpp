@@ -1,6 +1,7 @@
 #include "panes/dialogs/prefixsuffixdialog.h"
 
 #include "panes/dialogs/helphook.h"
+#include "panes/widgets/keptgeometry.h"
 #include "settings/settings.h"
 
 #include <QDialogButtonBox>
@@ -23,12 +24,8 @@ PrefixSuffixDialog::PrefixSuffixDialog(QWidget *parent)
     form->addRow(QStringLiteral("&Prefix:"), m_prefix);
     form->addRow(QStringLiteral("&Suffix:"), m_suffix);
     form->addRow(buttons);
-    restoreGeometry(Settings::current().prefixSuffixColNamesWindowGeometry());
-}
-
-PrefixSuffixDialog::~PrefixSuffixDialog()
-{
-    Settings::current().setPrefixSuffixColNamesWindowGeometry(saveGeometry());
+    keepGeometry(
+        *this, &Settings::prefixSuffixColNamesWindowGeometry, &Settings::setPrefixSuffixColNamesWindowGeometry);
 }
 
 QString PrefixSuffixDialog::prefix() const

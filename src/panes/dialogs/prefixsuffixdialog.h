@@ -11,7 +11,6 @@ class PrefixSuffixDialog : public QDialog
 
 public:
     explicit PrefixSuffixDialog(QWidget *parent = nullptr);
-    ~PrefixSuffixDialog() override;
 
     QString prefix() const;
     QString suffix() const;

@@ -1,6 +1,7 @@
 #include "panes/dialogs/replacedialog.h"
 
 #include "panes/dialogs/helphook.h"
+#include "panes/widgets/keptgeometry.h"
 #include "settings/settings.h"
 
 #include <QCheckBox>
@@ -47,12 +48,7 @@ ReplaceDialog::ReplaceDialog(QWidget *parent)
     connect(m_type, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &ReplaceDialog::check);
     check();
     m_find->setFocus();
-    restoreGeometry(Settings::current().replaceColNamesWindowGeometry());
-}
-
-ReplaceDialog::~ReplaceDialog()
-{
-    Settings::current().setReplaceColNamesWindowGeometry(saveGeometry());
+    keepGeometry(*this, &Settings::replaceColNamesWindowGeometry, &Settings::setReplaceColNamesWindowGeometry);
 }
 
 int ReplaceDialog::matchType() const

@@ -14,7 +14,6 @@ class ReplaceDialog : public QDialog
 
 public:
     explicit ReplaceDialog(QWidget *parent = nullptr);
-    ~ReplaceDialog() override;
 
     /// The place of the match type in "Text", "Exact text", "Regex".
     int matchType() const;

@@ -8,6 +8,7 @@
 #include "panes/explore/namescomparison.h"
 #include "panes/widgets/colorbutton.h"
 #include "panes/widgets/keptgeometry.h"
+#include "panes/widgets/textcolor.h"
 #include "panes/widgets/tips.h"
 #include "settings/settingkey.h"
 #include "settings/settings.h"
@@ -26,7 +27,6 @@ namespace {
 
 constexpr QSize firstSize(800, 550);
 constexpr int longestText = 1000;
-constexpr int middleGray = 128;
 constexpr int leastColumnChars = 18;
 constexpr int mostColumnChars = 60;
 
@@ -197,7 +197,7 @@ void CompareHeadersDialog::addRow(int row, const QString &title, const QStringLi
         item->setToolTip(Tips::plain(item->text()));
         if (isDifferent) {
             item->setBackground(color);
-            item->setForeground(qGray(color.rgb()) < middleGray ? Qt::white : Qt::black);
+            item->setForeground(textColorOn(color));
         }
         m_table->setItem(row, column, item);
     }

@@ -106,8 +106,5 @@ void DrilldownDuplicatesDialog::onItemSelectionChanged()
 
 void DrilldownDuplicatesDialog::onClickedClipboard()
 {
-    const Dataset &dataset = m_view->table().dataset();
-    if (TableClipboard::confirm(m_prompts, dataset.rowCount(), dataset.columnCount())) {
-        TableClipboard::copy(dataset);
-    }
+    TableClipboard::copyConfirmed(m_prompts, m_view->table().dataset());
 }

@@ -1,6 +1,6 @@
 #include "panes/explore/duplicategroups.h"
 
-#include "data/values.h"
+#include "transforms/frame/messages.h"
 
 #include <algorithm>
 #include <charconv>
@@ -30,11 +30,6 @@ private:
     CellColumn m_column;
     TextArenaPointer m_arena{new TextArena};
 };
-
-QString counted(int count, const char *one, const char *many)
-{
-    return formatInteger(count, true) + QLatin1Char(' ') + QLatin1String(count == 1 ? one : many);
-}
 
 } // namespace
 
@@ -140,13 +135,13 @@ QStringList DuplicateGroups::summary() const
     QStringList lines;
     for (const auto &[closeness, count] : ofCloseness) {
         lines.append(QStringLiteral("%1 matched with %2% closeness.")
-                         .arg(counted(count, "duplicate row", "duplicate rows"))
+                         .arg(Messages::counted(count, "duplicate row", "duplicate rows"))
                          .arg(closeness));
     }
     for (const auto &[duplicates, count] : ofDuplicates) {
         lines.append(QStringLiteral("%1 with %2.")
-                         .arg(counted(count, "non-duplicate row", "non-duplicate rows"),
-                             counted(duplicates, "duplicate", "duplicates")));
+                         .arg(Messages::counted(count, "non-duplicate row", "non-duplicate rows"),
+                             Messages::counted(duplicates, "duplicate", "duplicates")));
     }
     return lines;
 }

@@ -13,6 +13,7 @@
 #include "panes/widgets/keptgeometry.h"
 #include "panes/widgets/tips.h"
 #include "settings/settings.h"
+#include "transforms/frame/messages.h"
 #include "transforms/frame/transform.h"
 #include "transforms/options/parameter.h"
 
@@ -41,15 +42,11 @@ constexpr int gap = 6;
 constexpr int longestName = 150;
 enum Matching { Exact, Fuzzy };
 
-QString counted(int count, const char *one, const char *many)
-{
-    return formatInteger(count, true) + QLatin1Char(' ') + QLatin1String(count == 1 ? one : many);
-}
-
 QString found(int dupes, int nonDupes)
 {
     return QStringLiteral("%1 and %2")
-        .arg(counted(dupes, "duplicate", "duplicates"), counted(nonDupes, "non-duplicate", "non-duplicates"));
+        .arg(Messages::counted(dupes, "duplicate", "duplicates"),
+            Messages::counted(nonDupes, "non-duplicate", "non-duplicates"));
 }
 
 QCheckBox *newCheck(const char *text, const char *tip, bool isChecked)

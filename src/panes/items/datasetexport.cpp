@@ -46,9 +46,7 @@ QString temporaryFile()
 
 void DatasetExport::copy(const Dataset &dataset)
 {
-    if (TableClipboard::confirm(m_prompts, dataset.rowCount(), dataset.columnCount())) {
-        TableClipboard::copy(dataset);
-    }
+    TableClipboard::copyConfirmed(m_prompts, dataset);
 }
 
 bool DatasetExport::write(const Dataset &dataset, const QString &path)

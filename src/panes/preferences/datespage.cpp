@@ -1,6 +1,6 @@
 #include "panes/preferences/datespage.h"
 
-#include "panes/widgets/faultmark.h"
+#include "panes/widgets/faultlabel.h"
 #include "panes/widgets/plaintext.h"
 #include "settings/settings.h"
 #include "settings/settingsdefaults.h"
@@ -29,7 +29,7 @@ QStringList linesOf(const QString &text)
 DatesPage::DatesPage(QWidget *parent)
     : QWidget(parent)
     , m_formats(new QPlainTextEdit)
-    , m_fault(new QLabel)
+    , m_fault(new FaultLabel)
     , m_first(Settings::current().dateFormats())
 {
     auto *label = new QLabel(QStringLiteral("Supported date formats (1 per line):"));
@@ -47,11 +47,6 @@ DatesPage::DatesPage(QWidget *parent)
         buttons->addWidget(button);
     }
     buttons->addStretch(1);
-    QPalette marked = m_fault->palette();
-    marked.setColor(QPalette::WindowText, QColor(FaultMark::color));
-    m_fault->setPalette(marked);
-    m_fault->setTextFormat(Qt::PlainText);
-    m_fault->setWordWrap(true);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(label);
     layout->addWidget(m_formats, 1);
@@ -90,8 +85,7 @@ void DatesPage::onChanged()
     if (formats().isEmpty()) {
         faults.append(QStringLiteral("Without formats no value is taken for a date"));
     }
-    m_fault->setText(faults.join(QLatin1Char('\n')));
-    m_fault->setVisible(!faults.isEmpty());
+    m_fault->setFaults(faults);
 }
 
 void DatesPage::store()

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-class QLabel;
+class FaultLabel;
 class QPlainTextEdit;
 
 /// "Dates": the formats in which dates are looked for.
@@ -22,6 +22,6 @@ private:
     QStringList formats() const;
 
     QPlainTextEdit *m_formats;
-    QLabel *m_fault;
+    FaultLabel *m_fault;
     const QStringList m_first;
 };

@@ -1,6 +1,6 @@
 #include "panes/preferences/extensionspage.h"
 
-#include "panes/widgets/faultmark.h"
+#include "panes/widgets/faultlabel.h"
 #include "panes/widgets/recordtablewidget.h"
 #include "panes/widgets/recordtools.h"
 #include "settings/filetypes.h"
@@ -41,7 +41,7 @@ ExtensionsPage::ExtensionsPage(Side side, QWidget *parent)
     , m_side(side)
     , m_types(side == Input ? FileType::inputTypes() : FileType::outputTypes())
     , m_table(new RecordTableWidget)
-    , m_fault(new QLabel)
+    , m_fault(new FaultLabel)
 {
     RecordField extension;
     extension.title = QStringLiteral("Extension");
@@ -58,10 +58,6 @@ ExtensionsPage::ExtensionsPage(Side side, QWidget *parent)
     m_table->setAccessibleName(
         side == Input ? QStringLiteral("Input extensions") : QStringLiteral("Output extensions"));
     m_table->setEmptyText(QStringLiteral("Add the extensions of files"));
-    QPalette marked = m_fault->palette();
-    marked.setColor(QPalette::WindowText, QColor(FaultMark::color));
-    m_fault->setPalette(marked);
-    m_fault->setTextFormat(Qt::PlainText);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(makeTools());
     layout->addWidget(m_table, 1);
@@ -148,8 +144,7 @@ void ExtensionsPage::onEdited()
         seen.insert(extension);
     }
     faults.removeDuplicates();
-    m_fault->setText(faults.join(QLatin1Char('\n')));
-    m_fault->setVisible(!faults.isEmpty());
+    m_fault->setFaults(faults);
 }
 
 void ExtensionsPage::store()

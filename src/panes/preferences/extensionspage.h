@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-class QLabel;
+class FaultLabel;
 class QLineEdit;
 class RecordTableWidget;
 
@@ -31,6 +31,6 @@ private:
     SettingsExtensions m_first;
     QString m_firstBlocked;
     RecordTableWidget *m_table;
-    QLabel *m_fault;
+    FaultLabel *m_fault;
     QLineEdit *m_blocked = nullptr;
 };

@@ -62,10 +62,10 @@ QCheckBox *SettingRows::addFlag(const QString &text, const QString &tip, Getter<
     return box;
 }
 
-QSpinBox *SettingRows::addNumber(const QString &label, const QString &tip, int least, int most, const QString &suffix,
-    Getter<int> get, Setter<int> set)
+template<class Box, class Number>
+void SettingRows::addSpinBox(Box *box, const QString &label, const QString &tip, Number least, Number most,
+    const QString &suffix, Getter<Number> get, Setter<Number> set)
 {
-    auto *box = new QSpinBox;
     box->setRange(least, most);
     box->setSuffix(suffix);
     box->setToolTip(tip);
@@ -73,7 +73,14 @@ QSpinBox *SettingRows::addNumber(const QString &label, const QString &tip, int l
     box->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     addRow(label, box);
     remember([box] { return QVariant(box->value()); },
-        [set](const QVariant &value) { (Settings::current().*set)(value.toInt()); });
+        [set](const QVariant &value) { (Settings::current().*set)(value.value<Number>()); });
+}
+
+QSpinBox *SettingRows::addNumber(const QString &label, const QString &tip, int least, int most, const QString &suffix,
+    Getter<int> get, Setter<int> set)
+{
+    auto *box = new QSpinBox;
+    addSpinBox(box, label, tip, least, most, suffix, get, set);
     return box;
 }
 
@@ -84,13 +91,6 @@ QDoubleSpinBox *SettingRows::addReal(const QString &label, const QString &tip, d
     auto *box = new QDoubleSpinBox;
     box->setDecimals(1);
     box->setSingleStep(step);
-    box->setRange(least, most);
-    box->setSuffix(suffix);
-    box->setToolTip(tip);
-    box->setValue((Settings::current().*get)());
-    box->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    addRow(label, box);
-    remember([box] { return QVariant(box->value()); },
-        [set](const QVariant &value) { (Settings::current().*set)(value.toDouble()); });
+    addSpinBox(box, label, tip, least, most, suffix, get, set);
     return box;
 }

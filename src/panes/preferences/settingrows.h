@@ -51,6 +51,9 @@ protected:
     void remember(std::function<QVariant()> shown, std::function<void(const QVariant &)> write);
 
 private:
+    template<class Box, class Number>
+    void addSpinBox(Box *box, const QString &label, const QString &tip, Number least, Number most,
+        const QString &suffix, Getter<Number> get, Setter<Number> set);
     QComboBox *addCombo(
         const QString &label, const QString &tip, const QStringList &texts, const QList<int> &numbers, int chosen);
 

@@ -3,6 +3,7 @@
 #include "data/numberreader.h"
 #include "data/values.h"
 #include "data/whitespacemarks.h"
+#include "panes/widgets/textcolor.h"
 #include "panes/widgets/tips.h"
 #include "settings/settingkey.h"
 #include "settings/settings.h"
@@ -283,10 +284,7 @@ QVariant DataTableModel::markedLook(const QModelIndex &index, int role) const
         || !m_isMarked(index.row(), ColumnIndex(index.column()))) {
         return QVariant();
     }
-    // The colour is a person's choice, which the theme's text colour needn't stand out from.
-    constexpr int middle = 128;
-    const bool isDark = qGray(m_markColor.rgb()) < middle;
-    return QBrush(role == Qt::BackgroundRole ? m_markColor : QColor(isDark ? Qt::white : Qt::black));
+    return QBrush(role == Qt::BackgroundRole ? m_markColor : textColorOn(m_markColor));
 }
 
 QString DataTableModel::shownText(const Cell &cell, int limit) const

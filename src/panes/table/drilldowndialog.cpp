@@ -7,6 +7,7 @@
 #include "panes/table/datatablemodel.h"
 #include "panes/table/datatableview.h"
 #include "panes/table/tableclipboard.h"
+#include "panes/widgets/keptgeometry.h"
 #include "settings/settings.h"
 
 #include <QDialogButtonBox>
@@ -41,20 +42,11 @@ DrilldownDialog::DrilldownDialog(const Dataset &dataset, Prompts &prompts)
     layout->addWidget(new QLabel(rows));
     layout->addWidget(m_view);
     layout->addWidget(buttons);
-    resize(firstSize);
-    restoreGeometry(Settings::current().drilldownWindowGeometry());
+    keepGeometry(*this, &Settings::drilldownWindowGeometry, &Settings::setDrilldownWindowGeometry, firstSize);
     m_view->setFocus();
-}
-
-DrilldownDialog::~DrilldownDialog()
-{
-    Settings::current().setDrilldownWindowGeometry(saveGeometry());
 }
 
 void DrilldownDialog::onClickedClipboard()
 {
-    const Dataset &dataset = m_view->table().dataset();
-    if (TableClipboard::confirm(m_prompts, dataset.rowCount(), dataset.columnCount())) {
-        TableClipboard::copy(dataset);
-    }
+    TableClipboard::copyConfirmed(m_prompts, m_view->table().dataset());
 }

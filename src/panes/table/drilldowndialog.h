@@ -14,7 +14,6 @@ class DrilldownDialog : public QDialog
 public:
     /// `prompts` outlives the dialog.
     DrilldownDialog(const Dataset &dataset, Prompts &prompts);
-    ~DrilldownDialog() override;
 
     DataTableView &view() const { return *m_view; }
 

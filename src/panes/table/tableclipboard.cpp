@@ -22,6 +22,13 @@ bool TableClipboard::confirm(Prompts &prompts, int rows, int columns)
                                   .arg(formatInteger(rows, true), formatInteger(columns, true)));
 }
 
+void TableClipboard::copyConfirmed(Prompts &prompts, const Dataset &dataset)
+{
+    if (confirm(prompts, dataset.rowCount(), dataset.columnCount())) {
+        copy(dataset);
+    }
+}
+
 void TableClipboard::copy(const Dataset &dataset)
 {
     QApplication::setOverrideCursor(Qt::WaitCursor);

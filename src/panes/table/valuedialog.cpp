@@ -3,6 +3,7 @@
 #include "data/values.h"
 #include "data/whitespacemarks.h"
 #include "panes/dialogs/helphook.h"
+#include "panes/widgets/keptgeometry.h"
 #include "settings/settings.h"
 
 #include <QCheckBox>
@@ -66,14 +67,8 @@ ValueDialog::ValueDialog(const QString &place, const QString &value, QWidget *pa
         Settings::current().setShowWhitespaceValueWindow(on);
         showValue();
     });
-    resize(firstSize);
-    restoreGeometry(Settings::current().valueSettingWindowGeometry());
+    keepGeometry(*this, &Settings::valueSettingWindowGeometry, &Settings::setValueSettingWindowGeometry, firstSize);
     showValue();
-}
-
-ValueDialog::~ValueDialog()
-{
-    Settings::current().setValueSettingWindowGeometry(saveGeometry());
 }
 
 QString ValueDialog::sizeText() const

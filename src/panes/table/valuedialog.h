@@ -15,7 +15,6 @@ public:
     static constexpr int longestShown = 100000;
 
     ValueDialog(const QString &place, const QString &value, QWidget *parent = nullptr);
-    ~ValueDialog() override;
 
 private:
     void showValue();

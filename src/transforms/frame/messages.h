@@ -13,6 +13,11 @@ inline QString word(qint64 number, const char *one, const char *many)
 {
     return QString::fromLatin1(number == 1 ? one : many);
 }
+/// "1 duplicate", "2 duplicates"
+inline QString counted(qint64 number, const char *one, const char *many)
+{
+    return count(number) + QLatin1Char(' ') + word(number, one, many);
+}
 inline QString rows(qint64 number)
 {
     return word(number, "row", "rows");
