@@ -3,10 +3,10 @@
 #include "graph/arrowhead.h"
 #include "graph/colors.h"
 #include "graph/connectionroute.h"
+#include "graph/graphscene.h"
 #include "graph/node.h"
 #include "graph/nodelook.h"
 
-#include <QGraphicsScene>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPalette>
@@ -69,8 +69,12 @@ QPainterPath Connection::route() const
     }
     const QPointF start = m_from->connectionPoint(Direction::Outgoing, m_fromOffset);
     const QPointF end = m_to->connectionPoint(Direction::Incoming, m_toOffset) - QPointF(straightEnd, 0);
+    GraphScene *owner = m_from->graphScene();
+    if (!owner) {
+        return ConnectionRoute::curve(start, end);
+    }
     return ConnectionRoute::clearOfBoxes(
-        start, end, m_fromOffset, [this](const QRectF &area) { return boxesIn(area); });
+        start, end, m_fromOffset, [=](const QRectF &area) { return owner->boxes().boxesIn(area, m_from, m_to); });
 }
 
 void Connection::setRoute(const QPainterPath &line)
@@ -85,22 +89,6 @@ void Connection::setRoute(const QPainterPath &line)
         m_arrowHead = head;
         setPath(line);
     }
-}
-
-QVector<QRectF> Connection::boxesIn(const QRectF &area) const
-{
-    QVector<QRectF> boxes;
-    if (!scene()) {
-        return boxes;
-    }
-    for (QGraphicsItem *item : scene()->items(area, Qt::IntersectsItemBoundingRect)) {
-        const auto *node = dynamic_cast<const Node *>(item);
-        // Notes lie loosely among the items.
-        if (node && node != m_from && node != m_to && node->type() != ItemType::Note) {
-            boxes.append(node->mapRectToScene(node->boxRect()));
-        }
-    }
-    return boxes;
 }
 
 QPointF Connection::middle() const

@@ -51,8 +51,6 @@ protected:
 private:
     void setHovered(bool on);
     QColor lineColor() const;
-    /// Boxes that aren't those of the ends.
-    QVector<QRectF> boxesIn(const QRectF &area) const;
 
     bool m_hovered = false;
     Node *m_from;

@@ -56,13 +56,7 @@ void ConnectionLayout::layOut(const QList<Node *> &nodes)
     };
     spreadSide(outSides, Direction::Outgoing);
     spreadSide(inSides, Direction::Incoming);
-    // All routes first: each looks for boxes by their places, an index that is built anew after any line has changed.
-    QVector<QPair<Connection *, QPainterPath>> routes;
-    routes.reserve(affected.size());
     for (Connection *connection : qAsConst(affected)) {
-        routes.append({connection, connection->route()});
-    }
-    for (const auto &each : qAsConst(routes)) {
-        each.first->setRoute(each.second);
+        connection->setRoute(connection->route());
     }
 }

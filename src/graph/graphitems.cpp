@@ -40,6 +40,8 @@ GraphItems::GraphItems(std::shared_ptr<DocumentState> document, QObject *parent)
     : QGraphicsScene(parent)
     , m_document(std::move(document))
 {
+    // A tree of places is slow to change where long lines lie in most of its leaves.
+    setItemIndexMethod(NoIndex);
 }
 
 void GraphItems::setSnapToGrid(bool on)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "graph/boxindex.h"
 #include "graph/documentstate.h"
 #include "graph/graphenums.h"
 
@@ -60,10 +61,13 @@ public:
     void layOutConnections();
     void layOutConnections(const QList<Node *> &nodes);
     void updateSceneRect();
+    /// Kept by the nodes themselves.
+    BoxIndex &boxes() { return m_boxes; }
 
 protected:
     explicit GraphItems(std::shared_ptr<DocumentState> document, QObject *parent);
 
 private:
     const std::shared_ptr<DocumentState> m_document;
+    BoxIndex m_boxes;
 };

@@ -25,6 +25,9 @@ Node::Node(int id)
 
 Node::~Node()
 {
+    if (GraphScene *owner = graphScene()) {
+        owner->boxes().remove(this);
+    }
     for (Connection *connection : connections(Direction::Both)) {
         connection->forget(this);
     }

@@ -50,9 +50,20 @@ void Node::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 
 QVariant Node::itemChange(GraphicsItemChange change, const QVariant &value)
 {
-    if (change == ItemPositionHasChanged && !connections(Direction::Both).isEmpty()) {
-        ConnectionLayout::layOut({this});
+    GraphScene *owner = graphScene();
+    if (change == ItemPositionHasChanged) {
+        if (owner) {
+            owner->boxes().put(this);
+        }
+        if (!connections(Direction::Both).isEmpty()) {
+            ConnectionLayout::layOut({this});
+        }
+    } else if (change == ItemSceneChange && owner) {
+        owner->boxes().remove(this);
     } else if (change == ItemSceneHasChanged) {
+        if (owner) {
+            owner->boxes().put(this);
+        }
         takeNumber();
         m_look->updateShadow();
     }

@@ -14,9 +14,12 @@
 namespace {
 
 constexpr double lineHeight = 24.0;
+constexpr int textHeight = 14;
 constexpr double iconSize = 18.0;
 constexpr double commentHeight = 26.0;
-constexpr int gradientStep = 10; // per cent of lightness a step of the scheme's gradient strength
+constexpr int commentTextHeight = 11;
+constexpr double leastReadable = 4.0; // pixels of a text's height
+constexpr int gradientStep = 10;      // per cent of lightness a step of the scheme's gradient strength
 
 QPen penOf(const QColor &color, double width)
 {
@@ -42,6 +45,22 @@ QColor selectionColor(const Node &node)
     return ofScheme.isValid() ? ofScheme : QGuiApplication::palette().color(QPalette::Highlight);
 }
 
+/// Whether a text of that height can be read at the painter's scale; shaping those that can't takes the most time of
+/// painting a large flow.
+bool isReadable(const QPainter &painter, double height)
+{
+    return painter.deviceTransform().map(QLineF(0, 0, 0, height)).length() >= leastReadable;
+}
+
+/// Stands for a text that is too small to read.
+void drawBar(QPainter &painter, const QRectF &rect, const QString &text, QColor color)
+{
+    constexpr double letterWidth = 7.0;
+    const double width = qMin(rect.width(), letterWidth * text.size());
+    color.setAlphaF(color.alphaF() / 2);
+    painter.fillRect(QRectF(rect.left(), rect.center().y() - 3, width, 6), color);
+}
+
 void drawLine(QPainter &painter, const QRectF &rect, const QString &text)
 {
     const QString shown = QFontMetricsF(painter.font()).elidedText(text, Qt::ElideMiddle, rect.width());
@@ -51,7 +70,7 @@ void drawLine(QPainter &painter, const QRectF &rect, const QString &text)
 QFont boxFont(bool bold)
 {
     QFont font;
-    font.setPixelSize(14);
+    font.setPixelSize(textHeight);
     font.setBold(bold);
     return font;
 }
@@ -201,23 +220,35 @@ void NodePainter::drawPicture(QPainter &painter, const Node &node)
 
 void NodePainter::drawTexts(QPainter &painter, const Node &node)
 {
+    const QString name = node.name();
+    const QString others[] = {node.displaySizeText(), node.statusMessage()};
+    if (!isReadable(painter, textHeight)) {
+        drawBar(painter, NodeLayout::textLine(1), name, node.textColor());
+        drawBar(painter, NodeLayout::textLine(2), others[0], node.textColor());
+        drawBar(painter, NodeLayout::textLine(3), others[1], node.textColor());
+        return;
+    }
     painter.setPen(node.textColor());
-    painter.setFont(nameFont(node.name()));
-    drawLine(painter, NodeLayout::textLine(1), node.name());
+    painter.setFont(nameFont(name));
+    drawLine(painter, NodeLayout::textLine(1), name);
     painter.setFont(boxFont(false));
-    drawLine(painter, NodeLayout::textLine(2), node.displaySizeText());
-    drawLine(painter, NodeLayout::textLine(3), node.statusMessage());
+    drawLine(painter, NodeLayout::textLine(2), others[0]);
+    drawLine(painter, NodeLayout::textLine(3), others[1]);
 }
 
 void NodePainter::drawComment(QPainter &painter, const Node &node)
 {
+    const QRectF area = NodeLayout::comment();
+    if (!isReadable(painter, commentTextHeight)) {
+        drawBar(painter, area, node.comment(), node.colors().color(Colors::Arrow));
+        return;
+    }
     QFont font = boxFont(false);
-    font.setPixelSize(11);
+    font.setPixelSize(commentTextHeight);
     font.setItalic(true);
     painter.setFont(font);
     painter.setPen(node.colors().color(Colors::Arrow));
     // Two lines stand between one row of the grid and the next.
-    const QRectF area = NodeLayout::comment();
     const QFontMetricsF metrics(font);
     const QString text = metrics.elidedText(node.comment().simplified(), Qt::ElideRight, 1.85 * area.width());
     painter.drawText(area, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, text);
@@ -243,7 +274,9 @@ void NodePainter::drawStatusIcon(QPainter &painter, const QRectF &disc, NodeStat
     painter.drawEllipse(disc);
     painter.setPen(QPen(qGray(color.rgb()) > 190 ? Qt::darkGray : Qt::white, 2));
     painter.setBrush(Qt::NoBrush);
-    drawSymbol(painter, disc, icon);
+    if (isReadable(painter, disc.height() / 2)) {
+        drawSymbol(painter, disc, icon);
+    }
     painter.restore();
 }
 

@@ -4,12 +4,15 @@
 #include "graph/arrowhead.h"
 #include "graph/colors.h"
 #include "graph/nodelook.h"
+#include "graph/nodepainter.h"
 #include "graph/nodeplacement.h"
 #include "graph/notenode.h"
 #include "graph/timingbar.h"
 
 #include <QImage>
 #include <QPainter>
+#include <QRandomGenerator>
+#include <algorithm>
 
 using LookTest = GraphTest;
 
@@ -140,6 +143,69 @@ TEST_F(LookTest, ABoxThatIsPutOnALineIsGoneRound)
     other->setY(3 * NodePlacement::gridHeight);
     scene.onPosChanged({other});
     EXPECT_LT(line->path().boundingRect().height(), 1);
+}
+
+TEST_F(LookTest, BoxesAreFoundByPlaceHoweverTheyMove)
+{
+    QList<Node *> nodes;
+    QRandomGenerator random(20260101);
+    const auto someRow = [&] { return random.bounded(40.0) - 20; };
+    for (int i = 0; i < 60; ++i) {
+        nodes.append(input("n", someRow(), someRow()));
+    }
+    nodes.append(input("far", 1e9, -1e9));
+    nodes.append(new NoteNode(NoteNode::Left));
+    place(nodes.last(), "note", 0, 0);
+    for (int step = 0; step < 200; ++step) {
+        Node *moved = nodes.at(random.bounded(nodes.size() - 1));
+        moved->setPos(someRow() * NodePlacement::gridWidth, someRow() * NodePlacement::gridHeight);
+        if (step == 100) {
+            delete nodes.takeFirst();
+            Node *taken = nodes.takeFirst();
+            scene.removeItem(taken);
+            delete taken;
+        }
+        const QRectF area(someRow() * 200, someRow() * 100, random.bounded(6000.0), random.bounded(3000.0));
+        QVector<QRectF> expected;
+        for (int i = 1; i + 1 < nodes.size(); ++i) {
+            const QRectF box = nodes.at(i)->mapRectToScene(nodes.at(i)->boxRect());
+            if (box.intersects(area)) {
+                expected.append(box);
+            }
+        }
+        QVector<QRectF> found = scene.boxes().boxesIn(area, nodes.first(), nullptr);
+        const auto byPlace = [](const QRectF &a, const QRectF &b) {
+            return qMakePair(a.x(), a.y()) < qMakePair(b.x(), b.y());
+        };
+        std::sort(found.begin(), found.end(), byPlace);
+        std::sort(expected.begin(), expected.end(), byPlace);
+        ASSERT_EQ(found, expected) << "at step " << step;
+    }
+}
+
+TEST_F(LookTest, TextsTooSmallToReadBecomeBars)
+{
+    Node *in = input("a name", 0, 0);
+    const auto picture = [&](double scale) {
+        QImage image((QSizeF(Node::boxWidth, Node::boxHeight) * scale).toSize(), QImage::Format_ARGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        scene.render(&painter, image.rect(), in->mapRectToScene(in->boxRect()));
+        return image;
+    };
+    const QRectF line = NodeLayout::textLine(1);
+    const auto colorsAlong = [&](double scale) {
+        const QImage image = picture(scale);
+        QSet<QRgb> colors;
+        for (double x = line.left() + 4; x < line.left() + 24; x += 1) {
+            colors.insert(image.pixel(int(x * scale), int(line.center().y() * scale)));
+        }
+        return colors;
+    };
+    EXPECT_GT(colorsAlong(1).size(), 2) << "letters";
+    const QSet<QRgb> small = colorsAlong(0.25);
+    ASSERT_EQ(small.size(), 1) << "one even bar";
+    EXPECT_NE(QColor(*small.cbegin()), in->boxColor());
 }
 
 TEST_F(LookTest, BoxesThrowAShadowWhereTheSchemeHasAColourForIt)

@@ -41,6 +41,9 @@ StatusBar::StatusBar(QWidget *parent)
     m_progress->setAccessibleName(QStringLiteral("Progress"));
     m_heart->setObjectName(QStringLiteral("heart"));
     m_heart->setFixedWidth(heartSide);
+    for (const int step : {0, 1, 2, 1}) {
+        m_beats.append(QIcon(QStringLiteral(":/images/heart_24px_%1.png").arg(step)));
+    }
     addPermanentWidget(m_heart);
     addPermanentWidget(m_locale);
     addPermanentWidget(m_statistics);
@@ -112,10 +115,8 @@ void StatusBar::showStatistics(const QString &text)
 
 void StatusBar::onHeartBeat()
 {
-    static constexpr int steps[] = {0, 1, 2, 1};
-    m_beat = (m_beat + 1) % 4;
-    const QIcon picture(QStringLiteral(":/images/heart_24px_%1.png").arg(steps[m_beat]));
-    m_heart->setPixmap(picture.pixmap(window()->windowHandle(), QSize(heartSide, heartSide)));
+    m_beat = (m_beat + 1) % m_beats.size();
+    m_heart->setPixmap(m_beats.at(m_beat).pixmap(window()->windowHandle(), QSize(heartSide, heartSide)));
 }
 
 void StatusBar::onShowProgress(int percent)

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QIcon>
 #include <QStatusBar>
+#include <QVector>
 
 class QLabel;
 class QProgressBar;
@@ -56,5 +58,6 @@ private:
     QLabel *m_memory;
     QToolButton *m_feedback;
     QToolButton *m_introVideo;
+    QVector<QIcon> m_beats;
     int m_beat = 0;
 };
