@@ -6,6 +6,7 @@
 #include "inputnode/inputnode.h"
 #include "outputnode/outputnode.h"
 #include "panes/dialogs/prompts.h"
+#include "panes/dialogs/selectfiletypedialog.h"
 #include "settings/settings.h"
 #include "text/cappedlist.h"
 
@@ -117,14 +118,8 @@ private:
         if (type == FileType::None || type == oldType) {
             return oldType;
         }
-        QStringList labels;
-        for (const int readable : FileType::inputTypes()) {
-            labels.append(FileType::label(readable));
-        }
-        const int chosen = m_prompts.chooseItem(QStringLiteral("Select a file type for '%1' (previously '%2')")
-                                                    .arg(QDir::toNativeSeparators(path), FileType::label(oldType)),
-            labels, labels.indexOf(FileType::label(type)));
-        return chosen >= 0 ? FileType::inputTypes().at(chosen) : oldType;
+        SelectFileTypeDialog dialog(path, type, oldType, m_prompts.window());
+        return m_prompts.exec(dialog) == QDialog::Accepted ? dialog.fileType() : oldType;
     }
 
     void setPath(InputNode &input, const QString &path) const

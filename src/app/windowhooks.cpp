@@ -9,6 +9,7 @@
 #include "graph/runcontrol.h"
 #include "inputnode/inputnode.h"
 #include "panes/canvas/graphpane.h"
+#include "panes/dialogs/filetypequestions.h"
 #include "panes/dialogs/inputfromfolderdialog.h"
 #include "panes/dialogs/insufficientmemorydialog.h"
 #include "panes/dialogs/prompts.h"
@@ -22,6 +23,9 @@ WindowHooks::WindowHooks(const CommandContext &context, DocumentCommands &docume
 {
     GraphHooks &hooks = m_context.session.scene().document()->hooks;
     hooks.ask = [this](const QString &text) { return m_context.prompts.confirm(text); };
+    hooks.learnInputTypes = [this](const QStringList &paths) {
+        FileTypeQuestions::learnInputTypes(m_context.prompts, paths);
+    };
     hooks.showTip = [this](const QString &key, const QString &title, const QString &text, int milliseconds) {
         Tips::showOnce(key, title, text, milliseconds, &m_context.graphPane);
     };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <functional>
 
 /// What the scenes of a document ask of the window around them. Every hook may be empty: then nothing is shown,
@@ -11,6 +11,8 @@ struct GraphHooks
     std::function<bool(const QString &text)> ask;
     /// A long text under a title with OK and Cancel, before many files are written; true for OK.
     std::function<bool(const QString &title, const QString &text)> askAboutFiles;
+    /// Files become inputs: asks for the types that their extensions don't tell.
+    std::function<void(const QStringList &paths)> learnInputTypes;
     /// A hint that shows once in the program's life, at the canvas, for `milliseconds`.
     std::function<void(const QString &key, const QString &title, const QString &text, int milliseconds)> showTip;
     /// Before a change of the document, which `hint` names, and after it. What is typed without a pause is one step.
@@ -21,6 +23,12 @@ struct GraphHooks
     bool confirmFiles(const QString &title, const QString &text) const
     {
         return !askAboutFiles || askAboutFiles(title, text);
+    }
+    void askInputTypes(const QStringList &paths) const
+    {
+        if (learnInputTypes) {
+            learnInputTypes(paths);
+        }
     }
     void tip(const QString &key, const QString &title, const QString &text, int milliseconds) const
     {

@@ -233,19 +233,22 @@ QList<IONode *> NodeAdder::addInputs(const QStringList &paths, const QPointF &sc
     const QString blockedList = Settings::current().blockedInputExtensions();
     QStringList blocked;
     QStringList accepted;
-    bool anyFile = false;
+    QStringList files;
     for (const QString &path : paths) {
         const QFileInfo info(path);
         if (!info.isDir() && Settings::isExtensionBlocked(info.suffix(), blockedList)) {
             blocked.append(QDir::toNativeSeparators(path));
         } else {
             accepted.append(path);
-            anyFile = anyFile || !info.isDir();
+            if (!info.isDir()) {
+                files.append(path);
+            }
         }
     }
     QList<IONode *> added;
     if (!accepted.isEmpty()) {
-        const UndoStep step(m_scene, anyFile ? QStringLiteral("add file(s)") : QStringLiteral("add folder(s)"));
+        m_scene.document()->hooks.askInputTypes(files);
+        const UndoStep step(m_scene, files.isEmpty() ? QStringLiteral("add folder(s)") : QStringLiteral("add file(s)"));
         QPointF centre = scenePos.isNull() ? NodePlacement::newInputCentre(m_scene.nodes()) : scenePos;
         m_scene.clearSelection();
         for (const QString &path : qAsConst(accepted)) {

@@ -75,6 +75,8 @@ protected:
     }
     void TearDown() override
     {
+        Application::instance()->settings().setInputFileExtensions(m_inputExtensions);
+        Application::instance()->settings().setOutputFileExtensions(m_outputExtensions);
         stopRequested = false;
         Application::instance()->settings().setProcessingDelay(2.0);
         m_window.reset();
@@ -118,6 +120,8 @@ protected:
     QTemporaryDir m_folder;
     RunLog m_log;
     ScriptedPrompts m_prompts;
+    const SettingsExtensions m_inputExtensions = Application::instance()->settings().inputFileExtensions();
+    const SettingsExtensions m_outputExtensions = Application::instance()->settings().outputFileExtensions();
     std::unique_ptr<MainWindow> m_window;
 };
 
@@ -320,10 +324,108 @@ TEST_F(ItemPaneTest, AnOutputWritesByItsOptions)
     QFile file(path("out.csv"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_TRUE(file.readAll().startsWith("a|b"));
+    const BoxAnswers answers({QStringLiteral("No")});
     editor<QComboBox>("file_type").setCurrentIndex(FileType::outputTypes().indexOf(FileType::Json));
     EXPECT_EQ(output.options().fileType, int(FileType::Json));
     EXPECT_FALSE(editor<QComboBox>("delimiter").isVisible());
     EXPECT_TRUE(editor<QComboBox>("json_types").isVisible());
+}
+
+TEST_F(ItemPaneTest, PathAndTypeOfAnOutputFollowEachOther)
+{
+    struct Case
+    {
+        const char *what;
+        QString typedPath; ///< empty where the type is chosen
+        int chosenType;
+        QStringList buttons;
+        QString question; ///< the last one
+        QString name;
+        int type;
+    };
+    const QString toJson = QStringLiteral("Change file type to 'JSON'?");
+    const QString toXml = QStringLiteral("Change file extension to 'xml'?");
+    const Case cases[] = {
+        {"a known type", "x.json", 0, {"Yes"}, toJson, "x.json", FileType::Json},
+        {"refused", "y.json", 0, {"No"}, toJson, "y.json", FileType::Delimited},
+        {"another path of the type", "y.csv", 0, {}, "", "y.csv", FileType::Delimited},
+        {"blocked", "y.exe", 0, {"OK"}, "blocked in 'Preferences>Output Extensions':", "out.csv", FileType::Delimited},
+        {"unknown, nothing said", "y.abc", 0, {"Cancel"}, "Set Default File Type", "y.abc", FileType::Delimited},
+        {"unknown, confirmed", "y.abc", 0, {"OK"}, "Set Default File Type", "y.abc", FileType::Delimited},
+        {"known since", "z.ABC", 0, {}, "", "z.ABC", FileType::Delimited},
+        {"an extension of variables", "{in.fname}.{in.ext}", 0, {}, "", "{in.fname}.{in.ext}", FileType::Delimited},
+        {"type first", "", FileType::Xml, {"Yes"}, toXml, "out.xml", FileType::Xml},
+        {"its extension refused", "", FileType::Xml, {"No"}, toXml, "out.csv", FileType::Xml},
+        {"that file exists", "", FileType::Markdown, {"Yes", "No"}, "already exists.\nDo you want to replace it?",
+            "out.csv", FileType::Markdown},
+        {"and shall be replaced", "", FileType::Markdown, {"Yes", "Yes"}, "already exists.", "out.md",
+            FileType::Markdown},
+    };
+    writeFile(path("out.md"), "");
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        select(outputId);
+        auto &output = static_cast<OutputNode &>(node(outputId));
+        const OutputOptions before = output.options();
+        const BoxAnswers answers(c.buttons);
+        if (c.typedPath.isEmpty()) {
+            editor<QComboBox>("file_type").setCurrentIndex(FileType::outputTypes().indexOf(c.chosenType));
+        } else {
+            auto &line = *editor<QWidget>("path").findChild<QLineEdit *>();
+            line.selectAll();
+            QTest::keyClicks(&line, m_folder.filePath(c.typedPath));
+            QTest::keyClick(&line, Qt::Key_Return);
+            EXPECT_EQ(QFileInfo(line.text()).fileName(), c.name);
+        }
+        EXPECT_EQ(answers.texts().size(), c.buttons.size());
+        EXPECT_TRUE(answers.texts().value(c.buttons.size() - 1).contains(c.question));
+        EXPECT_EQ(QFileInfo(output.options().path).fileName(), c.name);
+        EXPECT_EQ(output.options().fileType, c.type);
+        output.setOptions(before);
+    }
+}
+
+TEST_F(ItemPaneTest, AnInputAsksForTheTypeOfAFileOfAnotherKind)
+{
+    writeFile(path("in.json"), "[{\"k\":\"v\"}]");
+    writeFile(path("in.data"), "p,q\n");
+    struct Case
+    {
+        const char *what;
+        const char *file;
+        QStringList buttons, titles;
+        int type;
+    };
+    const Case cases[] = {
+        {"agreed", "in.json", {"OK"}, {"Select File Type"}, FileType::Json},
+        {"back", "in.csv", {"Cancel"}, {"Select File Type"}, FileType::Json},
+        {"unknown", "in.data", {"OK"}, {"Set Default File Type"}, FileType::Delimited},
+    };
+    select(inputId);
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        const BoxAnswers answers(c.buttons);
+        m_prompts.paths = QStringList{path(c.file)};
+        editor<QWidget>("path").findChild<QToolButton *>()->click();
+        EXPECT_EQ(answers.texts(), c.titles);
+        const InputOptions &options = static_cast<InputNode &>(node(inputId)).options();
+        EXPECT_EQ(QFileInfo(options.path).fileName(), QString::fromLatin1(c.file));
+        EXPECT_EQ(options.fileType, c.type);
+    }
+    EXPECT_EQ(Settings::current().inputTypeOf("data"), FileType::Delimited);
+}
+
+TEST_F(ItemPaneTest, UnknownExtensionsOfNewInputsAreAskedForOnce)
+{
+    for (const char *name : {"1.one", "2.one", "3.two", "4.three"}) {
+        writeFile(path(name), "a\n");
+    }
+    const BoxAnswers answers({"OK", "Cancel"});
+    scene().addInputsFromPaths({path("1.one"), path("2.one"), path("3.two"), path("4.three")});
+    EXPECT_EQ(answers.texts().size(), 2) << "one, two; after Cancel nothing more";
+    EXPECT_EQ(scene().inputNodes(true).size(), 4);
+    EXPECT_EQ(Settings::current().inputTypeOf("one"), FileType::Delimited);
+    EXPECT_EQ(Settings::current().inputTypeOf("two"), FileType::None);
 }
 
 TEST_F(ItemPaneTest, TheFilterHidesRowsOrColumnsOfTheTableOnly)

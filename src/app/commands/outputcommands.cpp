@@ -5,6 +5,7 @@
 #include "graph/graphscene.h"
 #include "graph/ionode.h"
 #include "inputnode/inputnode.h"
+#include "panes/dialogs/filetypequestions.h"
 #include "panes/dialogs/prompts.h"
 #include "settings/filetypes.h"
 #include "settings/settings.h"
@@ -42,8 +43,7 @@ void OutputCommands::toFile()
         return;
     }
     application.setLastOutputDataDir(QFileInfo(path).absolutePath());
-    const int type = application.settings().outputTypeOf(QFileInfo(path).suffix());
-    scene.addOutput(path, type >= 0 && type < FileType::None ? type : FileType::Delimited);
+    scene.addOutput(path, FileTypeQuestions::fileTypeForExtension(m_context.prompts, path, FileType::Delimited));
 }
 
 void OutputCommands::toChart()

@@ -6,6 +6,7 @@
 #include "inputnode/inputnode.h"
 #include "inputs/clipboardtext.h"
 #include "inputs/excelsheets.h"
+#include "panes/dialogs/filetypequestions.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/dialogs/schemadialog.h"
 #include "panes/fixedwidth/fixedwidthautomanualwidget.h"
@@ -21,6 +22,7 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QSpinBox>
 
@@ -60,12 +62,21 @@ void InputItemWidget::setOptions(const InputOptions &options, const QString &lab
     if (!input()) {
         return;
     }
-    const UndoStep step(*node(), QStringLiteral("'%1' change").arg(label), kindOfEdit());
     const InputOptions before = input()->options();
+    InputOptions changed = options;
+    if (options.path != before.path) {
+        if (m_isAsking) {
+            return; // the question took the focus from the line, which stores its text then
+        }
+        const QScopedValueRollback<bool> asking(m_isAsking, true);
+        Prompts &prompts = *panelState().prompts;
+        changed.fileType = FileTypeQuestions::inputTypeAfterChange(prompts, before.path, options.path, before.fileType);
+    }
+    const UndoStep step(*node(), QStringLiteral("'%1' change").arg(label), kindOfEdit());
     if (options.path != before.path || options.worksheet != before.worksheet) {
         input()->setPath(options.path, options.worksheet);
     }
-    input()->setOptions(options);
+    input()->setOptions(changed);
 }
 
 void InputItemWidget::addSourceRows()

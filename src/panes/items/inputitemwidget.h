@@ -45,4 +45,5 @@ private:
     QCheckBox *m_header = nullptr;
     FixedWidthAutoManualWidget *m_widths = nullptr;
     QComboBox *m_schema = nullptr;
+    bool m_isAsking = false;
 };

@@ -272,7 +272,10 @@ QWidget *OptionsForm::makePath(const QByteArray &key, Field &field)
     };
     // A path that is half typed must neither be read nor be written to.
     connect(line, &QLineEdit::editingFinished, this, [this, key, line] { store(key, line->text()); });
-    connect(line, &QLineEdit::returnPressed, this, &OptionsForm::processNow);
+    connect(line, &QLineEdit::returnPressed, this, [this, key, line] {
+        store(key, line->text()); // before the run, which shows all values anew
+        emit processNow();
+    });
     connect(browse, &QToolButton::clicked, this, [this, key] { emit browseClicked(key); });
     return box;
 }

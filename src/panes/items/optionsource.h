@@ -29,7 +29,7 @@ public:
 
     virtual OptionInfo info(const QByteArray &key) const = 0;
     virtual QVariant value(const QByteArray &key) const = 0;
-    /// One step of undo named after `label`; false when that is the value already.
+    /// One step of undo named after `label`; false when that is the value already, or the user took it back.
     virtual bool setValue(const QByteArray &key, const QVariant &value, const QString &label) = 0;
     virtual bool applies(const QByteArray &key) const = 0;
     virtual bool isDefault(const QByteArray &key) const = 0;
@@ -71,7 +71,7 @@ public:
             return false;
         }
         m_write(options, label);
-        return true;
+        return field(key).value(m_read()) != before;
     }
     bool applies(const QByteArray &key) const override { return field(key).applies(m_read()); }
     bool isDefault(const QByteArray &key) const override

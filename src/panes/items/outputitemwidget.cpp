@@ -6,11 +6,14 @@
 #include "outputnode/outputnode.h"
 #include "outputs/excelformats.h"
 #include "outputs/jsontypes.h"
+#include "outputs/outputpaths.h"
 #include "panes/dialogs/columnchoicesdialog.h"
+#include "panes/dialogs/filetypequestions.h"
 #include "panes/dialogs/prompts.h"
 #include "panes/icons.h"
 #include "panes/items/optionsform.h"
 #include "panes/widgets/singlecolumnfilteredwidget.h"
+#include "settings/product.h"
 #include "settings/settings.h"
 
 #include <QDesktopServices>
@@ -18,6 +21,7 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QToolButton>
 #include <QUrl>
 
@@ -56,11 +60,66 @@ OutputNode *OutputItemWidget::output() const
     return static_cast<OutputNode *>(node());
 }
 
-void OutputItemWidget::setOptions(const OutputOptions &options, const QString &label)
+void OutputItemWidget::setOptions(OutputOptions options, const QString &label)
 {
+    // A question takes the focus from the line of the path, which stores its text then.
+    if (!output() || m_isAsking) {
+        return;
+    }
+    const OutputOptions before = output()->options();
+    const QScopedValueRollback<bool> asking(m_isAsking, true);
+    if (options.path != before.path) {
+        if (!followPath(options)) {
+            return;
+        }
+    } else if (options.fileType != before.fileType) {
+        followType(options);
+    }
     if (output()) {
         const UndoStep step(*node(), QStringLiteral("'%1' change").arg(label), kindOfEdit());
         output()->setOptions(options);
+    }
+}
+
+bool OutputItemWidget::isYes(const QString &question)
+{
+    return panelState().prompts->ask(QMessageBox::Question, question, QMessageBox::Yes | QMessageBox::No)
+           == QMessageBox::Yes;
+}
+
+bool OutputItemWidget::followPath(OutputOptions &options)
+{
+    Prompts &prompts = *panelState().prompts;
+    if (OutputPaths::isBlocked(options.path)) {
+        prompts.warning(QStringLiteral("The extension for this file is blocked in 'Preferences>Output Extensions':\n%1")
+                            .arg(QDir::toNativeSeparators(options.path)));
+        return false;
+    }
+    const int type = FileTypeQuestions::fileTypeForExtension(prompts, options.path, options.fileType);
+    if (type != options.fileType && isYes(QStringLiteral("Change file type to '%1'?").arg(FileType::label(type)))) {
+        options.fileType = type;
+    }
+    return true;
+}
+
+void OutputItemWidget::followType(OutputOptions &options)
+{
+    const QFileInfo file(options.path);
+    const QString extension = Settings::current().outputFileExtensions().key(options.fileType);
+    if (options.path.isEmpty() || extension.isEmpty()
+        || OutputPaths::fileType(options.path, FileType::None) == options.fileType
+        || !isYes(QStringLiteral("Change file extension to '%1'?").arg(extension))) {
+        return;
+    }
+    const QString path = file.path() + QLatin1Char('/') + file.completeBaseName() + QLatin1Char('.') + extension;
+    if (QFileInfo::exists(path)
+        && !isYes(
+            QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(QDir::toNativeSeparators(path)))) {
+        return;
+    }
+    options.path = path;
+    if (FileType::isExcel(options.fileType) && options.worksheet.isEmpty()) {
+        options.worksheet = QString::fromLatin1(Product::name);
     }
 }
 

@@ -25,11 +25,17 @@ private:
     void addTargetRows();
     void addTextRows();
     void addWritingRows();
-    void setOptions(const OutputOptions &options, const QString &label);
+    void setOptions(OutputOptions options, const QString &label);
+    /// The type that goes with the options' new path, if the user agrees; false for an extension that is blocked.
+    bool followPath(OutputOptions &options);
+    /// The extension that goes with the options' new type, if the user agrees.
+    void followType(OutputOptions &options);
+    bool isYes(const QString &question);
     void onFilesColumnChosen();
     void chooseExcelFormats();
     void chooseJsonTypes();
     void openWritten();
 
     SingleColumnFilteredWidget *m_filesColumn = nullptr;
+    bool m_isAsking = false;
 };
