@@ -208,6 +208,7 @@ int main(int argc, char **argv)
     settings.setWarnOnLocaleChange(false);
     settings.setOpenAutoRun(AutoRunChoice::LeaveAutoRun);
     settings.setOpenPreviousAtStart(StartChoice::Nothing);
+    settings.setShowGettingStarted(false);
     const QString csv = folder.filePath(QStringLiteral("in.csv"));
     write(csv, "id,name\n1,a\n2,b\n");
     RunLog log;

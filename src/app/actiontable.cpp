@@ -71,7 +71,7 @@ const ActionRow rows[] = {
     {&MainActions::help, "m_helpAction", "Quillmere &Help", "F1", "help-contents", "View the help documentation.",
         false, [](Commands &c, bool) { c.help.showHelp(); }, nullptr, false},
     {&MainActions::helpCheckForUpdates, "m_helpCheckForUpdatesAction", "Check For &Updates", "", "check-updates",
-        "Check online for updates.", false, nullptr, nullptr, false},
+        "Check online for updates.", false, [](Commands &c, bool) { c.help.checkForUpdates(); }, hasWebPages, false},
     {&MainActions::helpSubscribeToNewsletter, "m_helpSubscribeToNewsletterAction", "Subscribe to &Newsletter", "",
         "newsletter", "Subscribe to our email newsletter.", false,
         [](Commands &c, bool) { c.help.openPage(WebPages::Page::Newsletter, "Subscribe to Newsletter"); }, hasWebPages,

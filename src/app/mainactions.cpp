@@ -2,6 +2,8 @@
 
 #include "app/actiontable.h"
 #include "app/commands/actionstate.h"
+#include "app/commands/commandgroups.h"
+#include "app/help/howdoibutton.h"
 #include "panes/icons.h"
 #include "settings/settings.h"
 
@@ -46,6 +48,8 @@ void MainActions::build(QMainWindow &window, Commands &commands)
     makeActions(window, commands);
     fillMenus(window);
     fillToolBar(window);
+    QObject::connect(
+        howDoI, &HowDoIButton::pageChosen, &window, [&commands](const QString &page) { commands.help.showPage(page); });
 }
 
 void MainActions::makeActions(QMainWindow &window, Commands &commands)

@@ -2,6 +2,7 @@
 
 #include <QAction>
 
+class HowDoIButton;
 class QMainWindow;
 class QMenu;
 class QToolBar;
@@ -83,6 +84,7 @@ struct MainActions
     QAction *inputFromClipboard = nullptr;
     QMenu *recentMenu = nullptr;
     QMenu *examplesMenu = nullptr;
+    HowDoIButton *howDoI = nullptr;
     QMenu *runMenu = nullptr;
     QToolBar *toolBar = nullptr;
 

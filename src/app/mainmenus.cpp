@@ -1,3 +1,4 @@
+#include "app/help/howdoibutton.h"
 #include "app/mainactions.h"
 
 #include <QMainWindow>
@@ -74,8 +75,10 @@ void MainActions::fillToolBar(QMainWindow &window)
     toolBar->setObjectName(QStringLiteral("m_toolBar"));
     toolBar->setFloatable(false);
     updateIconSize();
-    addAll(
-        *toolBar, {fileNew, fileOpen, fileOpenRecent, fileSave, nullptr, runAuto, runStop, viewNodeSummary,
-                      viewTimingProfile, nullptr, editUndo, editRedo, nullptr, fileBatchProcess, nullptr, viewZoomFit,
-                      viewZoomIn, viewZoomOut, viewZoomMagnify, viewFind, editSnapToGrid, nullptr, editDelete});
+    addAll(*toolBar,
+        {fileNew, fileOpen, fileOpenRecent, fileSave, nullptr, runAuto, runStop, viewNodeSummary, viewTimingProfile,
+            nullptr, editUndo, editRedo, nullptr, fileBatchProcess, nullptr, viewZoomFit, viewZoomIn, viewZoomOut,
+            viewZoomMagnify, viewFind, editSnapToGrid, nullptr, editDelete, nullptr});
+    howDoI = new HowDoIButton(toolBar);
+    toolBar->addWidget(howDoI);
 }

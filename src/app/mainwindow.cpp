@@ -166,12 +166,12 @@ void MainWindow::start()
 
 void MainWindow::onStarted()
 {
-    const Settings &settings = m_application.settings();
+    Settings &settings = m_application.settings();
     const QString path = startDocument(m_application, m_commandLineOptions, m_recentDocuments, m_prompts);
     if (!path.isEmpty() && QFileInfo::exists(path)) {
         m_documents->openDocument(path);
     }
-    StartUp::checkStore(settings, m_prompts);
+    StartUp::greet(settings, m_prompts, m_groups->help, *m_actions.examplesMenu);
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

@@ -59,7 +59,7 @@ bool PaneTips::showNext()
         prepare();
         return false;
     }
-    for (const Tip &tip : actionTips() + canvasTips()) {
+    for (const Tip &tip : actionTips() + canvasTips() + helpTips()) {
         if (tip.isDue
             && Tips::showOnce(QString::fromLatin1(tip.key), QString::fromLatin1(tip.title), tip.text, shownMs,
                 tip.anchor, Qt::RightEdge)) {
@@ -88,6 +88,19 @@ QList<PaneTips::Tip> PaneTips::actionTips() const
             &pane.keywords()},
         {transforms > 1 && !pane.advanced().isChecked(), "tip_advanced_transform", "Advanced transforms",
             QStringLiteral("Check to show all transforms, including advanced."), &pane.advanced()},
+    };
+}
+
+QList<PaneTips::Tip> PaneTips::helpTips() const
+{
+    const GraphScene &scene = m_context.session.scene();
+    return {
+        {!scene.transformNodes().isEmpty(), "tip_help_transform", "Help",
+            QStringLiteral("Click for help on what the item does, with an example."),
+            m_context.window.findChild<QWidget *>(QStringLiteral("m_helpButton"))},
+        {!scene.inputNodes().isEmpty(), "tip_how_do_I", "How do I...?",
+            QStringLiteral("Click to find out how to do something, from cleaning up text to processing many files."),
+            m_context.window.findChild<QWidget *>(QStringLiteral("m_howDoIButton"))},
     };
 }
 

@@ -29,6 +29,7 @@ private:
     static int canvasTipCount();
     QList<Tip> actionTips() const;
     QList<Tip> canvasTips() const;
+    QList<Tip> helpTips() const;
 
     const CommandContext m_context;
     QTimer m_pause;

@@ -2,31 +2,29 @@
 
 #include <QString>
 
-namespace {
-
-QString siteAddress()
+QString WebPages::siteAddress()
 {
     return QString::fromUtf8(QUILLMERE_WEB_ADDRESS);
 }
 
-QString pathOf(WebPages::Page page)
+QString WebPages::path(Page page)
 {
     switch (page) {
-    case WebPages::Page::Faq:
+    case Page::Download:
+        return QStringLiteral("/download");
+    case Page::Faq:
         return QStringLiteral("/faq");
-    case WebPages::Page::Forum:
+    case Page::Forum:
         return QStringLiteral("/forum");
-    case WebPages::Page::IntroVideo:
+    case Page::IntroVideo:
         return QStringLiteral("/video");
-    case WebPages::Page::Newsletter:
+    case Page::Newsletter:
         return QStringLiteral("/newsletter");
-    case WebPages::Page::Support:
+    case Page::Support:
         return QStringLiteral("/support");
     }
     return QString();
 }
-
-} // namespace
 
 bool WebPages::exist()
 {
@@ -35,5 +33,5 @@ bool WebPages::exist()
 
 QUrl WebPages::address(Page page)
 {
-    return exist() ? QUrl(siteAddress() + pathOf(page)) : QUrl();
+    return exist() ? QUrl(siteAddress() + path(page)) : QUrl();
 }

@@ -295,6 +295,10 @@ TEST_F(ActionPaneTest, HintsComeOnceWhenTheyAreOfUse)
     EXPECT_TRUE(showsNext("Advanced transforms"));
     scene().addInputsFromPaths({path("in.csv")});
     EXPECT_TRUE(showsNext("Merge datasets"));
+    scene().clearSelection();
+    scene().transformNodes().first()->setSelected(true);
+    emit scene().nodesAdded();
+    EXPECT_TRUE(showsNext("<b>Help</b>"));
 }
 
 TEST_F(ActionPaneTest, CategoryAdvancedAndWordsNarrowTheButtonsDown)

@@ -115,7 +115,7 @@ TEST_F(ActionTableTest, MenusAndToolBarHoldThemInOrder)
     }
     EXPECT_EQ(textsOf(*m_window->findChild<QToolBar *>()).toStdString(),
         "New, Open, Open Recent, Save, -, Auto Run, Stop Run, Item Summary, Timing Profile, -, Undo, Redo, -, Batch "
-        "Process, -, Zoom Fit, Zoom In, Zoom Out, Magnify Cursor, Find Items, Snap To Grid, -, Delete");
+        "Process, -, Zoom Fit, Zoom In, Zoom Out, Magnify Cursor, Find Items, Snap To Grid, -, Delete, -, ");
     action("m_runAutoAction").trigger();
     EXPECT_EQ(textsOf(*m_window->findChild<QMenu *>("m_menuRun")).toStdString(),
         "Auto Run, -, Run Unprocessed, Run Selected, Run All, Stop Run");

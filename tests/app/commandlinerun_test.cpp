@@ -540,7 +540,8 @@ TEST_F(CommandLineRunTest, SaysOnConsoleAndInTheLogThatMemoryIsOut)
 TEST_F(CommandLineRunTest, WindowTakesOtherFilesTooOrGivesUp)
 {
     ASSERT_TRUE(QDir().mkpath(path("config/Marlwick")));
-    writeFile(path("config/Marlwick/Quillmere.conf"), "[General]\nopen_auto_run=0\nwarn_on_locale_change=false\n");
+    writeFile(path("config/Marlwick/Quillmere.conf"),
+        "[General]\nopen_auto_run=0\nwarn_on_locale_change=false\nshow_getting_started=false\n");
     // No recovery file of another program is offered here.
     const QStringList offscreen{"QT_QPA_PLATFORM=offscreen", "XDG_RUNTIME_DIR=" + root(), "TMPDIR=" + root()};
     const RunResult unknown = run({"flow.transform", "-file", "other=in.csv"}, offscreen);

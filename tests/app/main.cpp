@@ -18,10 +18,12 @@ int main(int argc, char **argv)
     RunLog::installMessageHandler(true);
     Application application(argc, argv, Application::Mode::Window);
     // Hints that come after a while would lie over what a test looks at.
-    for (const char *tip : {"tip_input_button", "tip_transform_button", "tip_filter_transform",
-             "tip_advanced_transform", "tip_select_multiple", "tip_output_button", "tip_chart_button"}) {
+    for (const char *tip :
+        {"tip_input_button", "tip_transform_button", "tip_filter_transform", "tip_advanced_transform",
+            "tip_select_multiple", "tip_output_button", "tip_chart_button", "tip_help_transform", "tip_how_do_I"}) {
         application.settings().isTipShown(QString::fromLatin1(tip));
     }
+    application.settings().setShowGettingStarted(false);
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     return RUN_ALL_TESTS();
 }

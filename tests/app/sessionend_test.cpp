@@ -19,7 +19,8 @@ protected:
         QDir(m_folder.path()).mkpath(QStringLiteral("config/Marlwick"));
         QDir(m_folder.path()).mkpath(QStringLiteral("tmp"));
         writeFile(path("config/Marlwick/Quillmere.conf"),
-            "[General]\nopen_auto_run=0\nwarn_on_locale_change=false\nopen_previous_at_start=0\n");
+            "[General]\nopen_auto_run=0\nwarn_on_locale_change=false\nopen_previous_at_start=0\n"
+            "show_getting_started=false\n");
         writeFile(path("in.csv"), "a\n1\n");
         writeFile(path("other.csv"), "a\n2\n");
         TestDocument document;

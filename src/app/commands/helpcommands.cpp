@@ -3,12 +3,22 @@
 #include "app/application.h"
 #include "app/programinfo.h"
 #include "panes/dialogs/prompts.h"
+#include "panes/status/logpane.h"
 #include "panes/status/statusbar.h"
 #include "settings/product.h"
 #include "settings/settings.h"
 
 #include <QApplication>
 #include <QDesktopServices>
+
+HelpCommands::HelpCommands(const CommandContext &context)
+    : m_context(context)
+    , m_desk(context)
+    , m_updates(context.prompts, WebPages::siteAddress())
+{
+    QObject::connect(&m_updates, &UpdateCheck::statusMessage, &context.statusBar, &StatusBar::onShowMessage);
+    QObject::connect(&m_updates, &UpdateCheck::logMessage, &context.logPane, &LogPane::onShowLogMessage);
+}
 
 void HelpCommands::about()
 {

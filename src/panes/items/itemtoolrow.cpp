@@ -6,6 +6,7 @@
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 ItemToolRow::ItemToolRow(QWidget *parent)
@@ -47,6 +48,7 @@ ItemToolRow::ItemToolRow(QWidget *parent)
     connect(m_fullscreen, &QToolButton::clicked, this, &ItemToolRow::fullscreenClicked);
     QToolButton *help = addButton(
         QStringLiteral("help-contents"), QStringLiteral("Help"), QStringLiteral("Click for more details."), QString());
+    help->setObjectName(QStringLiteral("m_helpButton"));
     connect(help, &QToolButton::clicked, this, &ItemToolRow::helpClicked);
 }
 
@@ -58,7 +60,10 @@ QToolButton *ItemToolRow::addButton(const QString &icon, const QString &name, co
     button->setIcon(Icons::icon(icon));
     button->setAccessibleName(name);
     button->setToolTip(keys.isEmpty() ? tip : tip.arg(keys));
-    button->setShortcut(QKeySequence(keys));
+    if (!keys.isEmpty()) {
+        // A key of the button itself would act only after the button has been shown pressed for a tenth of a second.
+        connect(new QShortcut(QKeySequence(keys), this), &QShortcut::activated, button, &QToolButton::click);
+    }
     m_buttons->addWidget(button);
     return button;
 }
