@@ -2,7 +2,6 @@
 
 #include <QDialog>
 
-class QLabel;
 class QVBoxLayout;
 
 /// Welcomes at the first start: what the program does in three steps, and ways to begin.

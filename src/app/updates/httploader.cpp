@@ -1,5 +1,6 @@
 #include "app/updates/httploader.h"
 
+#include <QNetworkAccessManager>
 #include <QNetworkProxyFactory>
 #include <QNetworkReply>
 #include <QNetworkRequest>
@@ -12,15 +13,13 @@ constexpr int mostRedirects = 5;
 
 } // namespace
 
-HttpLoader::HttpLoader(QObject *parent)
-    : QObject(parent)
-{
-    QNetworkProxyFactory::setUseSystemConfiguration(true);
-    connect(&m_manager, &QNetworkAccessManager::finished, this, &HttpLoader::onSlotFinished);
-}
-
 void HttpLoader::get(const QUrl &address)
 {
+    if (!m_manager) {
+        QNetworkProxyFactory::setUseSystemConfiguration(true);
+        m_manager = new QNetworkAccessManager(this);
+        connect(m_manager, &QNetworkAccessManager::finished, this, &HttpLoader::onSlotFinished);
+    }
     abort();
     m_received.clear();
     m_hasFailed = false;
@@ -28,7 +27,7 @@ void HttpLoader::get(const QUrl &address)
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
     request.setMaximumRedirectsAllowed(mostRedirects);
     request.setTransferTimeout(timeoutMs);
-    m_reply = m_manager.get(request);
+    m_reply = m_manager->get(request);
     connect(m_reply, &QNetworkReply::readyRead, this, &HttpLoader::onReadyRead);
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <QByteArray>
-#include <QNetworkAccessManager>
 #include <QObject>
 #include <QPointer>
 
+class QNetworkAccessManager;
 class QNetworkReply;
 class QUrl;
 
@@ -16,7 +16,7 @@ class HttpLoader : public QObject
 public:
     static constexpr int mostBytes = 64 * 1024;
 
-    explicit HttpLoader(QObject *parent = nullptr);
+    using QObject::QObject;
 
     /// finished() comes in any case, but for one that another get() or abort() ends.
     void get(const QUrl &address);
@@ -32,7 +32,7 @@ private:
     void onSlotFinished(QNetworkReply *reply);
     void onReadyRead();
 
-    QNetworkAccessManager m_manager;
+    QNetworkAccessManager *m_manager = nullptr; // made when it is first needed, which it mostly isn't
     QPointer<QNetworkReply> m_reply;
     QByteArray m_received;
     bool m_hasFailed = false;

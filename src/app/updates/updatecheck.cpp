@@ -54,7 +54,8 @@ void UpdateCheck::onAutoCheckForUpdates()
 
 void UpdateCheck::checkForUpdates(bool automatic)
 {
-    if (m_site.isEmpty()) {
+    const bool isAsked = m_dialog && m_dialog->isVisible();
+    if (m_site.isEmpty() || (automatic && isAsked)) {
         return;
     }
     m_isAutomatic = automatic;
@@ -76,8 +77,7 @@ QUrl UpdateCheck::requestAddress(bool automatic) const
 {
     const Settings &settings = Settings::current();
     QUrlQuery query;
-    query.addQueryItem(
-        QStringLiteral("v"), QStringLiteral("%1.%2.%3").arg(Version::major).arg(Version::minor).arg(Version::patch));
+    query.addQueryItem(QStringLiteral("v"), QString::fromLatin1(Version::text));
     query.addQueryItem(
         QStringLiteral("p"), QString::fromLatin1(QUrl::toPercentEncoding(QSysInfo::prettyProductName())));
     query.addQueryItem(QStringLiteral("s"), QString::number(settings.sessions()));
@@ -97,7 +97,11 @@ void UpdateCheck::showResult()
 {
     // Nobody asked for it, so it doesn't come in between.
     if (m_isAutomatic && isBusy()) {
-        QTimer::singleShot(retryMs, this, &UpdateCheck::showResult);
+        QTimer::singleShot(retryMs, this, [this] {
+            if (m_isAutomatic) { // and no one that was asked for has begun meanwhile
+                showResult();
+            }
+        });
         return;
     }
     if (!m_loader.hasFailed()) {
@@ -131,21 +135,15 @@ void UpdateCheck::show(const UpdateReply &reply)
         m_prompts.information(QStringLiteral("You are using %1. This is the latest production version.")
                                   .arg(ProgramInfo::nameAndVersion()));
     } else {
-        m_prompts.information(QStringLiteral("You are using %1. The latest production version is v%2.%3.%4.")
-                                  .arg(ProgramInfo::nameAndVersion())
-                                  .arg(reply.version.at(0))
-                                  .arg(reply.version.at(1))
-                                  .arg(reply.version.at(2)));
+        m_prompts.information(QStringLiteral("You are using %1. The latest production version is v%2.")
+                                  .arg(ProgramInfo::nameAndVersion(), reply.versionText()));
     }
 }
 
 void UpdateCheck::offer(const UpdateReply &reply)
 {
     const QString text = QStringLiteral("New version available!\nYou are using %1.").arg(ProgramInfo::nameAndVersion())
-                         + QStringLiteral("\nThe latest production version is v%1.%2.%3.")
-                               .arg(reply.version.at(0))
-                               .arg(reply.version.at(1))
-                               .arg(reply.version.at(2))
+                         + QStringLiteral("\nThe latest production version is v%1.").arg(reply.versionText())
                          + QStringLiteral("\nClick \"OK\" to go to the download page and find out more.");
     if (!m_prompts.confirm(text)) {
         return;

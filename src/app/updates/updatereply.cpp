@@ -27,6 +27,15 @@ QVector<int> partsOf(const QString &version)
 
 } // namespace
 
+QString UpdateReply::versionText() const
+{
+    QStringList parts;
+    for (const int part : version) {
+        parts.append(QString::number(part));
+    }
+    return parts.join(QLatin1Char('.'));
+}
+
 UpdateReply UpdateReply::parse(const QByteArray &reply)
 {
     UpdateReply result;

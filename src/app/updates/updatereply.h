@@ -14,5 +14,7 @@ struct UpdateReply
     QString message;      ///< why it can't be used, for people
     QString details;      ///< the same of the parser, for the log; often empty
 
+    /// The version with points between its parts.
+    QString versionText() const;
     static UpdateReply parse(const QByteArray &reply);
 };

@@ -12,7 +12,7 @@ FileTypeDialog::FileTypeDialog(const QString &title, const QString &text, const 
     : QDialog(parent)
     , m_types(new QComboBox)
 {
-    constexpr int textWidth = 360;
+    constexpr int textWidth = 420;
     setWindowTitle(title);
     auto *layout = new QVBoxLayout(this);
     const auto addText = [&](const QString &line) {

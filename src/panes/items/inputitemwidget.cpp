@@ -22,7 +22,6 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QSpinBox>
 
@@ -65,12 +64,8 @@ void InputItemWidget::setOptions(const InputOptions &options, const QString &lab
     const InputOptions before = input()->options();
     InputOptions changed = options;
     if (options.path != before.path) {
-        if (m_isAsking) {
-            return; // the question took the focus from the line, which stores its text then
-        }
-        const QScopedValueRollback<bool> asking(m_isAsking, true);
-        Prompts &prompts = *panelState().prompts;
-        changed.fileType = FileTypeQuestions::inputTypeAfterChange(prompts, before.path, options.path, before.fileType);
+        changed.fileType = FileTypeQuestions::inputTypeAfterChange(
+            *panelState().prompts, before.path, options.path, before.fileType);
     }
     const UndoStep step(*node(), QStringLiteral("'%1' change").arg(label), kindOfEdit());
     if (options.path != before.path || options.worksheet != before.worksheet) {

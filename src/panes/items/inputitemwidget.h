@@ -45,5 +45,4 @@ private:
     QCheckBox *m_header = nullptr;
     FixedWidthAutoManualWidget *m_widths = nullptr;
     QComboBox *m_schema = nullptr;
-    bool m_isAsking = false;
 };

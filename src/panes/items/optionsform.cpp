@@ -12,6 +12,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QToolButton>
@@ -304,6 +305,10 @@ void OptionsForm::updateDefaultButton(const Field &field)
 
 void OptionsForm::store(const QByteArray &key, const QVariant &value)
 {
+    if (m_isStoring) {
+        return; // a question about the value took the focus from its line, which stores its text then
+    }
+    const QScopedValueRollback<bool> storing(m_isStoring, true);
     if (m_source->setValue(key, value, labelOf(key))) {
         refresh();
         emit optionChanged(key);

@@ -73,4 +73,5 @@ private:
     QGridLayout *m_grid;
     QVector<Field> m_fields;
     QVector<Row> m_rows;
+    bool m_isStoring = false;
 };

@@ -21,7 +21,6 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScopedValueRollback>
 #include <QToolButton>
 #include <QUrl>
 
@@ -62,12 +61,10 @@ OutputNode *OutputItemWidget::output() const
 
 void OutputItemWidget::setOptions(OutputOptions options, const QString &label)
 {
-    // A question takes the focus from the line of the path, which stores its text then.
-    if (!output() || m_isAsking) {
+    if (!output()) {
         return;
     }
     const OutputOptions before = output()->options();
-    const QScopedValueRollback<bool> asking(m_isAsking, true);
     if (options.path != before.path) {
         if (!followPath(options)) {
             return;

@@ -37,5 +37,4 @@ private:
     void openWritten();
 
     SingleColumnFilteredWidget *m_filesColumn = nullptr;
-    bool m_isAsking = false;
 };
