@@ -214,6 +214,40 @@ TEST_F(Preferences, ExtensionsAreAddedAndSetBack)
     EXPECT_EQ(Settings::current().inputFileExtensions(), before);
 }
 
+TEST_F(Preferences, AnExtensionThatCantBeOneKeepsTheDialogOpen)
+{
+    const SettingsExtensions before = Settings::current().outputFileExtensions();
+    auto *tabs = m_dialog->findChild<QTabWidget *>();
+    auto *table = &editor<QTableWidget>("Output extensions");
+    QTest::keyClick(table, Qt::Key_Insert); // a row in which nothing is typed is no fault
+    const int empty = table->currentRow();
+    QTest::keyClick(table, Qt::Key_Insert);
+    const int faulty = table->currentRow();
+    table->item(faulty, 0)->setData(Qt::UserRole, QStringLiteral("da t"));
+    table->setCurrentCell(empty, 0);
+    button<QCheckBox>("use native file windows").click();
+    const bool native = Settings::current().useNativeFileDialogs();
+    press("OK");
+    EXPECT_TRUE(m_dialog->isVisible());
+    EXPECT_EQ(tabs->tabText(tabs->currentIndex()), "Output Extensions");
+    EXPECT_EQ(table->currentRow(), faulty);
+    EXPECT_EQ(Settings::current().useNativeFileDialogs(), native) << "all or nothing is stored";
+    table->item(faulty, 0)->setData(Qt::UserRole, QStringLiteral("dat"));
+    press("OK");
+    EXPECT_FALSE(m_dialog->isVisible());
+    SettingsExtensions wanted = before;
+    wanted.insert(QStringLiteral("dat"), wanted.value(QStringLiteral("csv")));
+    EXPECT_EQ(Settings::current().outputFileExtensions(), wanted);
+}
+
+TEST_F(Preferences, DefaultDatesFollowTheLocaleThatWasJustChosen)
+{
+    emit m_dialog->findChild<GeneralPage *>()->localeChosen(QLocale(QLocale::Finnish, QLocale::Finland));
+    press("Default (non-US)");
+    EXPECT_EQ(
+        editor<QPlainTextEdit>("Supported date formats (1 per line):").toPlainText().section('\n', 0, 0), "d.M.yyyy");
+}
+
 TEST_F(Preferences, ChangedColorsSelectTheCustomScheme)
 {
     auto &scheme = editor<QComboBox>("Color scheme:");

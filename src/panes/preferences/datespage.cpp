@@ -31,6 +31,7 @@ DatesPage::DatesPage(QWidget *parent)
     , m_formats(new QPlainTextEdit)
     , m_fault(new FaultLabel)
     , m_first(Settings::current().dateFormats())
+    , m_locale(Settings::current().locale())
 {
     auto *label = new QLabel(QStringLiteral("Supported date formats (1 per line):"));
     label->setBuddy(m_formats);
@@ -65,12 +66,17 @@ QStringList DatesPage::formats() const
 
 void DatesPage::onDefaultUSDateFormats()
 {
-    m_formats->setPlainText(SettingsDefaults::dateFormats(true, Settings::current().locale()));
+    m_formats->setPlainText(SettingsDefaults::dateFormats(true, m_locale));
 }
 
 void DatesPage::onDefaultNonUSDateFormats()
 {
-    m_formats->setPlainText(SettingsDefaults::dateFormats(false, Settings::current().locale()));
+    m_formats->setPlainText(SettingsDefaults::dateFormats(false, m_locale));
+}
+
+void DatesPage::setLocale(const QLocale &locale)
+{
+    m_locale = locale;
 }
 
 void DatesPage::onChanged()

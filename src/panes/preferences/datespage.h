@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLocale>
 #include <QWidget>
 
 class FaultLabel;
@@ -13,6 +14,8 @@ class DatesPage : public QWidget
 public:
     explicit DatesPage(QWidget *parent = nullptr);
 
+    /// The locale whose short date format is among the defaults.
+    void setLocale(const QLocale &locale);
     void store();
 
 private:
@@ -24,4 +27,5 @@ private:
     QPlainTextEdit *m_formats;
     FaultLabel *m_fault;
     const QStringList m_first;
+    QLocale m_locale;
 };

@@ -147,6 +147,28 @@ void ExtensionsPage::onEdited()
     m_fault->setFaults(faults);
 }
 
+int ExtensionsPage::firstFaultyRow() const
+{
+    const QVector<RecordTableWidget::Record> records = m_table->records();
+    // A row in which nothing was typed loses nothing.
+    const auto found = std::find_if(records.begin(), records.end(), [](const RecordTableWidget::Record &record) {
+        const QString extension = extensionOf(record.first());
+        return !extension.isEmpty() && !faultOf(extension).isEmpty();
+    });
+    return found == records.end() ? -1 : static_cast<int>(found - records.begin());
+}
+
+bool ExtensionsPage::hasFaults() const
+{
+    return firstFaultyRow() >= 0;
+}
+
+void ExtensionsPage::showFault()
+{
+    m_table->setFocus();
+    m_table->setCurrentCell(firstFaultyRow(), 0);
+}
+
 void ExtensionsPage::store()
 {
     Settings &settings = Settings::current();

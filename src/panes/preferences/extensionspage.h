@@ -17,6 +17,10 @@ public:
     enum Side { Input, Output };
     explicit ExtensionsPage(Side side, QWidget *parent = nullptr);
 
+    /// Whether a typed extension can't be one; it would be lost by store().
+    bool hasFaults() const;
+    /// Puts the keyboard where the first fault is.
+    void showFault();
     void store();
 
 private:
@@ -24,6 +28,7 @@ private:
     QWidget *makeBlocked();
     void showTypes(const SettingsExtensions &types);
     SettingsExtensions types() const;
+    int firstFaultyRow() const;
     void onEdited();
 
     const Side m_side;

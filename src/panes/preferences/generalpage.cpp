@@ -3,6 +3,7 @@
 #include "panes/dialogs/localedialog.h"
 #include "panes/dialogs/prompts.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QPushButton>
 
@@ -90,6 +91,7 @@ void GeneralPage::addLocale()
         if (m_prompts.exec(dialog) == QDialog::Accepted) {
             button->setProperty("locale", dialog.chosenLocale());
             button->setText(nameOf(dialog.chosenLocale()));
+            emit localeChosen(dialog.chosenLocale());
         }
     });
     remember([button] { return button->property("locale"); },
@@ -107,16 +109,21 @@ void GeneralPage::onPrefsLocationChanged()
     const QFileInfo file(m_store.file);
     const bool isWritable = file.exists() ? file.isWritable() : QFileInfo(file.path()).isWritable();
     if (wantsFile() && !isWritable) {
-        tellUnwritable();
+        refuseMove();
     }
 }
 
-void GeneralPage::tellUnwritable()
+void GeneralPage::tellUnwritable(const QString &file)
 {
-    m_place->setCurrentIndex(Settings::current().isIni() ? PortableFile : SystemStore);
     m_prompts.critical(QStringLiteral("Cannot write to '%1'.\nEnsure the file and folder have write permission or "
                                       "move the executable to a folder with write permission.")
-                           .arg(m_store.file));
+                           .arg(QDir::toNativeSeparators(file)));
+}
+
+void GeneralPage::refuseMove()
+{
+    m_place->setCurrentIndex(Settings::current().isIni() ? PortableFile : SystemStore);
+    tellUnwritable(m_store.file);
 }
 
 bool GeneralPage::moveStore()
@@ -126,7 +133,7 @@ bool GeneralPage::moveStore()
     }
     const bool moved = wantsFile() ? m_store.moveToFile() : m_store.moveToSystem();
     if (!moved) {
-        tellUnwritable();
+        refuseMove();
     }
     return moved;
 }

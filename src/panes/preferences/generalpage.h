@@ -22,10 +22,15 @@ public:
 
     /// Moves the settings to where they are wanted; false, after a message, leaves them where they are.
     bool moveStore();
+    /// Says that settings can't be written to a file.
+    void tellUnwritable(const QString &file);
+
+signals:
+    void localeChosen(const QLocale &locale);
 
 private:
     bool wantsFile() const;
-    void tellUnwritable();
+    void refuseMove();
     void addStarting();
     void addRunning();
     void addLocale();

@@ -32,6 +32,7 @@ QWidget *scrolled(QWidget *page)
 
 PreferencesDialog::PreferencesDialog(const PreferencesStore &store, Prompts &prompts, QWidget *parent)
     : QDialog(parent)
+    , m_tabs(new QTabWidget)
     , m_general(new GeneralPage(store, prompts))
     , m_interface(new InterfacePage)
     , m_dates(new DatesPage)
@@ -40,13 +41,13 @@ PreferencesDialog::PreferencesDialog(const PreferencesStore &store, Prompts &pro
     , m_colors(new ColorsPage)
 {
     setWindowTitle(QStringLiteral("Preferences"));
-    auto *tabs = new QTabWidget;
-    tabs->addTab(scrolled(m_general), QStringLiteral("General"));
-    tabs->addTab(scrolled(m_interface), QStringLiteral("User Interface"));
-    tabs->addTab(m_dates, QStringLiteral("Dates"));
-    tabs->addTab(m_inputs, QStringLiteral("Input Extensions"));
-    tabs->addTab(m_outputs, QStringLiteral("Output Extensions"));
-    tabs->addTab(scrolled(m_colors), QStringLiteral("Colors"));
+    m_tabs->addTab(scrolled(m_general), QStringLiteral("General"));
+    m_tabs->addTab(scrolled(m_interface), QStringLiteral("User Interface"));
+    m_tabs->addTab(m_dates, QStringLiteral("Dates"));
+    m_tabs->addTab(m_inputs, QStringLiteral("Input Extensions"));
+    m_tabs->addTab(m_outputs, QStringLiteral("Output Extensions"));
+    m_tabs->addTab(scrolled(m_colors), QStringLiteral("Colors"));
+    connect(m_general, &GeneralPage::localeChosen, m_dates, &DatesPage::setLocale);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Help);
     connect(buttons, &QDialogButtonBox::accepted, this, &PreferencesDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -54,13 +55,28 @@ PreferencesDialog::PreferencesDialog(const PreferencesStore &store, Prompts &pro
     HelpHook::setHelpPage(*this, page);
     connect(buttons, &QDialogButtonBox::helpRequested, this, [this, page] { HelpHook::showHelp(this, page); });
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(tabs, 1);
+    layout->addWidget(m_tabs, 1);
     layout->addWidget(buttons);
     keepGeometry(*this, &Settings::prefsWindowGeometry, &Settings::setPrefsWindowGeometry, firstSize);
 }
 
+bool PreferencesDialog::showFault()
+{
+    for (ExtensionsPage *page : {m_inputs, m_outputs}) {
+        if (page->hasFaults()) {
+            m_tabs->setCurrentWidget(page);
+            page->showFault();
+            return true;
+        }
+    }
+    return false;
+}
+
 void PreferencesDialog::accept()
 {
+    if (showFault()) {
+        return;
+    }
     // Where they go comes first: a failure leaves the dialog open and everything as it was.
     if (!m_general->moveStore()) {
         return;
@@ -71,6 +87,8 @@ void PreferencesDialog::accept()
     m_inputs->store();
     m_outputs->store();
     m_colors->store();
-    Settings::current().sync();
+    if (!Settings::current().sync()) {
+        m_general->tellUnwritable(Settings::current().fileName());
+    }
     QDialog::accept();
 }

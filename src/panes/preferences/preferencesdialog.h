@@ -22,6 +22,10 @@ public:
     void accept() override;
 
 private:
+    /// Shows the tab with an extension that can't be stored; false where there is none.
+    bool showFault();
+
+    QTabWidget *m_tabs;
     GeneralPage *m_general;
     InterfacePage *m_interface;
     DatesPage *m_dates;
