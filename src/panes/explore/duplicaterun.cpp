@@ -52,7 +52,7 @@ void DuplicateRun::search(
             columns.append(column);
         }
     }
-    DuplicateSearch search(dataset, columns, options.folding);
+    DuplicateSearch search(dataset, columns, options.folding, *progress);
     if (options.isFuzzy) {
         search.runSimilarly(progress, options.closeness, DuplicateSearch::ClosestGroup);
     } else {

@@ -114,7 +114,7 @@ Dataset findDuplicates(
     DedupeProgress *progress, const Dataset &dataset, const DuplicateRules &rules, int *nonDupesFound, int *dupesFound)
 {
     const DedupeMode mode = rules.mode;
-    DuplicateSearch search(dataset, rules.columns, rules.folding);
+    DuplicateSearch search(dataset, rules.columns, rules.folding, *progress);
     if (rules.closeness >= exact) {
         search.runExactly(progress);
     } else {

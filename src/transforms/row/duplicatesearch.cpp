@@ -6,13 +6,14 @@
 
 #include <algorithm>
 
-DuplicateSearch::DuplicateSearch(const Dataset &dataset, const QVector<ColumnIndex> &columns, const KeyFolding &folding)
+DuplicateSearch::DuplicateSearch(const Dataset &dataset, const QVector<ColumnIndex> &columns, const KeyFolding &folding,
+    const DedupeProgress &progress)
     : m_rowCount(dataset.rowCount())
 {
     QVector<ColumnIndex> ordered = columns;
     std::sort(ordered.begin(), ordered.end());
     for (const ColumnIndex column : qAsConst(ordered)) {
-        m_keys.append(folding.folded(dataset.column(column)));
+        m_keys.append(folding.folded(dataset.column(column), [&progress] { return progress.isStopped(); }));
     }
     m_places.reserve(static_cast<size_t>(m_rowCount));
 }

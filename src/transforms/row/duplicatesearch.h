@@ -21,7 +21,9 @@ public:
         bool isFirst() const { return closeness == 0; }
     };
 
-    DuplicateSearch(const Dataset &dataset, const QVector<ColumnIndex> &columns, const KeyFolding &folding);
+    /// Makes the keys of all rows, unless `progress` is stopped: a search with it then walks no row.
+    DuplicateSearch(const Dataset &dataset, const QVector<ColumnIndex> &columns, const KeyFolding &folding,
+        const DedupeProgress &progress);
 
     /// Keys must have exactly the same texts.
     void runExactly(DedupeProgress *progress);

@@ -33,8 +33,9 @@ QString KeyFolding::folded(const QString &text) const
     return result;
 }
 
-CellColumn KeyFolding::folded(const CellColumn &column) const
+CellColumn KeyFolding::folded(const CellColumn &column, const std::function<bool()> &isStopped) const
 {
+    constexpr int rowsBetweenLooks = 4096;
     CellColumn keys = column;
     if (changesNothing()) {
         return keys;
@@ -45,6 +46,9 @@ CellColumn KeyFolding::folded(const CellColumn &column) const
     Cell *cells = keys.cells.data();
     TextBuffer buffer;
     for (int row = 0; row < keys.size(); ++row) {
+        if (row % rowsBetweenLooks == 0 && isStopped && isStopped()) {
+            break;
+        }
         const Cell &cell = column.at(row);
         const char *bytes = cell.bytes();
         const int size = cell.size();

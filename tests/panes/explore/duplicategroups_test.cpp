@@ -12,7 +12,7 @@ namespace {
 DuplicateGroups search(const Dataset &dataset, int closeness)
 {
     DedupeProgress progress;
-    DuplicateSearch search(dataset, {ColumnIndex(0)}, KeyFolding());
+    DuplicateSearch search(dataset, {ColumnIndex(0)}, KeyFolding(), progress);
     if (closeness < 100) {
         search.runSimilarly(&progress, closeness, DuplicateSearch::ClosestGroup);
     } else {

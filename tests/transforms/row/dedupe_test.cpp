@@ -162,6 +162,23 @@ TEST(FindDuplicates, FoldsKeys)
     EXPECT_EQ(rowKey(input, RowIndex(0), columns, false, true, true), (QStringList{"äb", "cd"}));
 }
 
+TEST(FindDuplicates, KeysAreNoLongerFoldedOnceItIsStopped)
+{
+    constexpr int rows = 20000;
+    Dataset input = grid({"a"});
+    for (int row = 0; row < rows; ++row) {
+        input.appendRow({"A"});
+    }
+    KeyFolding folding;
+    folding.caseSensitive = false;
+    int looks = 0;
+    const CellColumn keys = folding.folded(input.column(ColumnIndex(0)), [&looks] { return ++looks > 1; });
+    EXPECT_EQ(keys.at(0).text(), "a");
+    EXPECT_EQ(keys.at(rows - 1).text(), "A");
+    EXPECT_EQ(looks, 2) << "it looks again and again";
+    EXPECT_EQ(folding.folded(input.column(ColumnIndex(0))).at(rows - 1).text(), "a");
+}
+
 /// Rows in groups as defined, each row compared with the first of every group.
 QStringList plainInformation(
     const Dataset &input, const QVector<ColumnIndex> &columns, int closeness, const QVector<bool> &flags)
