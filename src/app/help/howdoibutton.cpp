@@ -1,6 +1,7 @@
 #include "app/help/howdoibutton.h"
 
 #include <QMenu>
+#include <QStyle>
 
 HowDoIButton::HowDoIButton(QWidget *parent)
     : QToolButton(parent)
@@ -19,6 +20,12 @@ HowDoIButton::HowDoIButton(QWidget *parent)
         menu->addAction(task.text, this, [this, page] { emit pageChosen(page); });
     }
     setMenu(menu);
+}
+
+QSize HowDoIButton::sizeHint() const
+{
+    const int arrow = style()->pixelMetric(QStyle::PM_MenuButtonIndicator, nullptr, this);
+    return QToolButton::sizeHint() + QSize(arrow, 0);
 }
 
 const QVector<HowDoIButton::Task> &HowDoIButton::tasks()

@@ -17,6 +17,8 @@ public:
 
     explicit HowDoIButton(QWidget *parent = nullptr);
     static const QVector<Task> &tasks();
+    /// With room on both sides of the text, since the arrow of the menu would else lie on it.
+    QSize sizeHint() const override;
 
 signals:
     void pageChosen(const QString &page);
