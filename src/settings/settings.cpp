@@ -35,6 +35,14 @@ std::unique_ptr<QSettings> openSystem()
     return std::make_unique<QSettings>(QString::fromLatin1(Product::organisation), QString::fromLatin1(Product::name));
 }
 
+/// Writes what is pending. A file that was damaged is a FormatError for as long as the store lives, also once it has
+/// been written anew.
+bool isWritten(QSettings &store)
+{
+    store.sync();
+    return store.status() != QSettings::AccessError;
+}
+
 QString optionKey(const QString &kind, const QString &type, const QString &extension, const QString &option)
 {
     return QStringLiteral("defaults/%1/%2/%3/%4").arg(kind, type, extension, option);
@@ -119,8 +127,7 @@ QString Settings::fileName() const
 
 bool Settings::sync()
 {
-    m_store->sync();
-    return m_store->status() == QSettings::NoError;
+    return isWritten(*m_store);
 }
 
 bool Settings::reopenAsIni(const QString &iniFile)
@@ -150,8 +157,7 @@ bool Settings::moveTo(std::unique_ptr<QSettings> target)
     for (const QString &key : m_store->allKeys()) {
         target->setValue(key, m_store->value(key));
     }
-    target->sync();
-    if (target->status() != QSettings::NoError) {
+    if (!isWritten(*target)) {
         return false;
     }
     m_store->clear();

@@ -276,6 +276,22 @@ TEST_F(Preferences, CustomTakesAnotherSchemeAndTheSystemsSelection)
     EXPECT_FALSE(custom.color(Colors::Selection).isValid());
 }
 
+TEST_F(Preferences, IsToldWhenNothingCouldBeStored)
+{
+    Settings unwritable(QStringLiteral("/proc/version/quillmere.ini"));
+    Settings::setCurrent(&unwritable);
+    open();
+    const BoxAnswers answers({"OK"});
+    button<QCheckBox>("warn on locale change").click();
+    press("OK");
+    EXPECT_EQ(answers.texts(),
+        QStringList("Cannot write to '/proc/version/quillmere.ini'.\nEnsure the file and folder have write permission "
+                    "or move the executable to a folder with write permission."));
+    EXPECT_FALSE(unwritable.warnOnLocaleChange()) << "it holds while the program runs";
+    m_dialog.reset();
+    Settings::setCurrent(nullptr);
+}
+
 TEST_F(Preferences, AStoreThatCantBeWrittenLeavesTheOldOne)
 {
     m_canMove = false;

@@ -217,7 +217,11 @@ TEST(Settings, BrokenOrUnreachableStoreIsAnEmptyOne)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("\x01\x02]]][\nno equals sign\n\xff\xfe=\n");
     file.close();
-    EXPECT_EQ(Settings(file.fileName()).numColFrequences(), 20);
+    Settings broken(file.fileName());
+    EXPECT_EQ(broken.numColFrequences(), 20);
+    broken.setNumColFrequences(3);
+    EXPECT_TRUE(broken.sync()) << "it can be written to";
+    EXPECT_EQ(Settings(file.fileName()).numColFrequences(), 3);
 }
 
 TEST(Settings, SetterHoldsWithoutAWritableStore)
