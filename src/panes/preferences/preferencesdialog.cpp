@@ -25,6 +25,9 @@ QWidget *scrolled(QWidget *page)
     area->setWidget(page);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
+    // The ground of the tabs shows through, as on the pages that don't scroll.
+    page->setAutoFillBackground(false);
+    area->viewport()->setAutoFillBackground(false);
     return area;
 }
 
